@@ -1,0 +1,21 @@
+# Shared by the scripts beside it: installing what is missing.
+
+# install PACKAGE...: installs the Debian packages that are missing, if any.
+install() {
+    missing=
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+            missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    echo "== Installing:$missing"
+    sudo=
+    [ "$(id -u)" = 0 ] || sudo=sudo
+    $sudo env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    # shellcheck disable=SC2086
+    $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# The packages that build the library, and those that build and run its tests.
+build_packages="g++ cmake ninja-build"
+test_packages="$build_packages libgtest-dev binutils"

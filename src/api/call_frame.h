@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "api/guard.h"
+#include "foundation/string.h"
+
+// The frame in which every exported operation runs: it writes the entry line, keeps the trace
+// depth, and writes the exit line and the result on every way out. Operations see it as the writer
+// of their argument and output lines:
+//
+//     long Velmor_GetNrCountries(long aHandle) {
+//         return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
+//             frame.In("aHandle", aHandle);
+//             return ...;
+//         });
+//     }
+//
+// Nothing is thrown to the host: a body that throws has the result given as `failure`.
+class CallFrame {
+  public:
+    explicit CallFrame(const char* name);
+    ~CallFrame();
+    CallFrame(const CallFrame&) = delete;
+    CallFrame& operator=(const CallFrame&) = delete;
+
+    // "label <= value"; a pointer is written as its address under the label "(long)label".
+    void In(const char* label, long value);
+    void In(const char* label, const char* text);
+    void In(const char* label, const vel::String& text) { In(label, text.c_str()); }
+    void InAddress(const char* label, const void* address);
+
+    // "label => value"; of a host's buffer at most `size` bytes.
+    void Out(const char* label, long value);
+    void Out(const char* label, const vel::String& text);
+    void Out(const char* label, const char* buffer, long size);
+
+    // A line of one fragment, the second text following the first directly.
+    void Line(const char* text, const char* value = "");
+    // A line of two fragments.
+    void Line2(const char* label, const vel::String& text);
+
+    // The result that the frame reports. Without one there is no result line.
+    void SetResult(long result);
+
+  private:
+    const char* name_;
+    long result_ = 0;
+    bool hasResult_ = false;
+};
+
+// Runs `body(frame)` in a frame and returns what it returns, or `failure` when it throws.
+template <class Body>
+long Framed(const char* name, long failure, Body&& body) {
+    CallFrame frame(name);
+    long result = failure;
+    Guarded([&] { result = body(frame); });
+    frame.SetResult(result);
+    return result;
+}

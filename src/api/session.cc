@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#include "api/session.h"
+
+Velmor* Velmor::getVelmor() {
+    static Velmor velmor;
+    return &velmor;
+}

@@ -1,0 +1,48 @@
+/* SPDX-License-Identifier: MIT
+ *
+ * Velmor: finds out which mobile phone is attached and which network it is on, and hands out the
+ * dial-up networking (DUN) settings that bring the device online.
+ *
+ * Conventions of this interface
+ *
+ * 1. Integers are `long` in the prototypes and hold 32-bit values on every target: a number read
+ *    from the catalogue saturates at the 32-bit limits.
+ * 2. A function returns 0 for success and -1 for failure unless it says otherwise. Counting
+ *    functions return the count. No function throws, and none ends the process; running out of
+ *    memory is a failure like any other (0 for a count of rows).
+ * 3. Buffers and records belong to the host; the library keeps no pointer to them. A text buffer
+ *    is first filled with zeros over its whole size, then takes the text. A text of `size` bytes
+ *    or more arrives as its first `size` bytes WITHOUT a terminator: read at most `size` bytes.
+ *    A size of 0 or less, or a null buffer, is not written.
+ * 4. Null pointers are harmless: a null text or output pointer is not written, a null path is a
+ *    missing file, a null callback is a read or a send that fails.
+ * 5. There is one session in a process. The argument `aHandle` of the query functions selects
+ *    nothing; pass 0. It appears in the trace log.
+ * 6. The library starts no threads and takes no locks: call it from one thread at a time, and not
+ *    from inside its callbacks.
+ * 7. When the setting TRACE of the catalogue begins with y or Y, every call is written to the trace
+ *    log. The log holds the user names and passwords that pass through the calls.
+ */
+#ifndef VELMOR_H
+#define VELMOR_H
+
+#include <stdint.h>
+
+#if defined(__GNUC__)
+#define VELMOR_EXPORT __attribute__((visibility("default")))
+#else
+#define VELMOR_EXPORT
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* Returns the version of the library and its interface, 150 for 1.50. Needs no session. */
+VELMOR_EXPORT long Velmor_GetVersionLibrary(void);
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+
+#endif

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cassert>
+#include <climits>
+#include <cstdint>
+#include <new>
+#include <utility>
+
+#include "foundation/condition.h"
+
+namespace vel {
+
+// A contiguous, growable, indexed sequence. Its stated capacity is always the first capacity plus a
+// whole multiple of the growth quantum.
+//
+// The fields are open to the library's own code, which reads them freely; `count` may be lowered
+// by an owner, everything else changes only through the operations. All `capacity` slots are
+// constructed (texts empty, pointers null, characters and integers raw).
+template <class T>
+class Array {
+  public:
+    // Matches the elements equal to one value, to which it keeps a pointer.
+    class EqualsCondition final : public _ICondition<T> {
+      public:
+        explicit EqualsCondition(const T& value) : value_(&value) {}
+        bool Matches(const T& element) const override { return element == *value_; }
+
+      private:
+        const T* value_;
+    };
+
+    // An empty array that grows by `quantum` elements, with room for at least `room`.
+    explicit Array(int quantum = 0, int room = 0) : growBy(quantum) { internalEnsureSpace(room); }
+    Array(const Array& other) : growBy(other.growBy) { Assign(other); }
+    Array(Array&& other) noexcept : growBy(other.growBy) { Swap(other); }
+    ~Array() { delete[] data; }
+
+    // Takes over the elements; the growth quantum stays.
+    Array& operator=(const Array& other) {
+        Assign(other);
+        return *this;
+    }
+    Array& operator=(Array&& other) noexcept {
+        Swap(other);
+        return *this;
+    }
+
+    // Makes room for `extra` elements more; throws std::bad_alloc and changes nothing when it
+    // cannot. Returns whether there is a buffer afterwards.
+    bool internalEnsureSpace(int extra);
+
+    // Replaces the elements by copies of `source[0..n)`; the capacity becomes exactly n. A null
+    // source leaves no buffer behind the stated count. Changes nothing when it throws.
+    void Assign(const T* source, int n) {
+        T* copy = source == nullptr || n == 0 ? nullptr : NewSlots(n);
+        try {
+            for (int i = 0; copy != nullptr && i < n; ++i) {
+                copy[i] = source[i];
+            }
+        } catch (...) {
+            delete[] copy;
+            throw;
+        }
+        delete[] data;
+        data = copy;
+        count = capacity = n;
+    }
+    void Assign(const Array& other) {
+        if (this != &other) {
+            Assign(other.data, other.count);
+        }
+    }
+
+    void Append(T element) {
+        internalEnsureSpace(1);
+        data[count++] = std::move(element);
+    }
+
+    // Drops all elements and the buffer; the growth quantum stays.
+    void Clear() {
+        delete[] data;
+        data = nullptr;
+        count = capacity = 0;
+    }
+
+    // Index of the first element that matches, or -1.
+    int IndexOf(const _ICondition<T>& condition) const {
+        for (int i = 0; i < count; ++i) {
+            if (condition.Matches(data[i])) {
+                return i;
+            }
+        }
+        return -1;
+    }
+
+    // REQUIRES: 0 <= index < count.
+    T& operator[](int index) {
+        assert(index >= 0 && index < count);
+        return data[index];
+    }
+    const T& operator[](int index) const {
+        assert(index >= 0 && index < count);
+        return data[index];
+    }
+
+    int growBy = 0;
+    int count = 0;
+    int capacity = 0;
+    T* data = nullptr;
+
+  protected:
+    // Exchanges everything but the growth quantum.
+    void Swap(Array& other) noexcept {
+        std::swap(count, other.count);
+        std::swap(capacity, other.capacity);
+        std::swap(data, other.data);
+    }
+
+    // A buffer for a stated capacity; every buffer is made here.
+    static T* NewSlots(int capacity) { return new T[static_cast<std::size_t>(SlotsFor(capacity))]; }
+
+  private:
+    // Growing by a fixed quantum would copy a large array over and over, so large buffers are
+    // allocated in steps of an eighth of their size and a growth within the step is only counted.
+    static int SlotsFor(int capacity) {
+        constexpr int kExact = 256;
+        if (capacity <= kExact) {
+            return capacity;
+        }
+        int step = kExact / 8;
+        while (capacity / step > 16) {
+            step *= 2;
+        }
+        return capacity > INT_MAX - step ? INT_MAX : (capacity + step - 1) / step * step;
+    }
+};
+
+// The capacity grows by whole quanta, by the fewest that suffice.
+template <class T>
+bool Array<T>::internalEnsureSpace(int extra) {
+    const std::int64_t needed = std::int64_t{count} + extra;
+    if (needed <= capacity || needed < 1) {
+        return data != nullptr;
+    }
+    const std::int64_t quantum = growBy;
+    const std::int64_t steps = growBy == 0 ? 1 : (needed - capacity + quantum - 1) / quantum;
+    const std::int64_t grown = capacity + quantum * steps;
+    if (grown > INT_MAX) {
+        throw std::bad_alloc();
+    }
+    const int newCapacity = static_cast<int>(grown);
+    if (newCapacity == 0) {
+        return false;
+    }
+    if (data == nullptr || SlotsFor(newCapacity) != SlotsFor(capacity)) {
+        T* slots = NewSlots(newCapacity);
+        for (int i = 0; data != nullptr && i < count; ++i) {
+            slots[i] = std::move(data[i]);
+        }
+        delete[] data;
+        data = slots;
+    }
+    capacity = newCapacity;
+    return true;
+}
+
+}  // namespace vel

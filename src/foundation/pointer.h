@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <utility>
+
+namespace vel {
+
+// Owns one reference to a counted object, or none.
+//
+// `&pointer` hands the empty slot to an operation with a `T*&` or `T**` result: the object arrives
+// with its reference already taken, and the pointer adopts it.
+template <class T>
+class Pointer {
+  public:
+    Pointer() = default;
+    // Takes a reference of its own.
+    Pointer(T* object) : object_(object) {  // NOLINT(google-explicit-constructor)
+        if (object_ != nullptr) {
+            object_->AddRef();
+        }
+    }
+    Pointer(const Pointer& other) : Pointer(other.object_) {}
+    Pointer(Pointer&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+    ~Pointer() { Reset(); }
+
+    Pointer& operator=(T* object) {
+        if (object != object_) {
+            Reset();
+            object_ = object;
+            if (object_ != nullptr) {
+                object_->AddRef();
+            }
+        }
+        return *this;
+    }
+    Pointer& operator=(const Pointer& other) { return *this = other.object_; }
+    Pointer& operator=(Pointer&& other) noexcept {
+        std::swap(object_, other.object_);
+        return *this;
+    }
+
+    // Owns the reference with which `object` was created.
+    static Pointer Adopt(T* object) {
+        Pointer pointer;
+        pointer.object_ = object;
+        return pointer;
+    }
+
+    // Releases the object held, if any, and gives out the empty slot.
+    T** operator&() {  // NOLINT(google-runtime-operator): the receiving form of the model
+        Reset();
+        return &object_;
+    }
+
+    void Reset() {
+        if (T* object = std::exchange(object_, nullptr)) {
+            object->Release();
+        }
+    }
+
+    // Hands the reference over to the caller.
+    T* Detach() { return std::exchange(object_, nullptr); }
+
+    T* get() const { return object_; }
+    T* operator->() const { return object_; }
+    T& operator*() const { return *object_; }
+    explicit operator bool() const { return object_ != nullptr; }
+
+    friend bool operator==(const Pointer& a, const Pointer& b) { return a.object_ == b.object_; }
+
+  private:
+    T* object_ = nullptr;
+};
+
+}  // namespace vel

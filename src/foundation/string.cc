@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/string.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace vel {
+
+namespace {
+
+int CountOf(const char* s) {
+    const std::size_t length = s == nullptr ? 0 : std::strlen(s);
+    if (length >= INT_MAX) {
+        throw std::bad_alloc();
+    }
+    return static_cast<int>(length) + 1;
+}
+
+// Whether the `length` bytes of `what` stand at position `at` of a text that holds them.
+bool StandsAt(const String& text, int at, const String& what, int length) {
+    return std::memcmp(text.data + at, what.data, static_cast<std::size_t>(length)) == 0;
+}
+
+}  // namespace
+
+String::String(const char* s) : Array(kGrowBy) {
+    Array::Assign(s, CountOf(s));
+}
+
+String String::FromBytes(const char* bytes, int length) {
+    String text(nullptr);
+    text.data = NewSlots(length + 1);
+    std::memcpy(text.data, bytes, static_cast<std::size_t>(length));
+    text.data[length] = '\0';
+    text.count = text.capacity = length + 1;
+    return text;
+}
+
+String String::FromLong(long value) {
+    char digits[33];
+    static_assert(sizeof(digits) > sizeof(long) * 3 + 1, "sign, digits and terminator fit");
+    std::snprintf(digits, sizeof digits, "%ld", value);
+    return String(digits);
+}
+
+String& String::operator=(const char* s) {
+    Array::Assign(s, CountOf(s));
+    return *this;
+}
+
+void String::Append(char c) {
+    if (data == nullptr) {
+        count = capacity = 0;
+    }
+    if (!internalEnsureSpace(count > 0 ? 1 : 2)) {
+        return;
+    }
+    if (count > 0) {
+        --count;
+    }
+    data[count++] = c;
+    data[count++] = '\0';
+}
+
+String String::operator+(const String& other) const {
+    String sum(*this);
+    if (other.First() == '\0') {
+        return sum;
+    }
+    if (sum.data == nullptr) {
+        sum.Clear();
+    }
+    const int length = CountOf(other.data) - 1;
+    if (sum.count > 0) {
+        --sum.count;
+    }
+    sum.internalEnsureSpace(length + 1);
+    std::memcpy(sum.data + sum.count, other.data, static_cast<std::size_t>(length) + 1);
+    sum.count += length + 1;
+    return sum;
+}
+
+String String::Mid(int start, int length) const {
+    assert(start >= 0 && length >= 0 && start + length <= Length());
+    return FromBytes(c_str() + start, length);
+}
+
+int String::FindOne(const String& what, int from) const {
+    const int length = what.count - 1;
+    const int last = count - length;
+    if (length < 0 || from > last) {
+        return -1;
+    }
+    if (length == 0) {
+        return from;
+    }
+    if (data == nullptr || what.data == nullptr) {
+        return -1;
+    }
+    int at = from;
+    while (at <= last) {
+        const auto* next = static_cast<const char*>(
+            std::memchr(data + at, what.data[0], static_cast<std::size_t>(last - at) + 1));
+        if (next == nullptr) {
+            break;
+        }
+        at = static_cast<int>(next - data);
+        if (StandsAt(*this, at, what, length)) {
+            return at;
+        }
+        ++at;
+    }
+    return -1;
+}
+
+String String::Replace(const String& what, const String& with) const {
+    const int length = what.count - 1;
+    if (data == nullptr || what.data == nullptr || length < 1 || FindOne(what, 0) < 0) {
+        return String(*this);
+    }
+    const int withLength = static_cast<int>(std::strlen(with.c_str()));
+    String result(nullptr);
+    result.Clear();
+    result.growBy = growBy;
+    int i = 0;
+    for (int match = FindOne(what, 0); match >= 0; match = FindOne(what, i)) {
+        for (; i < match; ++i) {
+            result.Append(data[i]);
+        }
+        for (int k = 0; k < withLength; ++k) {
+            result.Append(with.data[k]);
+        }
+        i += length;
+    }
+    for (; i < count - 1; ++i) {
+        result.Append(data[i]);
+    }
+    return String(result);  // a copy has no spare room
+}
+
+bool operator==(const String& a, const String& b) {
+    if (a.count != b.count || (a.data == nullptr) != (b.data == nullptr)) {
+        return false;
+    }
+    return a.data == nullptr || std::memcmp(a.data, b.data, static_cast<std::size_t>(a.count)) == 0;
+}
+
+}  // namespace vel

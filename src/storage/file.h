@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdio>
+
+#include "foundation/string.h"
+
+namespace vel {
+
+enum accesstype {
+    accessRead = 0,    // "r"
+    accessWrite = 1,   // "w", truncates
+    accessAppend = 2,  // "a"
+};
+
+// One stdio stream, the library's only access to the file system. Owned where it is used, closed by
+// its destructor. Errors are told by results alone; an operation on a file that is not open fails.
+class File {
+  public:
+    // Opens nothing. A null path is the empty path.
+    File(const char* path, accesstype type);
+    ~File();
+    File(const File&) = delete;
+    File& operator=(const File&) = delete;
+
+    // True when the stream is now open.
+    bool openFile();
+    // Harmless on a closed file.
+    void closeFile();
+
+    // Reads the bytes up to the next line feed or the end of the file, drops every "\r" and returns
+    // true; false once the end has been met. A file that ends in a line feed so yields one more,
+    // empty, line. A read error counts as the end of the file, but an empty rest is then no line.
+    bool readLine(String* line);
+    // Writes the characters of the line, without its NULs and with no line end added.
+    bool writeLine(String& line);
+    // True when all `count` items were read; false when there was nothing to read.
+    bool readBytes(char* buffer, int size, int count);
+    // True when all `count` items were written, also when there were none.
+    bool writeBytes(char* buffer, int size, int count);
+    // As fseek and ftell.
+    bool setPosition(long offset, long origin);
+    long getPosition();
+
+  private:
+    String path_;
+    accesstype type_;
+    std::FILE* stream_ = nullptr;  // owned; null while the file is closed
+    bool failed_ = false;          // a read failed short of the end
+};
+
+}  // namespace vel

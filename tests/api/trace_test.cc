@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "api/trace.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "api/call_frame.h"
+#include "api/session.h"
+#include "foundation/index_exception.h"
+#include "support/allocation.h"
+#include "support/files.h"
+
+namespace {
+
+class TraceLog : public testing::Test {
+  protected:
+    void SetUp() override {
+        Velmor::getVelmor()->traceSwitch = true;
+        std::filesystem::remove_all(kTraceLogPath);
+    }
+    void TearDown() override {
+        EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
+        Velmor::getVelmor()->traceSwitch = false;
+        Velmor::getVelmor()->traceDepth = 0;
+    }
+    static std::string Log() { return ReadFile(kTraceLogPath); }
+};
+
+TEST_F(TraceLog, EveryFragmentIsIndented) {
+    Velmor::getVelmor()->traceDepth = 2;
+    vel::String text("text");
+    Trace(text);
+    Trace(-1L);
+    Trace(static_cast<const char*>(nullptr));
+    Trace("");
+    Trace("\r\n");
+    Velmor::getVelmor()->traceDepth = 0;
+    Trace(-2147483647L - 1);
+    Trace("\r\n");
+    EXPECT_EQ(Log(), "      text      -1                  \r\n-2147483648\r\n");
+}
+
+TEST_F(TraceLog, NestedFrames) {
+    const char unterminated[] = {'a', 'b', 'c'};
+    const long result = Framed("Outer", -1, [&](CallFrame& outer) -> long {
+        outer.In("aHandle", 7);
+        outer.In("aPath", "p");
+        outer.In("aText", vel::String(nullptr));
+        outer.InAddress("buffer", nullptr);
+        Framed("Inner", -1, [](CallFrame& inner) -> long {
+            inner.Out("count", -3);
+            return 5;
+        });
+        { CallFrame silent("NoResult"); }
+        outer.Line("one fragment, ", "joined");
+        outer.Line2("two", "fragments");
+        outer.Out("buffer", unterminated, 2);
+        outer.Out("buffer", unterminated, -1);
+        outer.Out("buffer", nullptr, 2);
+        return 0;
+    });
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(Log(),
+              "Enter: Outer\r\n"
+              "   aHandle <=    7   \r\n"
+              "   aPath <=    p   \r\n"
+              "   aText <=       \r\n"
+              "   (long)buffer <=    0   \r\n"
+              "   Enter: Inner   \r\n"
+              "      count =>       -3      \r\n"
+              "   Exit: Inner   \r\n"
+              "   Result := 5   \r\n"
+              "   Enter: NoResult   \r\n"
+              "   Exit: NoResult   \r\n"
+              "   one fragment, joined   \r\n"
+              "   two   fragments   \r\n"
+              "   buffer =>    ab   \r\n"
+              "   buffer =>       \r\n"
+              "   buffer =>       \r\n"
+              "Exit: Outer\r\n"
+              "Result := 0\r\n");
+}
+
+TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {
+    EXPECT_EQ(Framed("Memory", -1, [](CallFrame&) -> long { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(Framed("Index", 0,
+                     [](CallFrame&) -> long { throw new vel::CIndexOutOfRangeException(1, 0); }),
+              0);
+    EXPECT_EQ(Log(),
+              "Enter: Memory\r\nExit: Memory\r\nResult := -1\r\n"
+              "Enter: Index\r\nExit: Index\r\nResult := 0\r\n");
+}
+
+// Whichever allocations fail, the call gives its result and only fragments are lost.
+TEST_F(TraceLog, LosesFragmentsWhenMemoryRunsOut) {
+    const auto call = [] {
+        return Framed("Call", -1, [](CallFrame& frame) -> long {
+            frame.In("aHandle", 1);
+            frame.Out("text", "value", 5);
+            return 3;
+        });
+    };
+    std::size_t points = 0;
+    for (const auto mode : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
+        bool failed = true;
+        for (std::size_t n = 1; failed; ++n, ++points) {
+            const std::ptrdiff_t live = allocation::Live();
+            allocation::FailAfter(n, mode);
+            const long result = call();
+            failed = allocation::FailAfter(0);
+            ASSERT_EQ(result, 3) << n;
+            ASSERT_EQ(allocation::Live(), live) << n;
+            ASSERT_EQ(Velmor::getVelmor()->traceDepth, 0) << n;
+        }
+    }
+    EXPECT_GT(points, 40U);
+}
+
+TEST_F(TraceLog, AnUnwritableLogIsIgnored) {
+    std::filesystem::create_directory(kTraceLogPath);
+    EXPECT_EQ(Velmor_GetVersionLibrary(), 150);
+    std::filesystem::remove(kTraceLogPath);
+    EXPECT_EQ(Velmor_GetVersionLibrary(), 150);
+    EXPECT_EQ(
+        Log(),
+        "Enter: Velmor_GetVersionLibrary\r\nExit: Velmor_GetVersionLibrary\r\nResult := 150\r\n");
+}
+
+TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
+    Velmor::getVelmor()->traceSwitch = false;
+    const vel::String text("text");
+    const std::size_t before = allocation::Count();
+    const long result = Framed("Call", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", 1);
+        frame.In("text", text);
+        frame.InAddress("text", &text);
+        frame.Out("text", text);
+        frame.Out("text", "text", 4);
+        frame.Line("text", "text");
+        frame.Line2("text", text);
+        Trace("text");
+        return Velmor_GetVersionLibrary();
+    });
+    EXPECT_EQ(result, 150);
+    EXPECT_EQ(allocation::Count(), before);
+    EXPECT_FALSE(FileExists(kTraceLogPath));
+}
+
+}  // namespace

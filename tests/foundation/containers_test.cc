@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "foundation/collection.h"
+#include "foundation/dictionary.h"
+#include "support/allocation.h"
+
+using vel::Array;
+using vel::String;
+
+namespace {
+
+TEST(Array, GrowthRule) {
+    const struct {
+        int growBy, count, capacity, extra, grown;
+    } rows[] = {
+        {8, 0, 0, 1, 8},   {8, 8, 8, 1, 16},          {8, 7, 8, 1, 8}, {20, 0, 0, 25, 40},
+        {32, 1, 1, 1, 33}, {32, 33, 33, 1, 65},       {0, 0, 0, 1, 0}, {8, 0, 0, 0, 0},
+        {8, 0, 0, -3, 0},  {20, 1000, 1000, 1, 1020},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.growBy << ", " << row.count << " + " << row.extra);
+        Array<int> array(row.growBy);
+        array.Assign(std::vector<int>(static_cast<std::size_t>(row.capacity) + 1).data(),
+                     row.capacity);
+        array.count = row.count;
+        const bool buffer = array.internalEnsureSpace(row.extra);
+        EXPECT_EQ(buffer, array.data != nullptr);
+        EXPECT_EQ(array.capacity, row.grown);
+        EXPECT_EQ(array.count, row.count);
+    }
+    Array<char> huge(32);
+    huge.count = huge.capacity = INT_MAX - 1;  // stated only: no buffer of that size is made
+    EXPECT_THROW(huge.internalEnsureSpace(32), std::bad_alloc);
+}
+
+// Large arrays keep the stated capacities and yet copy seldom.
+TEST(Array, GrowingIsLinearInTheElements) {
+    Array<int> array(8, 1);
+    const std::size_t before = allocation::Count();
+    for (int i = 0; i < 100000; ++i) {
+        array.Append(i);
+        ASSERT_EQ(array.capacity, (i + 8) / 8 * 8);
+        ASSERT_EQ(array[i], i);
+    }
+    EXPECT_LT(allocation::Count() - before, 150U);
+}
+
+TEST(Array, OfTextsKeepsElementsAndEmptySlots) {
+    Array<String> texts(3, 1);
+    for (const char* text : {"a", "b", "c", "d"}) {
+        texts.Append(text);
+    }
+    EXPECT_EQ(texts.capacity, 6);
+    EXPECT_STREQ(texts[0].data, "a");
+    EXPECT_STREQ(texts[3].data, "d");
+    EXPECT_EQ(texts.data[5], String());
+    EXPECT_EQ(texts.IndexOf(Array<String>::EqualsCondition("c")), 2);
+    EXPECT_EQ(texts.IndexOf(Array<String>::EqualsCondition("C")), -1);
+    Array<String> copy(9);
+    copy = texts;
+    EXPECT_EQ(copy.growBy, 9);
+    EXPECT_EQ(copy.capacity, 4);
+    for (std::size_t n = 1; n <= 4; ++n) {  // the buffer, then the slots
+        allocation::FailAfter(n);
+        EXPECT_THROW(copy.Append("e"), std::bad_alloc);
+        EXPECT_TRUE(allocation::FailAfter(0));
+        ASSERT_EQ(copy.count, 4);
+        EXPECT_EQ(copy[3], String("d"));
+    }
+    copy.Clear();
+    EXPECT_EQ(copy.data, nullptr);
+    EXPECT_EQ(copy.growBy, 9);
+}
+
+TEST(List, IndexedAccessInAnyOrder) {
+    vel::List<int> list;
+    for (int i = 0; i < 5; ++i) {
+        list.Add(i * 10);
+        list.Add(i * 10);  // refused
+    }
+    EXPECT_EQ(list.count, 5U);
+    for (const unsigned long index : {2UL, 1UL, 3UL, 3UL, 0UL, 4UL}) {
+        EXPECT_EQ(list[index], static_cast<int>(index) * 10);
+        EXPECT_EQ(list.cursorIndex, index);
+    }
+    list.Add(50);
+    EXPECT_EQ(list.cursor, nullptr);
+    EXPECT_EQ(list[5], 50);
+    list.AddHead(-10);
+    EXPECT_EQ(list[0], -10);
+    EXPECT_EQ(list[6], 50);
+    list.RemoveAll();
+    EXPECT_EQ(list.cursorIndex, ~0U);
+    list.allowDuplicates = true;
+    list.Add(1);
+    list.Add(1);
+    EXPECT_EQ(list.count, 2U);
+}
+
+TEST(List, AccessBeyondTheEndThrows) {
+    vel::List<int> list;
+    for (int count = 0; count < 2; ++count) {
+        try {
+            list[static_cast<unsigned long>(count)];
+            FAIL();
+        } catch (vel::CIndexOutOfRangeException* exception) {
+            EXPECT_EQ(exception->index, count);
+            EXPECT_EQ(exception->count, count);
+            delete exception;
+        }
+        list.Add(count);
+    }
+}
+
+TEST(Dictionary, FirstValueForAKeyIsKept) {
+    using Texts = vel::Dictionary<String, String>;
+    Texts texts(Texts::emptyInstance());
+    ASSERT_NE(texts.Add("name", "Ann"), nullptr);
+    ASSERT_NE(texts.Add("city", "Oslo"), nullptr);
+    EXPECT_EQ(texts.Add("name", "Bob"), nullptr);
+    EXPECT_EQ(texts.Add("name", "Ann"), nullptr);
+    EXPECT_EQ(texts.count, 2U);
+    EXPECT_EQ(texts[0].value, String("Ann"));
+    EXPECT_EQ(texts[1].key, String("city"));
+    EXPECT_EQ(Texts::emptyInstance().count, 0U);
+
+    vel::List<Texts> list;
+    list.Add(texts);
+    list.Add(texts);  // contents are the same, the objects are not
+    EXPECT_EQ(list.count, 2U);
+    EXPECT_EQ(list[1][0].value, String("Ann"));
+}
+
+// A counted object that says how many of its kind are alive.
+class Counted : public vel::IUnknown {
+  public:
+    Counted() { ++alive; }
+    static int alive;
+
+  protected:
+    ~Counted() override { --alive; }
+};
+int Counted::alive = 0;
+
+TEST(Unknown, CountsAndDestroysOnce) {
+    auto* object = new Counted;
+    EXPECT_EQ(object->AddRef(), 2);
+    EXPECT_EQ(object->Release(), 1);
+    EXPECT_EQ(Counted::alive, 1);
+    EXPECT_EQ(object->Release(), 0);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(Pointer, OwnsOneReference) {
+    const auto create = [](Counted*& made) { made = new Counted; };
+    vel::Pointer<Counted> first;
+    create(*&first);
+    EXPECT_EQ(first->AddRef(), 2);
+    first->Release();
+    {
+        vel::Pointer<Counted> second(first);
+        EXPECT_EQ(first->AddRef(), 3);
+        first->Release();
+        second = first.get();
+        second = vel::Pointer<Counted>(second);
+        create(*&second);
+        EXPECT_EQ(Counted::alive, 2);
+        first = second;
+        EXPECT_EQ(Counted::alive, 1);
+        first = first.get();
+        EXPECT_EQ(Counted::alive, 1);
+    }
+    EXPECT_EQ(first->AddRef(), 2);
+    first->Release();
+    EXPECT_EQ(*&first, nullptr);
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+TEST(ComArray, HoldsAndReleasesItsItems) {
+    {
+        auto items = vel::Pointer<vel::ComArray<Counted, Counted>>::Adopt(
+            new vel::ComArray<Counted, Counted>(0, 8));
+        EXPECT_EQ(items->items.capacity, 8);
+        for (int i = 0; i < 9; ++i) {
+            vel::Pointer<Counted> item = vel::Pointer<Counted>::Adopt(new Counted);
+            items->Add(item.get());
+        }
+        items->Add(nullptr);
+        int count = 0;
+        EXPECT_EQ(items->get_Count(count), 0);
+        EXPECT_EQ(count, 10);
+        EXPECT_EQ(items->items.capacity, 16);
+        vel::Pointer<Counted> item;
+        EXPECT_EQ(items->get_Item(8, *&item), 0);
+        EXPECT_EQ(item->AddRef(), 3);
+        item->Release();
+        EXPECT_EQ(items->get_Item(9, *&item), 0);
+        EXPECT_FALSE(item);
+        EXPECT_EQ(Counted::alive, 9);
+    }
+    EXPECT_EQ(Counted::alive, 0);
+}
+
+}  // namespace

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "storage/file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/files.h"
+
+using vel::File;
+using vel::String;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines ReadLines(const char* path) {
+    File file(path, vel::accessRead);
+    Lines lines;
+    String line;
+    for (file.openFile(); file.readLine(&line);) {
+        lines.emplace_back(line.c_str(), static_cast<std::size_t>(line.Length()));
+    }
+    EXPECT_FALSE(file.readLine(&line));
+    EXPECT_EQ(line.count, 0);
+    return lines;
+}
+
+TEST(File, LineEnds) {
+    const std::string nul("a\0b", 3);
+    const struct {
+        const char* name;
+        std::string bytes;
+        Lines lines;
+    } rows[] = {
+        {"empty", "", {""}},
+        {"last line feed gives an empty line", "a\n", {"a", ""}},
+        {"no last line feed", "a\nb", {"a", "b"}},
+        {"carriage returns anywhere", "abc\r\r\na\rb\n\r\n", {"abc", "ab", "", ""}},
+        {"a byte of ones", "\xff\n\xff", {"\xff", "\xff"}},
+        {"NUL", nul + "\n", {nul, ""}},
+        {"long", std::string(100000, 'x') + "\ny", {std::string(100000, 'x'), "y"}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        WriteFile("lines", row.bytes);
+        EXPECT_EQ(ReadLines("lines"), row.lines);
+    }
+    EXPECT_EQ(ReadLines("."), Lines());
+    EXPECT_EQ(ReadLines("missing"), Lines());
+    EXPECT_EQ(ReadLines(nullptr), Lines());
+}
+
+TEST(File, WritesAndAppends) {
+    String line("one");
+    line.Append('\0');
+    line.Append('\n');
+    String empty;
+    {
+        File file("written", vel::accessWrite);
+        EXPECT_FALSE(file.writeLine(line));
+        ASSERT_TRUE(file.openFile());
+        EXPECT_TRUE(file.writeLine(line));
+        EXPECT_TRUE(file.writeLine(empty));
+        EXPECT_TRUE(file.writeBytes(line.data, 3, 1));
+        EXPECT_TRUE(file.writeBytes(line.data, 4, 0));
+        EXPECT_EQ(file.getPosition(), 7);
+        file.closeFile();
+        file.closeFile();
+        EXPECT_FALSE(file.writeBytes(line.data, 4, 0));
+    }
+    for (int i = 0; i < 2; ++i) {
+        File file("written", vel::accessAppend);
+        ASSERT_TRUE(file.openFile());
+        EXPECT_TRUE(file.writeLine(line));
+    }
+    EXPECT_EQ(ReadFile("written"), "one\noneone\none\n");
+    File full("/dev/full", vel::accessWrite);
+    ASSERT_TRUE(full.openFile());
+    bool written = true;
+    for (int i = 0; i < 1000000 && written; ++i) {
+        written = full.writeLine(line);
+    }
+    EXPECT_FALSE(written);
+    EXPECT_FALSE(File("written", static_cast<vel::accesstype>(3)).openFile());
+}
+
+TEST(File, BytesAndPositions) {
+    WriteFile("bytes", "0123456789");
+    File file("bytes", vel::accessRead);
+    char buffer[16] = {};
+    EXPECT_FALSE(file.readBytes(buffer, 1, 1));
+    EXPECT_EQ(file.getPosition(), -1);
+    EXPECT_FALSE(file.setPosition(0, SEEK_SET));
+    ASSERT_TRUE(file.openFile());
+    EXPECT_TRUE(file.setPosition(4, SEEK_SET));
+    EXPECT_TRUE(file.readBytes(buffer, 2, 3));
+    EXPECT_STREQ(buffer, "456789");
+    EXPECT_FALSE(file.readBytes(buffer, 4, 0));
+    EXPECT_FALSE(file.readBytes(buffer, 1, 1));
+    EXPECT_FALSE(file.setPosition(-1, SEEK_SET));
+    EXPECT_TRUE(file.setPosition(-2, SEEK_END));
+    EXPECT_EQ(file.getPosition(), 8);
+    String line;
+    EXPECT_TRUE(file.readLine(&line));
+    EXPECT_EQ(line, String("89"));
+    ASSERT_TRUE(file.openFile());  // anew, from the start
+    EXPECT_TRUE(file.readLine(&line));
+    EXPECT_EQ(line, String("0123456789"));
+}
+
+}  // namespace
