@@ -106,3 +106,15 @@ void CallFrame::Line2(const char* label, const vel::String& text) {
         EndLine();
     }
 }
+
+long RunFramed(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
+               void* context) {
+    long result = failure;
+    // The outer guard is for the frame itself: the first call of all makes the session.
+    Guarded([&] {
+        CallFrame frame(name);
+        Guarded([&] { result = body(context, frame); });
+        frame.SetResult(result);
+    });
+    return result;
+}

@@ -48,12 +48,16 @@ class CallFrame {
     bool hasResult_ = false;
 };
 
-// Runs `body(frame)` in a frame and returns what it returns, or `failure` when it throws.
+// Runs `body(context, frame)` in a frame and returns what it returns, or `failure` when it throws.
+long RunFramed(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
+               void* context);
+
+// The same for a callable that takes the frame.
 template <class Body>
 long Framed(const char* name, long failure, Body&& body) {
-    CallFrame frame(name);
-    long result = failure;
-    Guarded([&] { result = body(frame); });
-    frame.SetResult(result);
-    return result;
+    using Callable = std::remove_reference_t<Body>;
+    return RunFramed(
+        name, failure,
+        [](void* context, CallFrame& frame) { return (*static_cast<Callable*>(context))(frame); },
+        &body);
 }

@@ -28,25 +28,27 @@ bool IsTracing() {
 }
 
 void Trace(vel::String& text) {
-    if (IsTracing()) {
-        Guarded([&] { WriteFragment(text, Velmor::getVelmor()->traceDepth); });
-    }
+    Guarded([&] {
+        if (IsTracing()) {
+            WriteFragment(text, Velmor::getVelmor()->traceDepth);
+        }
+    });
 }
 
 void Trace(long number) {
-    if (IsTracing()) {
-        Guarded([&] {
+    Guarded([&] {
+        if (IsTracing()) {
             vel::String text = vel::String::FromLong(number);
             Trace(text);
-        });
-    }
+        }
+    });
 }
 
 void Trace(const char* text) {
-    if (IsTracing()) {
-        Guarded([&] {
+    Guarded([&] {
+        if (IsTracing()) {
             vel::String fragment(text);
             Trace(fragment);
-        });
-    }
+        }
+    });
 }

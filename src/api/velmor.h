@@ -38,6 +38,49 @@
 extern "C" {
 #endif
 
+/* The host's read callback: waits for the phone's next byte and places it in `buffer`.
+ *
+ * buffer   where the byte goes
+ * count    bytes wanted, always 1
+ * timeout  how long to wait at most: the setting AT-TIME-OUT of the catalogue as it stands, -1 when
+ *          it is missing. The unit is between the catalogue and the host; the library neither
+ *          measures nor interprets it.
+ *
+ * Returns the number of bytes placed. 1 is success; anything else is a failed read, which the
+ * library repeats up to AT-RETRY times for each byte. */
+typedef long (*Velmor_ReadFunction)(char* buffer, long count, long timeout);
+
+/* The host's send callback: writes a command to the phone.
+ *
+ * buffer   the command; not to be read beyond `length`
+ * length   its length in bytes
+ *
+ * Returns the number of bytes sent. Anything but `length` is a failed send. */
+typedef long (*Velmor_SendFunction)(const char* buffer, long length);
+
+/* Starts the session: loads the catalogue and keeps the callbacks. Also writes a copy of the
+ * catalogue beside it, named after it with ".encode" appended; that this fails, in a read-only
+ * directory say, changes nothing. Settles whether calls are traced, this one included.
+ *
+ * aDatabaseFile  path of the catalogue
+ * aReadFunction, aSendFunction  the link to the phone; needed for detection only
+ *
+ * Returns 0, or -1 when the file cannot be read or lacks one of the tables Countries, Phones,
+ * Manufacturers, BasicDUNSettings, ManufacturerIdentification, PhoneIdentification or
+ * NetworkIdentification. After -1 there is no session, and the callbacks of an earlier one stay.
+ *
+ * May be called again to change the catalogue. Call Velmor_DeInitialise before: otherwise the
+ * settings of the country last asked about and the detected ones are still answered from rows of
+ * the catalogue that is gone, with empty texts. */
+VELMOR_EXPORT long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
+                                     Velmor_SendFunction aSendFunction);
+
+/* Ends the session and frees the catalogue. Harmless without a session. */
+VELMOR_EXPORT void Velmor_DeInitialise(void);
+
+/* Returns the version number of the catalogue, 0 when it has none, -1 without a session. */
+VELMOR_EXPORT long Velmor_GetVersionDatabase(long aHandle);
+
 /* Returns the version of the library and its interface, 150 for 1.50. Needs no session. */
 VELMOR_EXPORT long Velmor_GetVersionLibrary(void);
 

@@ -9,6 +9,8 @@ namespace vel {
 // A key and its value; equal when both are.
 template <class K, class V>
 struct DictionaryEntry {
+    DictionaryEntry(K k, V v) : key(std::move(k)), value(std::move(v)) {}
+
     K key;
     V value;
 
@@ -45,7 +47,10 @@ class Dictionary : public List<DictionaryEntry<K, V>> {
 
     // Appends copies of key and value. Returns the new entry, or null when the key is held.
     Entry* Add(const K& key, const V& value) {
-        return this->Find(KeyCompare<K>(key)) != nullptr ? nullptr : &this->Link(Entry{key, value});
+        if (this->Find(KeyCompare<K>(key)) != nullptr) {
+            return nullptr;
+        }
+        return &this->Link(Entry(key, value));
     }
 
     // The process-wide empty dictionary, from which new ones are copied.

@@ -5,9 +5,7 @@ set -eu
 library=$1
 exports=$2
 
-nm -DC --defined-only "$library" | cut -d' ' -f3- | LC_ALL=C sort >exports.$$
-trap 'rm -f exports.$$' EXIT
-diff -u "$exports" exports.$$ || { echo "the exported symbols differ from $exports"; exit 1; }
+nm -DC --defined-only "$library" | cut -d' ' -f3- | LC_ALL=C sort | diff -u "$exports" - || { echo "the exported symbols differ from $exports"; exit 1; }
 
 needed=$(readelf -dW "$library" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | grep -v '^lib\(asan\|ubsan\)\.so')
 for name in $needed; do

@@ -3,17 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "support/files.h"
+#include "support/texts.h"
 
 using vel::File;
 using vel::String;
 
 namespace {
-
-using Lines = std::vector<std::string>;
 
 Lines ReadLines(const char* path) {
     File file(path, vel::accessRead);

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Start and end of the session, and the version of its catalogue.
+#include "api/call_frame.h"
+#include "api/session.h"
+#include "foundation/number.h"
+
+long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
+                       Velmor_SendFunction aSendFunction) {
+    // Loaded before anything is traced: the catalogue says whether this very call is.
+    const bool loaded = Guarded([&] { Velmor::getVelmor()->Init(aDatabaseFile); });
+    return Framed("Velmor_Initialise", -1, [&](CallFrame& frame) -> long {
+        Velmor& session = *Velmor::getVelmor();
+        frame.In("aDatabaseFile", aDatabaseFile);
+        frame.InAddress("aReadFunction", reinterpret_cast<const void*>(aReadFunction));
+        frame.InAddress("aSendFunction", reinterpret_cast<const void*>(aSendFunction));
+        if (!loaded || !session.IsComplete()) {
+            session.Release();
+            return -1;
+        }
+        session.readFunction = aReadFunction;
+        session.sendFunction = aSendFunction;
+        return 0;
+    });
+}
+
+void Velmor_DeInitialise(void) {
+    Guarded([] {
+        const CallFrame frame("Velmor_DeInitialise");
+        Velmor::getVelmor()->Release();
+    });
+}
+
+long Velmor_GetVersionDatabase(long aHandle) {
+    return Framed("Velmor_GetVersionDatabase", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        const Velmor& session = *Velmor::getVelmor();
+        if (!session.database) {
+            return -1;
+        }
+        vel::String version;
+        session.database->get_Version(version);
+        return vel::ReadNumber(version, 0);
+    });
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "api/schema.h"
+#include "database/interfaces.h"
+
+namespace vel {
+
+// Reads settings from a table of names and values, which the creator keeps alive; without a table
+// every setting is empty.
+class Setting {
+  public:
+    explicit Setting(ITable* table) : table_(table) {}
+
+    // The value in the first row of that name. The empty text when there is none: a missing setting
+    // and an empty one are the same.
+    String get_Setting(const String& name) const {
+        String value;
+        Pointer<IRow> row;
+        if (table_ != nullptr && table_->FindByIndex(schema::kVariable, name, *&row) == 0 && row) {
+            row->get_ColumnValue(schema::kValue, value);
+        }
+        return value;
+    }
+
+  private:
+    ITable* table_;
+};
+
+}  // namespace vel

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/column.h"
+#include "foundation/record.h"
+
+namespace vel {
+
+class Table;
+
+// A row keeps its texts together in one block, and look-ups read them there. Its cell objects come
+// into being when somebody asks for cells, which hardly anybody does: a device has little memory.
+class Row final : public IRow, public DatabaseObject {
+  public:
+    // REQUIRES: one field for each column of the table.
+    Row(Table* table, const Record& values, int index);
+
+    int get_Database(IDatabase*& database) const override;
+    int get_Table(ITable*& table) const override;
+    int get_Index(int& index) const override;
+    int get_ID(String& id) const override;
+    int get_Column(const String& name, IColumn*& column) const override;
+    int get_ColumnValue(const String& name, String& value) const override;
+    int get_Columns(ICollection<IColumn*>*& columns) const override;
+    int get_ColumnNames(Array<String>& names) const override;
+    int get_ColumnName(int index, String& name) const override;
+    void Destroy() override;
+
+    // The texts in place: the key, and the cell at an index or under a name. None where there is no
+    // such cell, and none at all once the row has been taken apart; the key stays.
+    TextView Id() const { return texts_[0]; }
+    TextView Text(int index) const { return table_ ? texts_[index] : TextView(); }
+    TextView Text(const String& columnName) const;
+
+  protected:
+    ~Row() override;
+
+  private:
+    using Cells = ComArray<IColumn, Column>;
+
+    Cells* MakeCells() const;
+
+    Pointer<Table> table_;  // null once taken apart
+    mutable Pointer<Cells> columns_;
+    PackedTexts texts_;
+    int index_;
+};
+
+}  // namespace vel

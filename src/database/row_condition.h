@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "database/interfaces.h"
+
+namespace vel {
+
+// A predicate on the rows of a table, made by whoever queries.
+class IRowCondition : public IUnknown {
+  public:
+    // Called once for each query, before any Matches, to resolve what the condition needs of the
+    // table. Any status but 0 ends the query and becomes its status.
+    virtual int Prepare(ITable* table) = 0;
+    // Called once for each row in table order. Must not change the table.
+    virtual bool Matches(const IRow* const& row) const = 0;
+};
+
+}  // namespace vel

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "foundation/number.h"
+
+#include <cstdlib>
+
+namespace vel {
+
+std::int32_t ReadNumber(const String& text, std::int32_t absent) {
+    char* end = nullptr;
+    const long number = std::strtol(text.c_str(), &end, 10);
+    if (end == text.c_str()) {
+        return absent;
+    }
+    return number > INT32_MAX   ? INT32_MAX
+           : number < INT32_MIN ? INT32_MIN
+                                : static_cast<std::int32_t>(number);
+}
+
+}  // namespace vel

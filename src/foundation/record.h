@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/array.h"
+#include "foundation/string.h"
+
+namespace vel {
+
+// A text that stands in somebody else's block: its bytes and, as in a String, their count with the
+// terminator. Valid as long as the block. Without bytes it stands for no text at all.
+struct TextView {
+    const char* data = nullptr;
+    int count = 0;
+
+    explicit operator bool() const { return data != nullptr; }
+    String ToString() const;
+};
+
+bool operator==(const TextView& view, const String& text);
+bool operator==(const TextView& view, const char* text);
+
+// The fields of one record, in order, while it is read or put together. They stand back to back in
+// two buffers that serve one record after the other.
+class Record {
+  public:
+    Record() = default;
+    explicit Record(const Array<String>& fields);
+
+    // Drops all fields and keeps the buffers.
+    void Clear();
+    // Drops what has been appended since the last field ended.
+    void DropUnfinished();
+    // Adds to the field under construction, or ends it.
+    void Append(char c) { bytes_.Append(c); }
+    void EndField();
+
+    int get_Count() const { return ends_.count; }
+    // REQUIRES: 0 <= index < get_Count().
+    TextView operator[](int index) const;
+    // The fields from `first` on as texts of their own.
+    Array<String> Fields(int first) const;
+
+  private:
+    friend class PackedTexts;
+
+    Array<char> bytes_{256};
+    Array<int> ends_{32};  // for each field, where it ends in bytes_
+};
+
+// The texts of a record in one block that never changes: what a row stores. A text costs its bytes,
+// its terminator and four bytes.
+class PackedTexts {
+  public:
+    explicit PackedTexts(const Record& record);
+    ~PackedTexts() { delete[] block_; }
+    PackedTexts(const PackedTexts&) = delete;
+    PackedTexts& operator=(const PackedTexts&) = delete;
+
+    int get_Count() const { return block_[0]; }
+    // The text at `index`; none when the index is out of range.
+    TextView operator[](int index) const;
+
+  private:
+    int* block_;  // the number of texts, where each ends, then their bytes
+};
+
+}  // namespace vel

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "foundation/string.h"
+
+namespace vel {
+
+// The stream cipher of catalogue lines. Its key stream comes from the Park-Miller minimal standard
+// generator (multiplier 48271, modulus 2^31 - 1), one step for each byte of plain text, and runs on
+// from text to text. It hides a catalogue from a casual reader; it protects nothing.
+//
+// A byte XORed with its key byte is written as two letters "a" to "p", low nibble first.
+class Crypt {
+  public:
+    // Back to the start of the key stream.
+    void Reset() { state_ = kSeed; }
+    // Advances the generator and returns its state scaled into (0, 1).
+    double Random();
+
+    // Both replace the output and return true. Deciphering never fails: any character stands for
+    // the nibble it makes modulo 16, and an odd last one is paired with the text's terminator.
+    bool Encrypt(const String& plain, String& cipher);
+    bool Decrypt(const String& cipher, String& plain);
+
+  protected:
+    // Appends the deciphered form of the characters from `start` on.
+    void DecryptFrom(const String& cipher, int start, String& plain);
+
+  private:
+    static constexpr std::int32_t kSeed = 592741386;
+
+    // Kept: the mask leaves the top bit of every byte as it is; stored catalogues depend on it.
+    int NextKey() { return static_cast<int>(Random() * 255.0) & 0x7F; }
+
+    std::int32_t state_ = kSeed;
+};
+
+// The cipher applied to lines and to whole files. In a readable source the lines to be hidden begin
+// with "E"; stored, these begin with "D". All other lines are the same in both and draw no key.
+class ArrayCrypter : public Crypt {
+  public:
+    // An "E" line becomes its "D" line; any other is returned unchanged.
+    String Encrypt(const String& line);
+    // A "D" line has its text deciphered and keeps the "D"; any other is returned unchanged. A
+    // deciphered NUL ends the line.
+    String Decrypt(const String& line);
+
+    // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
+    // empty. The whole input is read before the output is opened.
+    // Kept: returns 0 when the output was written and 1 when a file could not be opened.
+    bool CryptFile(const String& path, const String& target);
+};
+
+}  // namespace vel

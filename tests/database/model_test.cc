@@ -1,0 +1,293 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "database/database.h"
+#include "database/multy_value_match.h"
+#include "support/allocation.h"
+#include "support/texts.h"
+
+using namespace vel;
+
+namespace {
+
+using Rows = Pointer<ICollection<IRow*>>;
+
+// A database with a table of two columns, and a check that all of it is gone at the end.
+class Model : public testing::Test {
+  protected:
+    Model() {
+        Database::Create("World", "7", *&database);
+        database->CreateTable("Colours", Texts({"ID", "Name"}), *&table);
+    }
+    ~Model() override {
+        database.Reset();
+        table.Reset();
+        EXPECT_EQ(allocation::Live(), before_);
+    }
+    Pointer<IRow> Create(const Lines& values) {
+        Pointer<IRow> row;
+        EXPECT_EQ(table->CreateRow(Texts(values), *&row), 0);
+        return row;
+    }
+    static int Count(const Rows& rows) {
+        int count = -1;
+        rows->get_Count(count);
+        return count;
+    }
+
+  private:
+    std::ptrdiff_t before_ = allocation::Live();
+
+  protected:
+    Pointer<IDatabase> database;
+    Pointer<ITable> table;
+};
+
+TEST_F(Model, RowsAndCells) {
+    Create({"1", "red"});
+    const Pointer<IRow> row = Create({"2", "green"});
+    Create({"2", "blue"});
+    IRow* refused = row.get();
+    EXPECT_EQ(table->CreateRow(Texts({"3"}), refused), 1);
+    EXPECT_EQ(table->CreateRow(Texts({"3", "a", "b"}), refused), 1);
+    EXPECT_EQ(refused, row.get());
+
+    int index = -1;
+    row->get_Index(index);
+    EXPECT_EQ(index, 1);
+    Pointer<IRow> found;
+    EXPECT_EQ(table->get_Row("2", *&found), 0);
+    EXPECT_TRUE(found == row);
+    EXPECT_EQ(table->get_Row("4", *&found), 0);
+    EXPECT_FALSE(found);
+    EXPECT_EQ(Value(*row, "Name"), "green");
+    EXPECT_EQ(Value(*row, "name"), "<none>");
+    table->get_ColumnIndex("Name", index);
+    EXPECT_EQ(index, 1);
+    EXPECT_EQ(table->get_ColumnIndex("Nothing", index), 0);
+    EXPECT_EQ(index, -1);
+
+    Pointer<IColumn> cell;
+    EXPECT_EQ(row->get_Column("Name", *&cell), 0);
+    Pointer<IRow> owner;
+    cell->get_Row(*&owner);
+    EXPECT_TRUE(owner == row);
+    String text;
+    EXPECT_EQ(cell->get_Name(text), 0);
+    EXPECT_EQ(text, String("Name"));
+    cell->get_Value(text);
+    EXPECT_EQ(text, String("green"));
+    cell->get_Index(index);
+    EXPECT_EQ(index, 1);
+    Pointer<ICollection<IColumn*>> cells;
+    row->get_Columns(*&cells);
+    Pointer<IColumn> same;
+    cells->get_Item(1, *&same);
+    EXPECT_TRUE(same == cell);
+    EXPECT_EQ(row->get_Column("Nothing", *&cell), 0);
+    EXPECT_FALSE(cell);
+    EXPECT_EQ(Dump(*database),
+              (Lines{"World 7", "Colours: ID Name", "  [1][red]", "  [2][green]", "  [2][blue]"}));
+}
+
+TEST_F(Model, TakenNameIsNotRegistered) {
+    Pointer<ITable> second;
+    EXPECT_EQ(database->CreateTable("Colours", Texts({"X"}), *&second), 0);
+    ASSERT_TRUE(second);
+    Pointer<ITable> found;
+    EXPECT_EQ(database->get_Table("Colours", *&found), 1);
+    EXPECT_TRUE(found == table);
+    EXPECT_EQ(database->get_Table("colours", *&found), 0);
+    EXPECT_FALSE(found);
+    EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
+    static_cast<Table&>(*second).Destroy();
+}
+
+// The tree goes with the last outside reference; what is held beyond that stays valid but empty.
+TEST_F(Model, TeardownLeavesHeldPartsBehind) {
+    const Pointer<IRow> row = Create({"1", "red"});
+    Create({"2", "green"});
+    Pointer<IColumn> cell;
+    row->get_Column("Name", *&cell);
+    Rows rows;
+    table->get_Rows(*&rows);
+    EXPECT_EQ(Count(rows), 2);
+    Dictionary<String, String> none;
+    auto all = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(none));
+    Rows found;
+    table->Find(all.get(), *&found);
+    database.Reset();
+
+    EXPECT_EQ(Count(rows), 0);
+    EXPECT_EQ(Count(found), 2);
+    Pointer<IDatabase> gone;
+    EXPECT_EQ(table->get_Database(*&gone), 0);
+    EXPECT_FALSE(gone);
+    EXPECT_EQ(cell->get_Database(*&gone), 0);
+    EXPECT_FALSE(gone);
+    EXPECT_EQ(Value(*row, "Name"), "<none>");
+    String text;
+    row->get_ID(text);
+    EXPECT_EQ(text, String("1"));
+    Pointer<ITable> parent(table);
+    row->get_Table(*&parent);
+    EXPECT_FALSE(parent);
+    Array<String> names = Texts({"left"});
+    row->get_ColumnNames(names);
+    EXPECT_EQ(names.count, 0);
+    EXPECT_EQ(row->get_ColumnName(0, text), 0);
+    EXPECT_EQ(text, String());
+    EXPECT_EQ(cell->get_Name(text), 1);
+    EXPECT_EQ(text, String("<error>"));
+    cell->get_Value(text);
+    EXPECT_EQ(text, String("red"));
+    Pointer<ICollection<IColumn*>> cells;
+    row->get_Columns(*&cells);
+    int count = -1;
+    cells->get_Count(count);
+    EXPECT_EQ(count, 0);
+}
+
+TEST_F(Model, ClearNumbersRowsFromTheStart) {
+    Create({"1", "red"});
+    const Pointer<IRow> kept = Create({"2", "green"});
+    EXPECT_EQ(table->Clear(), 0);
+    Rows rows;
+    table->get_Rows(*&rows);
+    EXPECT_EQ(Count(rows), 0);
+    EXPECT_EQ(Value(*kept, "Name"), "green");
+    int index = -1;
+    Create({"3", "blue"})->get_Index(index);
+    EXPECT_EQ(index, 0);
+}
+
+TEST_F(Model, NothingIsLostWhenMemoryRunsOut) {
+    Create({"1", "red"});
+    const Pointer<IRow> row = Create({"2", "green"});
+    const Array<String> values = Texts({"3", "blue"});
+    const auto build = [&] {
+        Pointer<IRow> made;
+        Pointer<ITable> another;
+        Pointer<ICollection<IColumn*>> cells;
+        row->get_Columns(*&cells);
+        table->CreateRow(values, *&made);
+        database->CreateTable("Another", values, *&another);
+        Dictionary<String, String> conditions;
+        conditions.Add("Name", "green");
+        auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
+        Rows found;
+        table->Find(match.get(), *&found);
+        EXPECT_EQ(Count(found), 1);
+    };
+    std::size_t points = 0;
+    for (bool failed = true; failed; ++points) {
+        allocation::FailAfter(points + 1);
+        try {
+            build();
+        } catch (const std::bad_alloc&) {
+        }
+        failed = allocation::FailAfter(0);
+        EXPECT_EQ(Value(*row, "Name"), "green");
+    }
+    EXPECT_GT(points, 20U);
+}
+
+// A condition whose answers the test gives.
+class Scripted final : public IRowCondition {
+  public:
+    int Prepare(ITable*) override { return status; }
+    bool Matches(const IRow* const& row) const override {
+        ++asked;
+        return Value(*row, "Name") != "green";
+    }
+    int Count() {
+        AddRef();
+        return Release();
+    }
+    int status = 0;
+    mutable int asked = 0;
+};
+
+TEST_F(Model, FindTellsItsStatus) {
+    auto condition = Pointer<Scripted>::Adopt(new Scripted);
+    Rows found;
+    EXPECT_EQ(table->Find(nullptr, *&found), 1);
+    EXPECT_EQ(Count(found), 0);
+    EXPECT_EQ(table->Find(condition.get(), *&found), 0);
+    EXPECT_EQ(Count(found), 0);
+    for (int i = 0; i < 26; ++i) {
+        Create({std::to_string(i), i == 3 ? "green" : "grey"});
+    }
+    EXPECT_EQ(table->Find(condition.get(), *&found), 0);
+    EXPECT_EQ(Count(found), 25);
+    EXPECT_EQ((static_cast<ComArray<IRow, Row>*>(found.get())->items.capacity), 40);
+    EXPECT_EQ(condition->asked, 26);
+    EXPECT_EQ(condition->Count(), 1);
+    condition->status = 7;
+    EXPECT_EQ(table->Find(condition.get(), *&found), 7);
+    EXPECT_EQ(Count(found), 0);
+    EXPECT_EQ(condition->asked, 26);
+}
+
+TEST_F(Model, MatchesSeveralValues) {
+    for (const auto& row : {Lines{"0", ""}, {"1", "red"}, {"2", "Red"}, {"3", "red"}, {"3", ""}}) {
+        Create(row);
+    }
+    const struct {
+        std::vector<std::pair<const char*, const char*>> conditions;
+        int status;
+        Lines ids;
+    } cases[] = {
+        {{}, 0, {"0", "1", "2", "3", "3"}}, {{{"Name", "red"}}, 0, {"1", "3"}},
+        {{{"Name", ""}}, 0, {"0", "3"}},    {{{"Name", "red"}, {"ID", "3"}}, 0, {"3"}},
+        {{{"Name", "re"}}, 0, {}},          {{{"ID", "1"}, {"Colour", "red"}}, 1, {}},
+    };
+    for (const auto& c : cases) {
+        Dictionary<String, String> conditions;
+        for (const auto& [column, value] : c.conditions) {
+            conditions.Add(column, value);
+        }
+        auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
+        Rows found;
+        EXPECT_EQ(table->Find(match.get(), *&found), c.status);
+        Lines ids;
+        for (int i = 0; i < Count(found); ++i) {
+            Pointer<IRow> row;
+            found->get_Item(i, *&row);
+            ids.push_back(Value(*row, "ID"));
+        }
+        EXPECT_EQ(ids, c.ids);
+        EXPECT_EQ(match->Prepare(nullptr), 1);
+        EXPECT_FALSE(match->Matches(nullptr));
+    }
+    Pointer<IRow> row;
+    EXPECT_EQ(table->FindByIndex("Name", "red", *&row), 0);
+    EXPECT_EQ(Value(*row, "ID"), "1");
+    EXPECT_EQ(table->FindByIndex("Name", "blue", *&row), 0);
+    EXPECT_FALSE(row);
+    EXPECT_EQ(table->FindByIndex("Colour", "red", *&row), 1);
+    EXPECT_FALSE(row);
+}
+
+// What a query allocates does not depend on the number of rows it looks at.
+TEST_F(Model, ScansAllocateNothingForARow) {
+    const auto cost = [&](const char* last) {
+        const std::size_t start = allocation::Count();
+        Pointer<IRow> row;
+        table->get_Row(last, *&row);
+        String value;
+        row->get_ColumnValue("Name", value);
+        table->FindByIndex("ID", last, *&row);
+        EXPECT_TRUE(row);
+        return allocation::Count() - start;
+    };
+    Create({"first", "x"});
+    const std::size_t one = cost("first");
+    for (int i = 0; i < 1000; ++i) {
+        Create({"row", "x"});
+    }
+    Create({"final", "x"});
+    EXPECT_EQ(cost("final"), one);
+}
+
+}  // namespace

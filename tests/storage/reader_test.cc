@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "storage/csv_dict_reader.h"
+#include "storage/db_reader.h"
+#include "support/files.h"
+#include "support/texts.h"
+
+using namespace vel;
+
+namespace {
+
+TEST(CSVArrayReader, SplitsLines) {
+    const struct {
+        const char* line;
+        bool record;
+        Lines fields;
+    } rows[] = {
+        {"x;a;b;c;", true, {"a", "b", "c"}},
+        {"x;a;b;c", true, {"a", "b"}},
+        {"x;;x;", true, {"", "x"}},
+        {"x;", true, {}},
+        {";a;", true, {"a"}},
+        {"no separator", false, {}},
+        {"?;a;b;", false, {}},
+        {"x?y;a;", false, {}},
+        {"x\\?y;a;", false, {}},
+        {"x;a?;", true, {"a?"}},
+        {"x;a\\;b;", true, {"a;b"}},
+        {"x;a\\\\;b;", true, {"a\\", "b"}},
+        {"x\\;y;a;", true, {"a"}},
+        {"x; a\t ;", true, {" a\t "}},
+        {"x;\"a;b\";", true, {"\"a", "b\""}},
+        {"x;a;b\\", true, {"a"}},
+        {"\\", false, {}},
+        {"", false, {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        WriteFile("csv", std::string(row.line) + "\nx;end;\n");
+        CSVArrayReader reader("csv", ';');
+        Array<String> fields = Texts({"before"});
+        if (row.record) {
+            ASSERT_TRUE(reader.get_Array(fields));
+            EXPECT_EQ(Plain(fields), row.fields);
+        }
+        ASSERT_TRUE(reader.get_Array(fields));
+        EXPECT_EQ(Plain(fields), Lines{"end"});
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_FALSE(reader.get_Array(fields));
+            EXPECT_EQ(Plain(fields), Lines{"end"});
+        }
+    }
+    WriteFile("csv", "x y z\n");
+    Array<String> fields;
+    EXPECT_FALSE(CSVArrayReader("csv", ' ').get_Array(fields));  // a blank separates nothing
+    EXPECT_FALSE(CSVArrayReader("missing", ';').get_Array(fields));
+    EXPECT_FALSE(CSVArrayReader(nullptr, ';').get_Array(fields));
+}
+
+TEST(CSVDictReader, NewestFirst) {
+    WriteFile("csv", ";name;Ann;city;Oslo;name;Bob;\n;\nskipped\n;;;name;\n");
+    char path[] = "csv";
+    CSVDictReader reader(path, ';');
+    for (int i = 0; i < 2; ++i) {
+        List<CSVDictReader::Texts>& list = *reader.get_List();
+        ASSERT_EQ(list.count, 3U);
+        ASSERT_EQ(list[0].count, 2U);
+        EXPECT_EQ(list[0][0].key, String());
+        EXPECT_EQ(list[0][0].value, String());
+        EXPECT_EQ(list[0][1].key, String("name"));
+        EXPECT_EQ(list[0][1].value, String());
+        EXPECT_EQ(list[1].count, 0U);
+        ASSERT_EQ(list[2].count, 2U);
+        EXPECT_EQ(list[2][0].value, String("Ann"));
+        EXPECT_EQ(list[2][1].value, String("Oslo"));
+    }
+}
+
+const Lines kNoDatabase{"<no database>"};
+
+// The database in a file of these bytes; that nothing of it is left shows at the end of the
+// program.
+Lines Read(const std::string& bytes) {
+    WriteFile("catalogue", bytes);
+    const Pointer<IDatabase> database = DBReader("catalogue", '#').get_DB();
+    return database ? Dump(*database) : kNoDatabase;
+}
+
+TEST(DBReader, Grammar) {
+    const std::string begin = "#$_DATABASE_BEGIN_$#\n";
+    const std::string table = "#$_TABLE_BEGIN_$#T#A#B#\n";
+    const std::string end = "#$_TABLE_END_$#\n";
+    const struct {
+        const char* name;
+        std::string bytes;
+        Lines lines;
+    } rows[] = {
+        {"marker only", "#$_DATABASE_BEGIN_$#", {"<default> 000"}},
+        {"empty field keeps the default", "#$_DATABASE_BEGIN_$##7#", {"<default> 7"}},
+        {"name and version", "x\n#y#\n#$_DATABASE_BEGIN_$#N#8#z#\n", {"N 8"}},
+        {"no marker", "#$_DATABASE_BEGIN_#\n", kNoDatabase},
+        {"empty", "", kNoDatabase},
+        {"unnamed tables are numbered with the named ones",
+         begin + "#$_TABLE_BEGIN_$#X#\n" + end + "#$_TABLE_BEGIN_$#\n" + end +
+             "#$_TABLE_BEGIN_$##A#\n" + end,
+         {"<default> 000", "X:", "<TABLE>2:", "<TABLE>3: A"}},
+        {"rows of the wrong width are dropped",
+         begin + table + "#1#2#\n#3#\n#4#5#6#\n##7#\n" + end,
+         {"<default> 000", "T: A B", "  [1][2]", "  [][7]"}},
+        {"cut off inside a table",
+         begin + table + "#1#2#\n#3#4",
+         {"<default> 000", "T: A B", "  [1][2]"}},
+        {"markers inside a table are rows",
+         begin + table + "#$_DATABASE_END_$#x#\n#$_TABLE_BEGIN_$#y#\n" + end,
+         {"<default> 000", "T: A B", "  [$_DATABASE_END_$][x]", "  [$_TABLE_BEGIN_$][y]"}},
+        {"a lone separator is skipped in a table",
+         begin + table + "#\n#1#2#\n" + end,
+         {"<default> 000", "T: A B", "  [1][2]"}},
+        {"and ends the file outside", begin + "#\n" + table + end, {"<default> 000"}},
+        {"nothing is read after the end",
+         begin + "#$_DATABASE_END_$#\n" + table + end,
+         {"<default> 000"}},
+        {"other records between tables",
+         begin + "#x#\n" + table + end,
+         {"<default> 000", "T: A B"}},
+        {"the first of two tables of one name",
+         begin + table + "#1#2#\n" + end + "#$_TABLE_BEGIN_$#T#C#\n#3#\n" + end,
+         {"<default> 000", "T: A B", "  [1][2]"}},
+        {"the last of two databases",
+         begin + table + "#1#2#\n" + end + table + "#1#2#\n" + end + "#$_DATABASE_BEGIN_$#N#\n" +
+             table + "#3#4#\n" + end,
+         {"N 000", "T: A B", "  [3][4]"}},
+        {"a table before the database", table + end + begin, kNoDatabase},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Read(row.bytes), row.lines);
+    }
+}
+
+TEST(DBReader, StoredAndPlainFormsAreTheSame) {
+    const std::string source = ReadFile(VELMOR_DATA_DIR "/sample.source");
+    std::string plain;
+    for (std::size_t at = 0; at < source.size();) {
+        const std::size_t end = source.find('\n', at);
+        plain += source.substr(at + (source[at] == 'E' ? 1 : 0),
+                               end - at - (source[at] == 'E' ? 1 : 0)) +
+                 "\n";
+        at = end + 1;
+    }
+    const std::string stored = ReadFile(VELMOR_SAMPLE_CATALOGUE);
+    const Lines lines = Read(stored);
+    EXPECT_EQ(ReadFile("catalogue.encode"), stored + "\n");
+    EXPECT_EQ(Read(plain), lines);
+    EXPECT_EQ(lines.size(), 55U);
+    EXPECT_EQ(lines.back(),
+              "  "
+              "[4][200][sud.example][3][,,0,0][203.0.113.7][][][203.0.113.53][][Sudphone][postpaid]"
+              "[Y][su][][][N]");
+}
+
+}  // namespace

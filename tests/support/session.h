@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "api/session.h"
+#include "api/trace.h"
+#include "support/files.h"
+
+// The sample catalogue in its source form with the given text replaced, a table left out, or lines
+// added after a given one. Plain: the marker of hidden lines is ignored by the reader.
+class SampleSource {
+  public:
+    SampleSource& Replace(const std::string& what, const std::string& with) {
+        const std::size_t at = text_.find(what);
+        EXPECT_NE(at, std::string::npos) << what;
+        text_.replace(at, what.size(), with);
+        return *this;
+    }
+    SampleSource& Without(const std::string& table) {
+        const std::size_t at = text_.find("E#$_TABLE_BEGIN_$#" + table + "#");
+        EXPECT_NE(at, std::string::npos) << table;
+        const std::string end = "E#$_TABLE_END_$#\n";
+        text_.erase(at, text_.find(end, at) + end.size() - at);
+        return *this;
+    }
+    // Adds a row at the head of a table.
+    SampleSource& AddRow(const std::string& table, const std::string& row) {
+        const std::size_t at = text_.find("E#$_TABLE_BEGIN_$#" + table + "#");
+        EXPECT_NE(at, std::string::npos) << table;
+        text_.insert(text_.find('\n', at) + 1, "E" + row + "\n");
+        return *this;
+    }
+    SampleSource& Traced() { return Replace("#TRACE#N#", "#TRACE#Yes#"); }
+    const std::string& text() const { return text_; }
+
+  private:
+    std::string text_ = ReadFile(VELMOR_DATA_DIR "/sample.source");
+};
+
+// Starts and ends the session around a test.
+class SessionTest : public testing::Test {
+  protected:
+    ~SessionTest() override {
+        Velmor_DeInitialise();
+        Velmor& session = *Velmor::getVelmor();
+        EXPECT_EQ(session.traceDepth, 0);
+        session.traceSwitch = false;
+        std::filesystem::remove_all(kTraceLogPath);
+    }
+    static long Initialise(const std::string& bytes, Velmor_ReadFunction read = nullptr,
+                           Velmor_SendFunction send = nullptr) {
+        WriteFile("catalogue", bytes);
+        return Velmor_Initialise("catalogue", read, send);
+    }
+    static std::string Log() { return ReadFile(kTraceLogPath); }
+};

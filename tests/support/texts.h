@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "database/interfaces.h"
+
+using Lines = std::vector<std::string>;
+
+inline vel::Array<vel::String> Texts(const Lines& lines) {
+    vel::Array<vel::String> texts(20);
+    for (const std::string& line : lines) {
+        texts.Append(line.c_str());
+    }
+    return texts;
+}
+
+inline std::string Plain(const vel::String& text) {
+    return {text.c_str(), static_cast<std::size_t>(text.Length())};
+}
+
+inline Lines Plain(const vel::Array<vel::String>& texts) {
+    Lines lines;
+    for (int i = 0; i < texts.count; ++i) {
+        lines.push_back(Plain(texts[i]));
+    }
+    return lines;
+}
+
+// The cell of a row, "<none>" when it has no such column.
+inline std::string Value(const vel::IRow& row, const char* column) {
+    vel::String value;
+    return row.get_ColumnValue(column, value) == 0 ? Plain(value) : "<none>";
+}
+
+// The whole database, one line for each of its parts.
+inline Lines Dump(const vel::IDatabase& database) {
+    vel::String name;
+    vel::String version;
+    database.get_Name(name);
+    database.get_Version(version);
+    Lines lines{Plain(name) + " " + Plain(version)};
+    vel::Pointer<vel::ICollection<vel::ITable*>> tables;
+    database.get_Tables(*&tables);
+    int tableCount = 0;
+    tables->get_Count(tableCount);
+    for (int t = 0; t < tableCount; ++t) {
+        vel::Pointer<vel::ITable> table;
+        tables->get_Item(t, *&table);
+        table->get_Name(name);
+        vel::Array<vel::String> columns;
+        table->get_ColumnNames(columns);
+        std::string line = Plain(name) + ":";
+        for (int c = 0; c < columns.count; ++c) {
+            line += " " + Plain(columns[c]);
+        }
+        lines.push_back(line);
+        vel::Pointer<vel::ICollection<vel::IRow*>> rows;
+        table->get_Rows(*&rows);
+        int rowCount = 0;
+        rows->get_Count(rowCount);
+        for (int r = 0; r < rowCount; ++r) {
+            vel::Pointer<vel::IRow> row;
+            rows->get_Item(r, *&row);
+            line = "  ";
+            for (int c = 0; c < columns.count; ++c) {
+                line += "[" + Value(*row, columns[c].c_str()) + "]";
+            }
+            lines.push_back(line);
+        }
+    }
+    return lines;
+}
