@@ -39,6 +39,6 @@ long Velmor_GetVersionDatabase(long aHandle) {
         }
         vel::String version;
         session.database->get_Version(version);
-        return vel::ReadNumber(version, 0);
+        return vel::ReadNumber(version.c_str(), 0);
     });
 }

@@ -38,6 +38,28 @@
 extern "C" {
 #endif
 
+/* The dial-up settings of one access point: what the host needs to bring the device online. 3588
+ * bytes without padding. A text of 256 bytes or more has no terminator. */
+#define VELMOR_TEXT_SIZE 256
+typedef struct {
+    char InitializationString[VELMOR_TEXT_SIZE]; /* modem initialisation: AT+CGDCONT, see 3GPP
+                                                    TS 27.007 */
+    char DialString[VELMOR_TEXT_SIZE];           /* what the modem dials, for instance ATD*99# */
+    char Dns1[VELMOR_TEXT_SIZE]; /* addresses as text, empty: assigned on connection */
+    char Dns2[VELMOR_TEXT_SIZE];
+    char GatewayIP[VELMOR_TEXT_SIZE];
+    char APN[VELMOR_TEXT_SIZE]; /* access point name, see 3GPP TS 23.003 */
+    char DisplayName[VELMOR_TEXT_SIZE];
+    char ClientIP[VELMOR_TEXT_SIZE];
+    char ContractType[VELMOR_TEXT_SIZE]; /* these two and Default as the catalogue has them */
+    char RequiresUser[VELMOR_TEXT_SIZE];
+    char DefaultUser[VELMOR_TEXT_SIZE];
+    char DefaultPassword[VELMOR_TEXT_SIZE];
+    char Default[VELMOR_TEXT_SIZE];
+    char Country[VELMOR_TEXT_SIZE]; /* display name */
+    int32_t aBasicDUNSettingId;     /* identifier in the catalogue, -1: none */
+} Velmor_DUNSetting;
+
 /* The host's read callback: waits for the phone's next byte and places it in `buffer`.
  *
  * buffer   where the byte goes
@@ -83,6 +105,56 @@ VELMOR_EXPORT long Velmor_GetVersionDatabase(long aHandle);
 
 /* Returns the version of the library and its interface, 150 for 1.50. Needs no session. */
 VELMOR_EXPORT long Velmor_GetVersionLibrary(void);
+
+/* Returns the number of countries in the catalogue; 0 without a session. */
+VELMOR_EXPORT long Velmor_GetNrCountries(long aHandle);
+
+/* Copies the name of a country.
+ *
+ * aCountryIndex        0 to the number of countries - 1, in the catalogue's order
+ * aCountryDescription  takes the name; all zeros on failure
+ * sizeIO               its size in bytes
+ *
+ * Returns 0, or -1 when there is no such country or no session. */
+VELMOR_EXPORT long Velmor_GetCountryByIndex(long aHandle, long aCountryIndex,
+                                            char* aCountryDescription, long sizeIO);
+
+/* Returns the number of phones in the catalogue; 0 without a session. */
+VELMOR_EXPORT long Velmor_GetNrOfPhones(long aHandle);
+
+/* Copies the identifier and the description of a phone, "manufacturer: model".
+ *
+ * aPhoneIndex        0 to the number of phones - 1, in the catalogue's order
+ * aPhoneId           takes the identifier, for Velmor_GetDUNSetting; -1 on failure, or when the
+ *                    catalogue's identifier is not a number
+ * aPhoneDescription  takes the description; all zeros on failure
+ * sizeIO             its size in bytes
+ *
+ * Returns 0, or -1 when there is no such phone, its manufacturer is unknown, or there is no
+ * session. */
+VELMOR_EXPORT long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId,
+                                          char* aPhoneDescription, long sizeIO);
+
+/* Returns the number of DUN settings of a country, or -1 when there is no such country or no
+ * session. The rows found are kept until another country is asked about, so that fetching the
+ * settings of one country after the other searches the catalogue once for each country. */
+VELMOR_EXPORT long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex);
+
+/* Fills a record with a DUN setting of a country, for display: the dial and initialisation strings,
+ * which depend on the phone, stay empty.
+ *
+ * aCountryIndex          0 to the number of countries - 1
+ * aBasicDUNSettingIndex  0 to the number of the country's settings - 1
+ * settingIO              takes the setting; on failure all texts are empty and the identifier is -1
+ *
+ * Returns 0, or -1 when there is no such setting or no session, or settingIO is null. */
+VELMOR_EXPORT long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aCountryIndex,
+                                                           long aBasicDUNSettingIndex,
+                                                           Velmor_DUNSetting* settingIO);
+
+/* Writes the settings of all countries to the trace log, for whoever maintains the catalogue; does
+ * nothing visible when tracing is off. The library version it names is 99, for ever. */
+VELMOR_EXPORT void OnNetworkListnetworks(void);
 
 #ifdef __cplusplus
 } /* extern "C" */

@@ -61,7 +61,7 @@ int Row::get_ColumnName(int index, String& name) const {
     return table_->get_ColumnName(index, name);
 }
 
-TextView Row::Text(const String& columnName) const {
+TextView Row::Text(const TextView& columnName) const {
     return table_ ? texts_[table_->IndexOfColumn(columnName)] : TextView();
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstring>
+
 #include "database/column.h"
 #include "foundation/record.h"
 
@@ -30,7 +32,7 @@ class Row final : public IRow, public DatabaseObject {
     // such cell, and none at all once the row has been taken apart; the key stays.
     TextView Id() const { return texts_[0]; }
     TextView Text(int index) const { return table_ ? texts_[index] : TextView(); }
-    TextView Text(const String& columnName) const;
+    TextView Text(const TextView& columnName) const;
 
   protected:
     ~Row() override;
@@ -45,5 +47,11 @@ class Row final : public IRow, public DatabaseObject {
     PackedTexts texts_;
     int index_;
 };
+
+// The text under a column of a row, in place; none without a row or without such a column.
+inline TextView CellText(const Pointer<IRow>& row, const char* columnName) {
+    const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
+    return row ? static_cast<const Row&>(*row).Text(name) : TextView();
+}
 
 }  // namespace vel

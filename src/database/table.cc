@@ -71,8 +71,13 @@ int Table::get_ColumnIndex(const String& name, int& index) const {
     return 0;
 }
 
-int Table::IndexOfColumn(const String& name) const {
-    return columnNames_.IndexOf(Array<String>::EqualsCondition(name));
+int Table::IndexOfColumn(const TextView& name) const {
+    for (int i = 0; i < columnNames_.count; ++i) {
+        if (name == columnNames_[i]) {
+            return i;
+        }
+    }
+    return -1;
 }
 
 int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {

@@ -29,7 +29,7 @@ class Table final : public ITable, public DatabaseObject {
     // CreateRow from the fields of a record, for the reader of catalogues.
     int CreateRow(const Record& values, IRow*& row);
     // Index of the first column of that name, or -1.
-    int IndexOfColumn(const String& name) const;
+    int IndexOfColumn(const TextView& name) const;
 
   private:
     using Rows = ComArray<IRow, Row>;

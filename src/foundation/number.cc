@@ -5,10 +5,10 @@
 
 namespace vel {
 
-std::int32_t ReadNumber(const String& text, std::int32_t absent) {
+std::int32_t ReadNumber(const char* text, std::int32_t absent) {
     char* end = nullptr;
-    const long number = std::strtol(text.c_str(), &end, 10);
-    if (end == text.c_str()) {
+    const long number = std::strtol(text, &end, 10);
+    if (end == text) {
         return absent;
     }
     return number > INT32_MAX   ? INT32_MAX

@@ -3,12 +3,10 @@
 
 #include <cstdint>
 
-#include "foundation/string.h"
-
 namespace vel {
 
 // The decimal number at the start of the text, after white space and an optional sign; what follows
 // it is ignored. Saturates at the 32-bit limits on every target. `absent` when there is no digit.
-std::int32_t ReadNumber(const String& text, std::int32_t absent);
+std::int32_t ReadNumber(const char* text, std::int32_t absent);
 
 }  // namespace vel

@@ -10,7 +10,7 @@ namespace {
 // The text at `index` of a block in which text i ends before byte ends[i].
 TextView View(const char* bytes, const int* ends, int index) {
     const int start = index == 0 ? 0 : ends[index - 1];
-    return {bytes + start, ends[index] - start};
+    return TextView(bytes + start, ends[index] - start);
 }
 
 }  // namespace
@@ -19,15 +19,13 @@ String TextView::ToString() const {
     return count > 0 ? String::FromBytes(data, count - 1) : String();
 }
 
-bool operator==(const TextView& view, const String& text) {
-    return view.count == text.count && text.data != nullptr &&
-           std::memcmp(view.data, text.data, static_cast<std::size_t>(text.count)) == 0;
+bool operator==(const TextView& a, const TextView& b) {
+    return a.count == b.count && a.data != nullptr && b.data != nullptr &&
+           std::memcmp(a.data, b.data, static_cast<std::size_t>(a.count)) == 0;
 }
 
 bool operator==(const TextView& view, const char* text) {
-    const std::size_t count = std::strlen(text) + 1;
-    return static_cast<std::size_t>(view.count) == count &&
-           std::memcmp(view.data, text, count) == 0;
+    return view == TextView(text, static_cast<int>(std::strlen(text)) + 1);
 }
 
 Record::Record(const Array<String>& fields) {

@@ -9,14 +9,22 @@ namespace vel {
 // A text that stands in somebody else's block: its bytes and, as in a String, their count with the
 // terminator. Valid as long as the block. Without bytes it stands for no text at all.
 struct TextView {
-    const char* data = nullptr;
-    int count = 0;
+    TextView() = default;
+    TextView(const char* bytes, int byteCount) : data(bytes), count(byteCount) {}
+    TextView(const String& text)  // NOLINT(google-explicit-constructor): any text can be viewed
+        : data(text.data), count(text.data == nullptr ? 0 : text.count) {}
 
     explicit operator bool() const { return data != nullptr; }
+    // The bytes as a C text, never null.
+    const char* c_str() const { return count == 0 ? "" : data; }
     String ToString() const;
+
+    const char* data = nullptr;
+    int count = 0;
 };
 
-bool operator==(const TextView& view, const String& text);
+bool operator==(const TextView& a, const TextView& b);
+// Compares without making a text of either.
 bool operator==(const TextView& view, const char* text);
 
 // The fields of one record, in order, while it is read or put together. They stand back to back in

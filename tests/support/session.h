@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
+#include <regex>
 
 #include "api/session.h"
 #include "api/trace.h"
@@ -55,5 +57,16 @@ class SessionTest : public testing::Test {
         WriteFile("catalogue", bytes);
         return Velmor_Initialise("catalogue", read, send);
     }
-    static std::string Log() { return ReadFile(kTraceLogPath); }
+    static std::string Log() {
+        static const std::regex address("(\\(long\\)[a-zA-Z_]+ <= +)-?[1-9][0-9]*");
+        return std::regex_replace(ReadFile(kTraceLogPath), address, "$1ADDRESS");
+    }
+    // Compares the log with a checked-in one; with VELMOR_RENEW_LOGS set, replaces that.
+    static void ExpectLog(const std::string& name) {
+        const std::string path = VELMOR_TESTS_DIR "/" + name;
+        if (std::getenv("VELMOR_RENEW_LOGS") != nullptr) {
+            WriteFile(path, Log());
+        }
+        EXPECT_EQ(Log(), ReadFile(path));
+    }
 };

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "api/call_frame.h"
+#include "api/host_text.h"
+#include "api/rows.h"
+#include "api/schema.h"
+
+long Velmor_GetNrCountries(long aHandle) {
+    return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        return CountOf(RowsOf(Velmor::getVelmor()->countries));
+    });
+}
+
+long Velmor_GetCountryByIndex(long aHandle, long aCountryIndex, char* aCountryDescription,
+                              long sizeIO) {
+    return Framed("Velmor_GetCountryByIndex", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        frame.In("aCountryIndex", aCountryIndex);
+        frame.InAddress("aCountryDescription", aCountryDescription);
+        frame.In("sizeIO", sizeIO);
+        const auto country = RowAt(RowsOf(Velmor::getVelmor()->countries), aCountryIndex);
+        FillText(aCountryDescription, sizeIO, CellText(country, schema::kName));
+        frame.Out("aCountryDescription", aCountryDescription, sizeIO);
+        return country ? 0 : -1;
+    });
+}

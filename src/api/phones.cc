@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "api/call_frame.h"
+#include "api/host_text.h"
+#include "api/rows.h"
+#include "api/schema.h"
+#include "foundation/number.h"
+
+long Velmor_GetNrOfPhones(long aHandle) {
+    return Framed("Velmor_GetNrOfPhones", 0, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        return CountOf(RowsOf(Velmor::getVelmor()->phones));
+    });
+}
+
+long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char* aPhoneDescription,
+                            long sizeIO) {
+    return Framed("Velmor_GetPhoneByIndex", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        frame.In("aPhoneIndex", aPhoneIndex);
+        frame.InAddress("aPhoneId", aPhoneId);
+        frame.InAddress("aPhoneDescription", aPhoneDescription);
+        frame.In("sizeIO", sizeIO);
+        FillText(aPhoneDescription, sizeIO, {});
+        long id = -1;
+        if (aPhoneId != nullptr) {
+            *aPhoneId = id;
+        }
+        const Velmor& session = *Velmor::getVelmor();
+        const auto phone = RowAt(RowsOf(session.phones), aPhoneIndex);
+        const auto manufacturer =
+            RowById(session.manufacturers, CellText(phone, schema::kManufacturerID));
+        if (manufacturer) {
+            FillText(aPhoneDescription, sizeIO,
+                     CellText(manufacturer, schema::kName).ToString() + ": " +
+                         CellText(phone, schema::kName).ToString());
+            id = vel::ReadNumber(CellText(phone, schema::kID).c_str(), -1);
+        }
+        if (aPhoneId != nullptr) {
+            *aPhoneId = id;
+        }
+        frame.Out("aPhoneDescription", aPhoneDescription, sizeIO);
+        return manufacturer ? 0 : -1;
+    });
+}

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "api/rows.h"
+
+#include "database/multy_value_match.h"
+
+using vel::IRow;
+using vel::IRowCondition;
+using vel::Pointer;
+
+Velmor::Rows RowsOf(const Velmor::Table& table) {
+    Velmor::Rows rows;
+    if (table) {
+        table->get_Rows(*&rows);
+    }
+    return rows;
+}
+
+int CountOf(const Velmor::Rows& rows) {
+    int count = 0;
+    if (rows) {
+        rows->get_Count(count);
+    }
+    return count;
+}
+
+Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
+    Pointer<IRow> row;
+    if (index >= 0 && index < CountOf(rows)) {
+        rows->get_Item(static_cast<int>(index), *&row);
+    }
+    return row;
+}
+
+Pointer<IRow> RowById(const Velmor::Table& table, const vel::TextView& id) {
+    Pointer<IRow> row;
+    if (table && id) {
+        table->get_Row(id.ToString(), *&row);
+    }
+    return row;
+}
+
+Velmor::Rows FindRows(const Velmor::Table& table, const Conditions& conditions) {
+    return FindRows(table, Pointer<IRowCondition>::Adopt(new vel::MultyValueMatch(conditions)));
+}
+
+Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition) {
+    Velmor::Rows rows;
+    if (table) {
+        table->Find(condition.get(), *&rows);
+    }
+    return rows;
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "api/session.h"
+#include "database/row.h"
+#include "foundation/dictionary.h"
+
+// The look-ups that the exported operations share. A table or a collection that is missing has no
+// rows.
+
+using Conditions = vel::Dictionary<vel::String, vel::String>;
+
+Velmor::Rows RowsOf(const Velmor::Table& table);
+int CountOf(const Velmor::Rows& rows);
+// The row at an index, none when it is out of range.
+vel::Pointer<vel::IRow> RowAt(const Velmor::Rows& rows, long index);
+// The row whose key is the text; none without a text.
+vel::Pointer<vel::IRow> RowById(const Velmor::Table& table, const vel::TextView& id);
+// The rows whose columns hold the given values.
+Velmor::Rows FindRows(const Velmor::Table& table, const Conditions& conditions);
+// The same for any condition, which is made for this query and released by it.
+Velmor::Rows FindRows(const Velmor::Table& table,
+                      const vel::Pointer<vel::IRowCondition>& condition);

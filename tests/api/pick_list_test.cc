@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include <cstring>
+
+#include "api/host_text.h"
+#include "support/session.h"
+
+namespace {
+
+class PickLists : public SessionTest {};
+
+// Every size from none to more than enough; the bytes behind the size are not touched.
+TEST(FillText, WritesExactlyTheSize) {
+    for (const std::string& text :
+         {std::string(), std::string("a"), std::string("twenty characters ok")}) {
+        for (long size = -1; size <= 24; ++size) {
+            char buffer[32];
+            std::memset(buffer, 0x55, sizeof buffer);
+            FillText(buffer, size, vel::String(text.c_str()));
+            for (long i = 0; i < 32; ++i) {
+                const auto at = static_cast<std::size_t>(i);
+                const char expected = i >= size ? 0x55 : at < text.size() ? text[at] : '\0';
+                ASSERT_EQ(buffer[i], expected) << "size " << size << " byte " << i;
+            }
+        }
+    }
+    FillText(nullptr, 10, vel::String("a"));
+}
+
+TEST_F(PickLists, Countries) {
+    char name[8];
+    EXPECT_EQ(Velmor_GetNrCountries(0), 0);
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 0, name, sizeof name), -1);
+    ASSERT_EQ(Initialise(SampleSource().text()), 0);
+    EXPECT_EQ(Velmor_GetNrCountries(0), 3);
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, name, sizeof name), 0);
+    EXPECT_STREQ(name, "Sudland");
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 2, name, sizeof name), 0);
+    EXPECT_EQ(std::string(name, 8), "Leerland");
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, name, 0), 0);
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, nullptr, 8), 0);
+    EXPECT_EQ(std::string(name, 8), "Leerland");
+    for (const long index : {-1L, 3L, 1L << 40}) {
+        std::memset(name, 'x', sizeof name);
+        EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, sizeof name), -1);
+        EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));
+    }
+    ASSERT_EQ(Initialise(SampleSource().Replace("Countries#ID#Name", "Countries#ID#Label").text()),
+              0);
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, name, sizeof name), 0);
+    EXPECT_STREQ(name, "");
+}
+
+TEST_F(PickLists, Phones) {
+    const struct {
+        const char* row;
+        long result, id;
+        const char* description;
+    } rows[] = {
+        {"#10#X100#1#", 0, 10, "Acme: X100"},
+        {"#x#X100#1#", 0, -1, "Acme: X100"},
+        {"#99999999999#X#2#", 0, INT32_MAX, "Brontel: X"},
+        {"##X#2#", 0, -1, "Brontel: X"},
+        {"#7##2#", 0, 7, "Brontel: "},
+        {"#7#X#3#", -1, -1, ""},
+        {"#7#X##", -1, -1, ""},
+    };
+    long id = 5;
+    char text[32] = "x";
+    EXPECT_EQ(Velmor_GetNrOfPhones(0), 0);
+    EXPECT_EQ(Velmor_GetPhoneByIndex(0, 0, &id, text, sizeof text), -1);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.row);
+        ASSERT_EQ(Initialise(SampleSource().AddRow("Phones", row.row).text()), 0);
+        EXPECT_EQ(Velmor_GetNrOfPhones(0), 4);
+        EXPECT_EQ(Velmor_GetPhoneByIndex(0, 0, &id, text, sizeof text), row.result);
+        EXPECT_EQ(id, row.id);
+        EXPECT_STREQ(text, row.description);
+        EXPECT_EQ(Velmor_GetPhoneByIndex(0, 3, &id, text, sizeof text), 0);
+        EXPECT_STREQ(text, "Brontel: Swift 5");
+        EXPECT_EQ(id, 20);
+    }
+    EXPECT_EQ(Velmor_GetPhoneByIndex(0, 3, nullptr, nullptr, 10), 0);
+    for (const long index : {-1L, 4L}) {
+        EXPECT_EQ(Velmor_GetPhoneByIndex(0, index, &id, text, sizeof text), -1);
+        EXPECT_EQ(id, -1);
+        EXPECT_STREQ(text, "");
+    }
+}
+
+TEST_F(PickLists, TraceStopsAtTheBuffersEnd) {
+    ASSERT_EQ(Initialise(SampleSource().Traced().AddRow("Phones", "#7#X#3#").text()), 0);
+    std::filesystem::remove(kTraceLogPath);
+    char text[4] = {};
+    Velmor_GetCountryByIndex(0, 0, text, 2);
+    Velmor_GetPhoneByIndex(0, 0, nullptr, text, 4);
+    EXPECT_EQ(Log(),
+              "Enter: Velmor_GetCountryByIndex\r\n"
+              "   aHandle <=    0   \r\n"
+              "   aCountryIndex <=    0   \r\n"
+              "   (long)aCountryDescription <=    ADDRESS   \r\n"
+              "   sizeIO <=    2   \r\n"
+              "   aCountryDescription =>    No   \r\n"
+              "Exit: Velmor_GetCountryByIndex\r\n"
+              "Result := 0\r\n"
+              "Enter: Velmor_GetPhoneByIndex\r\n"
+              "   aHandle <=    0   \r\n"
+              "   aPhoneIndex <=    0   \r\n"
+              "   (long)aPhoneId <=    0   \r\n"
+              "   (long)aPhoneDescription <=    ADDRESS   \r\n"
+              "   sizeIO <=    4   \r\n"
+              "   aPhoneDescription =>       \r\n"
+              "Exit: Velmor_GetPhoneByIndex\r\n"
+              "Result := -1\r\n");
+}
+
+}  // namespace

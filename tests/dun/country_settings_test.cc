@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <cstring>
+
+#include "database/table.h"
+#include "support/session.h"
+
+namespace {
+
+class CountrySettings : public SessionTest {
+  protected:
+    CountrySettings() { std::memset(&record, 0x55, sizeof record); }
+
+    // Which country's rows are cached, and the collection they are in.
+    static const void* Cached() { return Velmor::getVelmor()->countrySettings.get(); }
+    void ExpectEmpty() {
+        Velmor_DUNSetting empty = {};
+        empty.aBasicDUNSettingId = -1;
+        EXPECT_EQ(std::memcmp(&record, &empty, sizeof record), 0);
+        std::memset(&record, 0x55, sizeof record);
+    }
+
+    Velmor_DUNSetting record;
+};
+
+TEST_F(CountrySettings, FillsEveryField) {
+    ASSERT_EQ(Initialise(SampleSource().text()), 0);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 3);
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record), 0);
+    Velmor_DUNSetting expected = {};
+    std::strcpy(expected.Dns1, "192.0.2.53");
+    std::strcpy(expected.Dns2, "192.0.2.54");
+    std::strcpy(expected.GatewayIP, "192.0.2.1");
+    std::strcpy(expected.APN, "internet.northtel.example");
+    std::strcpy(expected.DisplayName, "Northtel");
+    std::strcpy(expected.ContractType, "postpaid");
+    std::strcpy(expected.RequiresUser, "Y");
+    std::strcpy(expected.DefaultUser, "web");
+    std::strcpy(expected.DefaultPassword, "secret");
+    std::strcpy(expected.Default, "Y");
+    std::strcpy(expected.Country, "Norland");
+    expected.aBasicDUNSettingId = 1;
+    EXPECT_EQ(std::memcmp(&record, &expected, sizeof record), 0);
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record), 0);
+    EXPECT_STREQ(record.DisplayName, "Fjordnet #1");
+    EXPECT_STREQ(record.DefaultPassword, "back\\slash");
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &record), 0);
+    EXPECT_STREQ(record.ClientIP, "203.0.113.7");
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 2), 0);
+}
+
+TEST_F(CountrySettings, MissingRowsGiveAnEmptyRecord) {
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), -1);
+    EXPECT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record), -1);
+    ExpectEmpty();
+    ASSERT_EQ(Initialise(SampleSource().text()), 0);
+    for (const auto& [country, setting] : {std::pair(0L, -1L), {0, 3}, {2, 0}, {-1, 0}, {3, 0}}) {
+        EXPECT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, country, setting, &record), -1);
+        ExpectEmpty();
+    }
+    EXPECT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, nullptr), -1);
+}
+
+TEST_F(CountrySettings, OddValues) {
+    const std::string a255(255, 'a');
+    const std::string a256(256, 'b');
+    const std::string a300(300, 'c');
+    const struct {
+        const char* name;
+        std::string row;  // ID to Name, then CountryID
+        std::int32_t id;
+        std::string apn, country;
+    } rows[] = {
+        {"255 bytes", "#5##" + a255 + "###########su####", 5, a255, "Sudland"},
+        {"256 bytes", "#5##" + a256 + "###########su####", 5, a256, "Sudland"},
+        {"300 bytes", "#5##" + a300 + "###########su####", 5, a300.substr(0, 256), "Sudland"},
+        {"no ID", "###x###########su####", -1, "x", "Sudland"},
+        {"ID not a number", "#x##x###########su####", -1, "x", "Sudland"},
+        {"ID too large", "#3000000000##x###########su####", INT32_MAX, "x", "Sudland"},
+        {"negative ID", "# -5x##x###########su####", -5, "x", "Sudland"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ASSERT_EQ(Initialise(SampleSource().AddRow("BasicDUNSettings", row.row).text()), 0);
+        ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &record), 0);
+        EXPECT_EQ(record.aBasicDUNSettingId, row.id);
+        EXPECT_EQ(std::string(record.APN, strnlen(record.APN, 256)), row.apn);
+        EXPECT_EQ(std::string(record.Country), row.country);
+        EXPECT_STREQ(record.DisplayName, "");
+        Velmor_DeInitialise();
+    }
+    // Without the column there is nothing to select by; without others the texts are empty.
+    ASSERT_EQ(Initialise(SampleSource().Replace("#Default#CountryID#", "#Default#Country#").text()),
+              0);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 0);
+    Velmor_DeInitialise();
+    ASSERT_EQ(
+        Initialise(SampleSource().Replace("ID#NetworkID#APN#", "Key#NetworkID#Point#").text()), 0);
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record), 0);
+    EXPECT_EQ(record.aBasicDUNSettingId, -1);
+    EXPECT_STREQ(record.APN, "");
+}
+
+// A cached country keeps its collection: the rows are searched once for each change of country.
+TEST_F(CountrySettings, SearchesOncePerCountry) {
+    ASSERT_EQ(Initialise(SampleSource().text()), 0);
+    const auto addRow = [](const char* country) {
+        vel::Array<vel::String> values(20);
+        for (int i = 0; i < 17; ++i) {
+            values.Append(i == 13 ? country : "");
+        }
+        vel::Pointer<vel::IRow> row;
+        ASSERT_EQ(Velmor::getVelmor()->basicDUNSettings->CreateRow(values, *&row), 0);
+    };
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 3);
+    const void* first = Cached();
+    addRow("no");  // a search would find it
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 3);
+    EXPECT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record), 0);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 9), -1);
+    EXPECT_EQ(Cached(), first);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 1), 1);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 4);
+    addRow("no");
+    Velmor_DeInitialise();
+    EXPECT_EQ(Velmor::getVelmor()->countrySettingsId, vel::String("no"));
+    ASSERT_EQ(Velmor_Initialise("catalogue", nullptr, nullptr), 0);
+    EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 3);
+}
+
+TEST_F(CountrySettings, TraceOfASession) {
+    ASSERT_EQ(Initialise(SampleSource().Traced().text()), 0);
+    char name[16];
+    for (long i = 0; i < Velmor_GetNrCountries(0); ++i) {
+        Velmor_GetCountryByIndex(0, i, name, sizeof name);
+    }
+    Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record);
+    Velmor_GetCountryBasicDUNSettingByIndex(0, 2, 0, &record);
+    OnNetworkListnetworks();
+    Velmor_DeInitialise();
+    ExpectLog("dun/country_session.log");
+}
+
+}  // namespace
