@@ -18,7 +18,7 @@ constexpr int kRows = 2000;  // at scale 1
 
 // A stored catalogue whose table of settings has the given number of rows.
 std::string MakeCatalogue(int rows) {
-    const std::string path = "bench-" + std::to_string(rows) + ".catalogue";
+    std::string path = "bench-" + std::to_string(rows) + ".catalogue";
     std::ofstream source(path);
     source << "#$_DATABASE_BEGIN_$#Bench#1#\n";
     for (const char* table : {"Countries", "Phones", "Manufacturers", "ManufacturerIdentification",
@@ -39,7 +39,7 @@ std::string MakeCatalogue(int rows) {
 void Load(benchmark::State& state) {
     const int rows = kRows * static_cast<int>(state.range(0));
     const std::string path = MakeCatalogue(rows);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         if (Velmor_Initialise(path.c_str(), nullptr, nullptr) != 0) {
             state.SkipWithError("the catalogue does not load");
         }

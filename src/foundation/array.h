@@ -72,8 +72,10 @@ class Array {
         }
     }
 
+    // REQUIRES: a growth quantum above 0.
     void Append(T element) {
-        internalEnsureSpace(1);
+        [[maybe_unused]] const bool room = internalEnsureSpace(1);
+        assert(room && growBy > 0);
         data[count++] = std::move(element);
     }
 
@@ -96,11 +98,11 @@ class Array {
 
     // REQUIRES: 0 <= index < count.
     T& operator[](int index) {
-        assert(index >= 0 && index < count);
+        assert(data != nullptr && index >= 0 && index < count);
         return data[index];
     }
     const T& operator[](int index) const {
-        assert(index >= 0 && index < count);
+        assert(data != nullptr && index >= 0 && index < count);
         return data[index];
     }
 

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <stdexcept>
+#include <string>
+
+// What ends a command with one line on standard error and exit status 2.
+class ToolError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// The exit statuses that the commands share: 0 well, 1 findings or nothing found, 2 trouble.
+enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
+
+// Each of these adds one subcommand, which leaves its exit status in `status` when it runs. A
+// command that only prints leaves it alone.
+void AddImport(CLI::App& app, int& status);
