@@ -59,3 +59,9 @@ void Velmor::Release() {
     basicDUNForPhone.Reset();
     database.Reset();
 }
+
+void Velmor::ForgetDetection() {
+    detectedSettings.Reset();
+    detectedNetworkId.Clear();
+    detectedPhoneId.Clear();
+}

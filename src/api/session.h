@@ -25,6 +25,8 @@ class Velmor {
     // Lets go of the catalogue and of the rows kept from it. Kept: two tables that no query needs
     // without the others, the identifiers and the callbacks stay as they are.
     void Release();
+    // Drops what the last detection found.
+    void ForgetDetection();
     // The table of that name, null when there is none.
     Table FetchTable(const char* name) const;
 

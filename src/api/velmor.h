@@ -156,6 +156,62 @@ VELMOR_EXPORT long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aC
  * nothing visible when tracing is off. The library version it names is 99, for ever. */
 VELMOR_EXPORT void OnNetworkListnetworks(void);
 
+/* Asks the attached phone who it is and on which network, in up to eight AT commands, and keeps
+ * what was found for the functions below until the next detection or the end of the session.
+ *
+ * manuResponseIO   takes the phone's answer to the last question for its manufacturer, as it came
+ * manuResponse_sizeIO   its size in bytes
+ * phoneResponseIO, phoneResponse_sizeIO   the same for its model
+ *
+ * The answers help whoever adds a phone to the catalogue.
+ *
+ * Returns 0 when the phone was identified or at least one DUN setting was found, -1 when neither or
+ * without a session; then nothing is sent. Blocks inside the callbacks: the library reads on as
+ * long as the phone sends, so a host that wants an end to every detection lets its read callback
+ * fail once it has waited or read enough. */
+VELMOR_EXPORT long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO,
+                                                long manuResponse_sizeIO, char* phoneResponseIO,
+                                                long phoneResponse_sizeIO);
+
+/* Copies the names of the detected phone and of its manufacturer.
+ *
+ * nameIO, name_sizeIO   buffer for the phone's name and its size in bytes
+ * manuIO, manu_sizeIO   the same for the manufacturer's; empty when the catalogue does not name it
+ *
+ * Returns the phone's identifier, or -1 when no phone was detected, its identifier is not a number
+ * or not in the catalogue's list of phones. */
+VELMOR_EXPORT long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO,
+                                           char* manuIO, long manu_sizeIO);
+
+/* Writes the number of DUN settings that fit the detected network to countO, 0 when there are none,
+ * nothing was detected or there is no session. Returns 0. */
+VELMOR_EXPORT long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO);
+
+/* Fills a record with a detected DUN setting, ready to dial.
+ *
+ * index      0 to the number of detected settings - 1
+ * settingIO  takes the setting; all texts are empty and the identifier is -1 when there is none
+ *
+ * Returns 0, or -1 when there is no such setting, or when the catalogue does not hold exactly one
+ * set of dial and initialisation strings for the detected phone on this type of network: these
+ * strings are empty then and the rest of the record is filled. */
+VELMOR_EXPORT long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index,
+                                                       Velmor_DUNSetting* settingIO);
+
+/* Fills a record with a DUN setting for a phone, both known by their identifiers, for a host that
+ * remembers an earlier choice. Needs no detection.
+ *
+ * aPhoneId            as from Velmor_GetPhoneByIndex or Velmor_GetDetectedPhone
+ * aBasicDUNSettingId  as from an earlier record
+ * settingIO           takes the setting; without one its texts are empty but for the strings of a
+ *                     phone that is known for networks without a type, and the identifier is -1
+ *
+ * Returns 0 when the setting is there and the catalogue holds dial and initialisation strings for
+ * the phone on this type of network; with more than one set they are left empty. Returns -1
+ * otherwise, except that with two negative identifiers the phone's strings alone are enough. */
+VELMOR_EXPORT long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
+                                        Velmor_DUNSetting* settingIO);
+
 #ifdef __cplusplus
 } /* extern "C" */
 #endif

@@ -49,9 +49,12 @@ class Row final : public IRow, public DatabaseObject {
 };
 
 // The text under a column of a row, in place; none without a row or without such a column.
-inline TextView CellText(const Pointer<IRow>& row, const char* columnName) {
+inline TextView CellText(const IRow* row, const char* columnName) {
     const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
-    return row ? static_cast<const Row&>(*row).Text(name) : TextView();
+    return row == nullptr ? TextView() : static_cast<const Row*>(row)->Text(name);
+}
+inline TextView CellText(const Pointer<IRow>& row, const char* columnName) {
+    return CellText(row.get(), columnName);
 }
 
 }  // namespace vel

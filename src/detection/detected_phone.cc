@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#include "api/call_frame.h"
+#include "api/host_text.h"
+#include "api/rows.h"
+#include "api/schema.h"
+#include "foundation/number.h"
+
+long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char* manuIO,
+                             long manu_sizeIO) {
+    return Framed("Velmor_GetDetectedPhone", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        frame.InAddress("nameIO", nameIO);
+        frame.In("name_sizeIO", name_sizeIO);
+        frame.InAddress("manuIO", manuIO);
+        frame.In("manu_sizeIO", manu_sizeIO);
+        FillText(nameIO, name_sizeIO, {});
+        FillText(manuIO, manu_sizeIO, {});
+        const Velmor& session = *Velmor::getVelmor();
+        if (session.detectedPhoneId.IsEmpty()) {
+            return -1;
+        }
+        const auto phone = RowById(session.phones, session.detectedPhoneId);
+        const auto manufacturer =
+            RowById(session.manufacturers, CellText(phone, schema::kManufacturerID));
+        FillText(nameIO, name_sizeIO, CellText(phone, schema::kName));
+        FillText(manuIO, manu_sizeIO, CellText(manufacturer, schema::kName));
+        frame.Out("nameIO", nameIO, name_sizeIO);
+        frame.Out("name_sizeIO", name_sizeIO);
+        frame.Out("manuIO", manuIO, manu_sizeIO);
+        frame.Out("manu_sizeIO", manu_sizeIO);
+        return phone ? vel::ReadNumber(session.detectedPhoneId.c_str(), -1) : -1;
+    });
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "dun/dial_texts.h"
+
+#include "api/schema.h"
+
+using vel::String;
+
+namespace {
+
+// The placeholders and the columns of a setting that replace them, in this order: a value may bring
+// in a placeholder that comes later.
+const struct {
+    const char* placeholder;
+    const char* column;
+    const char* message;
+} kPlaceholders[] = {
+    {"%APN%", "APN", "Replacing %APN% with "},
+    {"%NUM%", "NUM", "Replacing %NUM% with "},
+    {"%VAR1%", "VAR1", "Replacing %VAR1% with "},
+};
+
+void Trace(CallFrame& frame, const DialTexts& texts) {
+    frame.Line(texts.initialization.c_str());
+    frame.Line(texts.dial.c_str());
+}
+
+}  // namespace
+
+PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
+    Conditions conditions;
+    conditions.Add(schema::kPhoneID, phoneId);
+    conditions.Add(schema::kNetworkType, networkType);
+    rows_ = FindRows(Velmor::getVelmor()->basicDUNForPhone, conditions);
+}
+
+DialTexts PhoneRows::TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& setting) const {
+    DialTexts texts;
+    if (!IsUnique()) {
+        return texts;
+    }
+    const auto phone = RowAt(rows_, 0);
+    texts.initialization = CellText(phone, schema::kInitializationString).ToString();
+    texts.dial = CellText(phone, schema::kDialString).ToString();
+    if (!setting) {
+        return texts;
+    }
+    Trace(frame, texts);
+    for (const auto& [placeholder, column, message] : kPlaceholders) {
+        const String value = CellText(setting, column).ToString();
+        frame.Line(message, value.c_str());
+        texts.initialization = texts.initialization.Replace(placeholder, value);
+        texts.dial = texts.dial.Replace(placeholder, value);
+    }
+    Trace(frame, texts);
+    return texts;
+}
+
+String NetworkType(const String& networkId) {
+    const auto network = RowById(Velmor::getVelmor()->networks, networkId);
+    return CellText(network, schema::kNetworkType).ToString();
+}
