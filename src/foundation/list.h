@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <utility>
+
 #include "foundation/index_exception.h"
 
 namespace vel {
@@ -41,10 +43,10 @@ class List {
     List& operator=(const List&) = delete;
     ~List() { RemoveAll(); }
 
-    // Appends a copy, unless duplicates are refused and an equal element is held.
-    void Add(const T& element) {
+    // Appends the element, unless duplicates are refused and an equal one is held.
+    void Add(T element) {
         if (allowDuplicates || !Contains(element)) {
-            Link(element);
+            Link(std::move(element));
         }
     }
 
@@ -104,9 +106,9 @@ class List {
         Node* next;
     };
 
-    // Appends a copy and returns it.
-    T& Link(const T& element) {
-        Node* node = new Node{element, nullptr};
+    // Appends the element and returns it.
+    T& Link(T element) {
+        Node* node = new Node{std::move(element), nullptr};
         (tail == nullptr ? head : tail->next) = node;
         tail = node;
         ++count;

@@ -30,6 +30,7 @@ bool operator==(const TextView& view, const char* text) {
 
 Record::Record(const Array<String>& fields) {
     for (int i = 0; i < fields.count; ++i) {
+        Reserve(fields[i].Length() + 1);
         for (int k = 0; k < fields[i].Length(); ++k) {
             Append(fields[i].data[k]);
         }
@@ -46,7 +47,7 @@ void Record::DropUnfinished() {
 }
 
 void Record::EndField() {
-    bytes_.Append('\0');
+    Append('\0');
     ends_.Append(bytes_.count);
 }
 

@@ -38,8 +38,10 @@ class Record {
     void Clear();
     // Drops what has been appended since the last field ended.
     void DropUnfinished();
-    // Adds to the field under construction, or ends it.
-    void Append(char c) { bytes_.Append(c); }
+    // Makes room for `bytes` more in all, fields' ends included.
+    void Reserve(int bytes) { bytes_.internalEnsureSpace(bytes); }
+    // Adds to the field under construction, or ends it. REQUIRES: room for the byte.
+    void Append(char c) { bytes_.data[bytes_.count++] = c; }
     void EndField();
 
     int get_Count() const { return ends_.count; }

@@ -48,35 +48,27 @@ String& String::operator=(const char* s) {
     return *this;
 }
 
-void String::Append(char c) {
+void String::Append(const char* bytes, int length) {
+    if (length <= 0) {
+        return;
+    }
     if (data == nullptr) {
         count = capacity = 0;
     }
-    if (!internalEnsureSpace(count > 0 ? 1 : 2)) {
+    if (!internalEnsureSpace(count > 0 ? length : length + 1)) {
         return;
     }
-    if (count > 0) {
-        --count;
-    }
-    data[count++] = c;
-    data[count++] = '\0';
+    const int end = (count > 0 ? count - 1 : 0) + length;
+    std::memcpy(data + end - length, bytes, static_cast<std::size_t>(length));
+    data[end] = '\0';
+    count = end + 1;
 }
 
 String String::operator+(const String& other) const {
     String sum(*this);
-    if (other.First() == '\0') {
-        return sum;
+    if (other.First() != '\0') {
+        sum.Append(other.data, CountOf(other.data) - 1);
     }
-    if (sum.data == nullptr) {
-        sum.Clear();
-    }
-    const int length = CountOf(other.data) - 1;
-    if (sum.count > 0) {
-        --sum.count;
-    }
-    sum.internalEnsureSpace(length + 1);
-    std::memcpy(sum.data + sum.count, other.data, static_cast<std::size_t>(length) + 1);
-    sum.count += length + 1;
     return sum;
 }
 
@@ -122,19 +114,13 @@ String String::Replace(const String& what, const String& with) const {
     String result(nullptr);
     result.Clear();
     result.growBy = growBy;
-    int i = 0;
-    for (int match = FindOne(what, 0); match >= 0; match = FindOne(what, i)) {
-        for (; i < match; ++i) {
-            result.Append(data[i]);
-        }
-        for (int k = 0; k < withLength; ++k) {
-            result.Append(with.data[k]);
-        }
-        i += length;
+    int start = 0;
+    for (int match = FindOne(what, 0); match >= 0; match = FindOne(what, start)) {
+        result.Append(data + start, match - start);
+        result.Append(with.data, withLength);
+        start = match + length;
     }
-    for (; i < count - 1; ++i) {
-        result.Append(data[i]);
-    }
+    result.Append(data + start, count - 1 - start);
     return String(result);  // a copy has no spare room
 }
 

@@ -34,8 +34,10 @@ class String : public Array<char> {
     String& operator=(String&& other) noexcept = default;
     String& operator=(const char* s);
 
-    // Appends one character. The capacity grows by the quantum only when there is no room.
-    void Append(char c);
+    // Appends one character, or `length` of them. The capacity grows by the quantum only when there
+    // is no room.
+    void Append(char c) { Append(&c, 1); }
+    void Append(const char* bytes, int length);
 
     // This text followed by that of `other`.
     String operator+(const String& other) const;

