@@ -54,7 +54,7 @@ Pointer<IRow> Ask(const Question& question, const ResponseBuffer& response, Rows
         ATCommand(attempt.command, answer, attempt.line);
         response.Fill(answer);
         ATCompress(answer, question.recipe);
-        const auto row = RowAt(rowsFor(answer), 0);
+        auto row = RowAt(rowsFor(answer), 0);
         if (row) {
             return row;
         }
@@ -67,7 +67,7 @@ String DetectManufacturer(CallFrame& frame, const Velmor& session, const Respons
         return FindRows(session.manufacturerIdentification,
                         Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(answer)));
     });
-    const String id = CellText(row, schema::kManufacturerID).ToString();
+    String id = CellText(row, schema::kManufacturerID).ToString();
     if (row) {
         frame.Line2("Manufacturer Detected !", id);
     }
@@ -82,7 +82,7 @@ String DetectPhone(CallFrame& frame, const Velmor& session, const ResponseBuffer
         conditions.Add(schema::kPhoneResponse, answer);
         return FindRows(session.phoneIdentification, conditions);
     });
-    const String id = CellText(row, schema::kPhoneID).ToString();
+    String id = CellText(row, schema::kPhoneID).ToString();
     if (row) {
         frame.Line2("Phone Detected !", id);
     }

@@ -13,8 +13,9 @@ namespace {
 using TextField = char (Velmor_DUNSetting::*)[VELMOR_TEXT_SIZE];
 
 // The layout is the interface: fourteen texts and a number, without padding.
-#define VELMOR_FIELD_AT(field, position) \
-    static_assert(offsetof(Velmor_DUNSetting, field) == (position)*VELMOR_TEXT_SIZE, #field)
+#define VELMOR_FIELD_AT(field, position)                                                          \
+    static_assert(offsetof(Velmor_DUNSetting, field) == std::size_t{position} * VELMOR_TEXT_SIZE, \
+                  #field)
 VELMOR_FIELD_AT(InitializationString, 0);
 VELMOR_FIELD_AT(DialString, 1);
 VELMOR_FIELD_AT(Dns1, 2);
