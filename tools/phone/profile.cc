@@ -115,7 +115,7 @@ class Parser {
             }
             answers.push_back({"", Framed(text), ""});
         } else if (answers.empty()) {
-            Fail("an unsolicited line belongs below an answer to its command");
+            Fail("an unsolicited line belongs below an answer");
         } else {
             (kind == '<' ? answers.back().before : answers.back().after) += text + "\r\n";
         }
@@ -160,7 +160,7 @@ class Parser {
         } else if (key == "flood") {
             profile_.flood = Unescaped(value) + "\r\n";
         } else {
-            Fail("\"" + key + "\" has no such value or is not known");
+            Fail("no such key, or no such value of it");
         }
     }
 
