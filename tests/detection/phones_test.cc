@@ -32,7 +32,8 @@ TEST(Profile, Answers) {
         {"AT+X: OK\nAT+X:< *A\nAT+X:> *B", "AT+X\r", "*A\r\nAT+X\r\r\nOK\r\n*B\r\n"},
         {"AT+X:=", "AT+X\rat+y\r", "AT+X\rat+y\r\r\nERROR\r\n"},
         {"echo = off\nunknown =\nATI0: I", "\rAT+X\rATI\r", "\r\nI\r\n\r\nOK\r\n"},
-        {"", "ATE0\rAT\rATZ\rAT\r", "ATE0\r\r\nOK\r\n\r\nOK\r\n\r\nOK\r\nAT\r\r\nOK\r\n"},
+        {"", "ATE0V1\rAT\rATZ\rAT\r", "ATE0V1\r\r\nOK\r\n\r\nOK\r\n\r\nOK\r\nAT\r\r\nOK\r\n"},
+        {"echo = off\nATE1: ERROR", "ate1\rAT\r", "\r\nERROR\r\n\r\nOK\r\n"},
         {"echo = off\nATD*: BUSY", "AT+CGDCONT=1\rATD*99#\r", "\r\nOK\r\n\r\nBUSY\r\n"},
         {"flood = F\ndisconnect = 8", "AT\r", "AT\rF\r\nF\r"},
         {"echo = off\npause = 3 1", "AT\r", "\r\nO"},
@@ -58,24 +59,29 @@ TEST(Profiles, AreDetectedAsTheySay) {
                                ReadFile(VELMOR_DATA_DIR "/phones.source") +
                                ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
     ASSERT_EQ(Velmor_Initialise("catalogue", ScriptedPhone::Read, ScriptedPhone::Send), 0);
+    char name[80];
+    char maker[80];
+    Velmor_DUNSetting setting;
     int known = 0;
     for (const auto& file : std::filesystem::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
         SCOPED_TRACE(file.path().filename());
         const Profile profile = ReadProfile(file.path());
         ScriptedPhone::Play(profile);
-        char name[80];
-        char maker[80];
         EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80),
                   (profile.phone + profile.network).empty() ? -1 : 0);
         const bool found = Velmor_GetDetectedPhone(0, name, 80, maker, 80) >= 0;
         EXPECT_EQ(found ? maker + std::string(": ") + name : "", profile.phone);
         EXPECT_EQ(found, profile.undetectable.empty());
-        Velmor_DUNSetting setting;
         Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting);
         EXPECT_EQ(setting.DisplayName, profile.network);
         known += found ? 1 : 0;
     }
     EXPECT_GE(known, 56);
+    for (long i = 0, id = -1; i < Velmor_GetNrOfPhones(0); ++i) {
+        EXPECT_EQ(Velmor_GetPhoneByIndex(0, i, &id, name, 80), 0);
+        Velmor_GetDUNSetting(0, id, 1, &setting);
+        EXPECT_STREQ(setting.DialString, "ATD*99***1#") << name;
+    }
     Velmor_DeInitialise();
 }
 

@@ -106,7 +106,7 @@ class Parser {
         at += kind == '=' || kind == '<' || kind == '>' ? 1 : 0;
         at += at < line.size() && line[at] == ' ' ? 1 : 0;
         const std::string text = Unescaped(line.substr(std::min(at, line.size())));
-        std::vector<Profile::Answer>& answers = profile_.answers[line.substr(0, colon)];
+        std::vector<Profile::Answer>& answers = profile_.answers[Trimmed(line.substr(0, colon))];
         if (kind == '=') {
             answers.push_back({"", text, ""});
         } else if (kind != '<' && kind != '>') {

@@ -5,16 +5,25 @@
 
 namespace {
 
+const char kOk[] = "\r\nOK\r\n";
+
 // What every phone of the simulator knows unless its profile says otherwise, in the form of the
-// profile's own commands. wvdial, chat and gammu begin with these.
+// profile's own commands: what wvdial, chat and gammu send around a call.
 const struct {
     const char* command;
     const char* answer;
 } kBuiltIn[] = {
-    {"AT", "\r\nOK\r\n"},   {"AT+CGDCONT=*", "\r\nOK\r\n"}, {"ATD*", "\r\nCONNECT\r\n"},
-    {"ATE*", "\r\nOK\r\n"}, {"ATH*", "\r\nOK\r\n"},         {"ATQ*", "\r\nOK\r\n"},
-    {"ATS*", "\r\nOK\r\n"}, {"ATV*", "\r\nOK\r\n"},         {"ATX*", "\r\nOK\r\n"},
-    {"ATZ*", "\r\nOK\r\n"}, {"AT&*", "\r\nOK\r\n"},
+    {"AT", kOk},
+    {"AT&*", kOk},
+    {"ATE*", kOk},
+    {"ATH*", kOk},
+    {"ATQ*", kOk},
+    {"ATS*", kOk},
+    {"ATV*", kOk},
+    {"ATX*", kOk},
+    {"AT+CGDCONT=*", kOk},
+    {"ATZ*", kOk},
+    {"ATD*", "\r\nCONNECT\r\n"},
 };
 
 bool Covers(const std::string& pattern, const std::string& command) {
@@ -71,20 +80,18 @@ void SimulatedPhone::Execute(const std::string& line) {
     }
     Say(answer.bytes);
     Say(answer.after);
-    if (command == "ATE0" || command == "ATE1") {
-        echo_ = command == "ATE1";
-    } else if (command == "ATZ") {
+    if (answer.bytes == kOk && Covers("ATE*", command)) {
+        echo_ = Covers("ATE1*", command);
+    } else if (answer.bytes == kOk && Covers("ATZ*", command)) {
         echo_ = profile_.echo;
     }
 }
 
 Profile::Answer SimulatedPhone::Find(const std::string& command) {
     auto found = profile_.answers.find(command);
-    for (auto i = profile_.answers.begin(); found == profile_.answers.end() && i != found; ++i) {
-        if (Covers(i->first, command)) {
-            found = i;
-            break;
-        }
+    if (found == profile_.answers.end()) {
+        found = std::find_if(profile_.answers.begin(), profile_.answers.end(),
+                             [&](const auto& entry) { return Covers(entry.first, command); });
     }
     if (found != profile_.answers.end()) {
         std::vector<Profile::Answer>& answers = found->second;
