@@ -95,7 +95,7 @@ Profile::Answer SimulatedPhone::Find(const std::string& command) {
     }
     if (found != profile_.answers.end()) {
         std::vector<Profile::Answer>& answers = found->second;
-        const Profile::Answer answer = answers.front();
+        Profile::Answer answer = answers.front();
         if (answers.size() > 1) {
             answers.erase(answers.begin());
         }
