@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "phone/simulated_phone.h"
+
+// A simulated phone behind the host's callbacks: pass ScriptedPhone::Read and ScriptedPhone::Send
+// to Velmor_Initialise. There is one; Play replaces it and clears the records.
+struct ScriptedPhone {
+    static inline std::optional<SimulatedPhone> phone;
+    static inline long reads = 0;                 // calls of Read, the failed ones included
+    static inline long timeout = 0;               // what the last one got
+    static inline std::vector<std::string> sent;  // what each call of Send got
+
+    static void Play(const Profile& profile) {
+        phone.emplace(profile);
+        reads = timeout = 0;
+        sent.clear();
+    }
+    // The text of a profile, for instance "echo = off\nAT+CGMI: Acme\n".
+    static void Play(const std::string& text) { Play(ParseProfile(text, "script")); }
+
+    static long Read(char* buffer, long count, long readTimeout) {
+        ++reads;
+        timeout = readTimeout;
+        const std::optional<char> next = count == 1 ? phone->Next() : std::nullopt;
+        *buffer = next.value_or('\0');
+        return next ? 1 : 0;
+    }
+    static long Send(const char* buffer, long length) {
+        sent.emplace_back(buffer, static_cast<std::size_t>(length));
+        return static_cast<long>(phone->Receive(sent.back()));
+    }
+};

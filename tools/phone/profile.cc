@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "phone/profile.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace {
+
+bool StartsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
+// Whether the text is a result code, which a phone sends alone, without an OK after it.
+bool IsResultCode(const std::string& text) {
+    for (const char* code :
+         {"OK", "ERROR", "NO CARRIER", "NO DIALTONE", "NO ANSWER", "BUSY", "COMMAND NOT SUPPORT"}) {
+        if (text == code) {
+            return true;
+        }
+    }
+    return text == "CONNECT" || StartsWith(text, "CONNECT ") || StartsWith(text, "+CME ERROR:") ||
+           StartsWith(text, "+CMS ERROR:");
+}
+
+std::string Framed(const std::string& text) {
+    std::string bytes = "\r\n";
+    for (const char c : text) {
+        bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    bytes += "\r\n";
+    return IsResultCode(text) ? bytes : bytes + "\r\nOK\r\n";
+}
+
+// Reads a profile line by line; a failure says where it stands.
+class Parser {
+  public:
+    explicit Parser(std::string name) : name_(std::move(name)) {}
+
+    Profile Parse(const std::string& text) {
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = std::min(text.find('\n', at), text.size());
+            std::string line = text.substr(at, end - at);
+            at = end + 1;
+            ++number_;
+            if (!line.empty() && line.back() == '\r') {
+                line.pop_back();
+            }
+            if (StartsWith(line, "AT")) {
+                ParseAnswer(line);
+            } else if (line.find_first_not_of(" \t") != std::string::npos && line[0] != '#') {
+                ParseSetting(line);
+            }
+        }
+        return std::move(profile_);
+    }
+
+  private:
+    [[noreturn]] void Fail(const std::string& what) const {
+        throw std::runtime_error(name_ + ": line " + std::to_string(number_) + ": " + what);
+    }
+
+    std::string Unescaped(const std::string& text) const {
+        std::string bytes;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (text[i] != '\\') {
+                bytes += text[i];
+                continue;
+            }
+            const std::map<char, char> simple = {
+                {'r', '\r'}, {'n', '\n'}, {'t', '\t'}, {'\\', '\\'}};
+            const char kind = ++i < text.size() ? text[i] : '\0';
+            unsigned code = 0;
+            if (kind == 'x' && i + 2 < text.size() &&
+                std::from_chars(&text[i + 1], &text[i + 1] + 2, code, 16).ptr == &text[i + 1] + 2) {
+                bytes += static_cast<char>(code);
+                i += 2;
+            } else if (const auto found = simple.find(kind); found != simple.end()) {
+                bytes += found->second;
+            } else {
+                Fail("an escape is one of \\r \\n \\t \\\\ \\xNN");
+            }
+        }
+        return bytes;
+    }
+
+    unsigned Number(const std::string& text) const {
+        unsigned number = 0;
+        const char* end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, number);
+        if (text.empty() || error != std::errc() || stop != end) {
+            Fail("\"" + text + "\" is not a number");
+        }
+        return number;
+    }
+
+    void ParseAnswer(const std::string& line) {
+        const std::size_t colon = line.find(':');
+        if (colon == std::string::npos) {
+            Fail("no colon after the command");
+        }
+        std::size_t at = colon + 1;
+        const char kind = at < line.size() ? line[at] : '\0';
+        at += kind == '=' || kind == '<' || kind == '>' ? 1 : 0;
+        at += at < line.size() && line[at] == ' ' ? 1 : 0;
+        const std::string text = Unescaped(line.substr(std::min(at, line.size())));
+        std::vector<Profile::Answer>& answers = profile_.answers[Trimmed(line.substr(0, colon))];
+        if (kind == '=') {
+            answers.push_back({"", text, ""});
+        } else if (kind != '<' && kind != '>') {
+            if (text.empty()) {
+                Fail("no answer; \":=\" alone makes silence");
+            }
+            answers.push_back({"", Framed(text), ""});
+        } else if (answers.empty()) {
+            Fail("an unsolicited line belongs below an answer");
+        } else {
+            (kind == '<' ? answers.back().before : answers.back().after) += text + "\r\n";
+        }
+    }
+
+    void ParseSetting(const std::string& line) {
+        const std::size_t equals = line.find('=');
+        if (equals == std::string::npos) {
+            Fail("neither \"key = value\" nor \"COMMAND: answer\"");
+        }
+        const std::string key = Trimmed(line.substr(0, equals));
+        const std::string value = Trimmed(line.substr(equals + 1));
+        const std::map<std::string, std::string*> texts = {
+            {"maker", &profile_.maker},     {"name", &profile_.name},
+            {"source", &profile_.source},   {"phone", &profile_.phone},
+            {"network", &profile_.network}, {"undetectable", &profile_.undetectable},
+        };
+        if (const auto found = texts.find(key); found != texts.end()) {
+            *found->second = value;
+        } else if (key == "echo" && (value == "on" || value == "off")) {
+            profile_.echo = value == "on";
+        } else if (key == "unknown") {
+            profile_.unknown = value.empty() ? "" : Framed(Unescaped(value));
+        } else if (key == "delay") {
+            profile_.delay = Number(value);
+        } else {
+            ParseFault(key, value);
+        }
+    }
+
+    void ParseFault(const std::string& key, const std::string& value) {
+        if (key == "pause") {
+            const std::size_t blank = value.find(' ');
+            const std::string where = value.substr(0, blank);
+            const unsigned reads =
+                Number(blank == std::string::npos ? "" : value.substr(blank + 1));
+            (where == "every" ? profile_.pauseEvery : profile_.pauses[Number(where)]) = reads;
+        } else if (key == "accepts") {
+            profile_.accepts = Number(value);
+        } else if (key == "disconnect") {
+            profile_.disconnect = Number(value);
+        } else if (key == "flood") {
+            profile_.flood = Unescaped(value) + "\r\n";
+        } else {
+            Fail("no such key, or no such value of it");
+        }
+    }
+
+    static std::string Trimmed(const std::string& text) {
+        const std::size_t start = text.find_first_not_of(" \t");
+        return start == std::string::npos
+                   ? ""
+                   : text.substr(start, text.find_last_not_of(" \t") + 1 - start);
+    }
+
+    std::string name_;
+    int number_ = 0;
+    Profile profile_;
+};
+
+}  // namespace
+
+Profile ParseProfile(const std::string& text, const std::string& name) {
+    return Parser(name).Parse(text);
+}
+
+Profile ReadProfile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    if (!file) {
+        throw std::runtime_error(path + ": cannot be read");
+    }
+    return ParseProfile(text, path);
+}

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "phone/simulated_phone.h"
+
+#include <algorithm>
+
+namespace {
+
+const char kOk[] = "\r\nOK\r\n";
+
+// What every phone of the simulator knows unless its profile says otherwise, in the form of the
+// profile's own commands: what wvdial, chat and gammu send around a call.
+const struct {
+    const char* command;
+    const char* answer;
+} kBuiltIn[] = {
+    {"AT", kOk},
+    {"AT&*", kOk},
+    {"ATE*", kOk},
+    {"ATH*", kOk},
+    {"ATQ*", kOk},
+    {"ATS*", kOk},
+    {"ATV*", kOk},
+    {"ATX*", kOk},
+    {"AT+CGDCONT=*", kOk},
+    {"ATZ*", kOk},
+    {"ATD*", "\r\nCONNECT\r\n"},
+};
+
+bool Covers(const std::string& pattern, const std::string& command) {
+    return pattern == command ||
+           (pattern.back() == '*' &&
+            command.compare(0, pattern.size() - 1, pattern, 0, pattern.size() - 1) == 0);
+}
+
+// The command as profiles write it: in capitals, without blanks around it, ATI as ATI0.
+std::string Canonical(std::string line) {
+    line.erase(0, line.find_first_not_of(' '));
+    line.erase(line.find_last_not_of(' ') + 1);
+    std::transform(line.begin(), line.end(), line.begin(), [](char c) {
+        return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return line == "ATI" ? "ATI0" : line;
+}
+
+}  // namespace
+
+SimulatedPhone::SimulatedPhone(Profile profile)
+    : profile_(std::move(profile)), echo_(profile_.echo) {}
+
+std::size_t SimulatedPhone::Receive(const std::string& bytes) {
+    if (Gone()) {
+        return 0;
+    }
+    const std::size_t accepted = std::min(bytes.size(), profile_.accepts.value_or(bytes.size()));
+    for (std::size_t i = 0; i < accepted; ++i) {
+        if (bytes[i] == '\r') {
+            Execute(line_);
+            line_.clear();
+        } else if (bytes[i] != '\n') {
+            line_ += bytes[i];
+        }
+    }
+    return accepted;
+}
+
+void SimulatedPhone::Execute(const std::string& line) {
+    const std::string command = Canonical(line);
+    const Profile::Answer answer = Find(command);
+    position_ = 0;
+    Say(answer.before);
+    if (echo_) {
+        Say(line + "\r");
+    }
+    if (command.empty()) {
+        return;
+    }
+    flooding_ = !profile_.flood.empty();
+    if (flooding_) {
+        return;
+    }
+    Say(answer.bytes);
+    Say(answer.after);
+    if (answer.bytes == kOk && Covers("ATE*", command)) {
+        echo_ = Covers("ATE1*", command);
+    } else if (answer.bytes == kOk && Covers("ATZ*", command)) {
+        echo_ = profile_.echo;
+    }
+}
+
+Profile::Answer SimulatedPhone::Find(const std::string& command) {
+    auto found = profile_.answers.find(command);
+    if (found == profile_.answers.end()) {
+        found = std::find_if(profile_.answers.begin(), profile_.answers.end(),
+                             [&](const auto& entry) { return Covers(entry.first, command); });
+    }
+    if (found != profile_.answers.end()) {
+        std::vector<Profile::Answer>& answers = found->second;
+        Profile::Answer answer = answers.front();
+        if (answers.size() > 1) {
+            answers.erase(answers.begin());
+        }
+        return answer;
+    }
+    for (const auto& entry : kBuiltIn) {
+        if (Covers(entry.command, command)) {
+            return {"", entry.answer, ""};
+        }
+    }
+    return {"", profile_.unknown, ""};
+}
+
+void SimulatedPhone::Say(const std::string& bytes) {
+    for (const char value : bytes) {
+        const auto pause = profile_.pauses.find(position_++);
+        queue_.push_back(
+            {value, pause == profile_.pauses.end() ? profile_.pauseEvery : pause->second});
+    }
+}
+
+bool SimulatedPhone::Pending() const {
+    return !Gone() && (flooding_ || !queue_.empty());
+}
+
+std::optional<char> SimulatedPhone::Next() {
+    if (!Pending()) {
+        return std::nullopt;
+    }
+    if (queue_.empty()) {
+        Say(profile_.flood);
+    }
+    if (queue_.front().pauses > 0) {
+        --queue_.front().pauses;
+        return std::nullopt;
+    }
+    const char value = queue_.front().value;
+    queue_.pop_front();
+    ++sent_;
+    return value;
+}
