@@ -119,13 +119,14 @@ Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
 
 void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
     String key;
-    String answer;
-    ATCommand("AT+CIMI\r", answer, kLastLine);
-    AppendImsiDigits(key, answer);
+    String imsi;
+    ATCommand("AT+CIMI\r", imsi, kLastLine);
+    AppendImsiDigits(key, imsi);
     auto row = FindNetwork(session, key);
     if (!row) {
-        ATCommand("AT+COPS?\r", answer, kLastLine);
-        AppendOperatorName(key, answer);  // Kept: behind the digits, if there were any
+        String name;
+        ATCommand("AT+COPS?\r", name, kLastLine);
+        AppendOperatorName(key, name);  // Kept: behind the digits, if there were any
         row = FindNetwork(session, key);
     }
     if (!row) {

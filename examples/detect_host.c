@@ -1,0 +1,72 @@
+/* SPDX-License-Identifier: MIT
+ * A host with a phone on a serial device: detects it and prints the settings that fit.
+ * detect_host CATALOGUE DEVICE */
+#define _DEFAULT_SOURCE
+#include <fcntl.h>
+#include <poll.h>
+#include <stdio.h>
+#include <termios.h>
+#include <time.h>
+#include <unistd.h>
+#include <velmor.h>
+
+static int device;
+static time_t give_up; /* a phone that never stops sending is not listened to for ever */
+
+/* Waits for a byte; the catalogue's AT-TIME-OUT is taken for milliseconds. */
+static long read_byte(char* buffer, long count, long timeout) {
+    struct pollfd waiting = {device, POLLIN, 0};
+    if (time(NULL) >= give_up || poll(&waiting, 1, timeout < 0 ? 1000 : (int)timeout) != 1) {
+        return 0;
+    }
+    return read(device, buffer, (size_t)count);
+}
+
+static long send_command(const char* buffer, long length) {
+    give_up = time(NULL) + 10;
+    return write(device, buffer, (size_t)length);
+}
+
+static int open_device(const char* path) {
+    struct termios line;
+    device = open(path, O_RDWR | O_NOCTTY);
+    if (device < 0 || tcgetattr(device, &line) != 0) {
+        return -1;
+    }
+    cfmakeraw(&line);
+    return tcsetattr(device, TCSANOW, &line);
+}
+
+static void print_settings(void) {
+    Velmor_DUNSetting setting;
+    long i, count = 0;
+    Velmor_GetNrDetectedDUNSettings(0, &count);
+    for (i = 0; i < count; ++i) {
+        const long result = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting);
+        printf("%.256s (%.256s): %s\n  %.256s\n  %.256s\n  user %.256s, password %.256s\n",
+               setting.DisplayName, setting.Country,
+               result == 0 ? "ready to dial" : "not known for this phone",
+               setting.InitializationString, setting.DialString, setting.DefaultUser,
+               setting.DefaultPassword);
+    }
+}
+
+int main(int argc, char** argv) {
+    char maker[64], model[64];
+    if (argc != 3 || open_device(argv[2]) != 0) {
+        fprintf(stderr, "usage: detect_host CATALOGUE DEVICE\n");
+        return 2;
+    }
+    if (Velmor_Initialise(argv[1], read_byte, send_command) != 0) {
+        fprintf(stderr, "no usable catalogue\n");
+        return 2;
+    }
+    const long result = Velmor_DetectPhoneAndNetwork(0, maker, sizeof maker, model, sizeof model);
+    printf("the phone says: %.64s, %.64s\n", maker, model);
+    if (Velmor_GetDetectedPhone(0, model, sizeof model, maker, sizeof maker) >= 0) {
+        printf("this is: %.64s %.64s\n", maker, model);
+    }
+    print_settings();
+    Velmor_DeInitialise();
+    return result == 0 ? 0 : 1;
+}

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "detection/at_command.h"
+
+#include "detection/at_compress.h"
+#include "support/scripted_phone.h"
+#include "support/session.h"
+
+using vel::String;
+
+namespace {
+
+class ATCommands : public SessionTest {
+  protected:
+    void Start(const SampleSource& source = {}) {
+        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
+    }
+};
+
+TEST_F(ATCommands, RelevantLine) {
+    const struct {
+        const char* name;
+        const char* profile;
+        int line, status;
+        const char* response;
+    } rows[] = {
+        {"first line", "AT+CGMI: NAME", 0, 0, "NAME"},
+        {"last line", "AT+CGMI: NAME", -1, 0, "NAME"},
+        {"the final line counts", "AT+CGMI: NAME", 1, 0, "OK"},
+        {"index too large", "AT+CGMI: NAME", 2, 0, ""},
+        {"second of three", "AT+CGMI: A\\nB\\nC", 1, 0, "B"},
+        {"no echo, by index", "echo = off\nAT+CGMI: NAME", 0, 0, ""},
+        {"no echo, last line", "echo = off\nAT+CGMI: NAME", -1, 0, "NAME"},
+        {"no echo, no line break ahead", "echo = off\nAT+CGMI:= NAME\\r\\nOK\\r\\n", 0, 0, "NAME"},
+        {"no data: the echo", "AT+CGMI:= \\r\\nOK\\r\\n", -1, 0, "AT+CGMI"},
+        {"two characters are too few", "AT+CGMI:= \\r\\nA\\n\\r\\nOK\\r\\n", -1, 0, "AT+CGMI"},
+        {"three are a line", "AT+CGMI:= \\r\\nA\\r\\n\\r\\nOK\\r\\n", -1, 0, "A"},
+        {"a line of returns empties it", "AT+CGMI:= \\r\\nNAME\\r\\n\\r\\r\\nOK\\r\\n", -1, 0, ""},
+        {"a NUL in the line", "AT+CGMI:= \\r\\n\\x00\\r\\nOK\\r\\n", -1, 0, ""},
+        {"ERROR", "AT+CGMI: ERROR", -1, 1, ""},
+        {"ERROR after data", "AT+CGMI:= \\r\\nNAME\\r\\nERROR\\r\\n", 0, 1, ""},
+        {"an error in words ends nothing", "AT+CGMI: +CME ERROR: 10", -1, 1, "+CME ERROR: 10"},
+        {"nor does OK without a return", "AT+CGMI:= \\r\\nNAME\\r\\nOK\\n", -1, 1, "OK"},
+        {"a word that ends in OK does", "AT+CGMI:= \\r\\nNAME\\r\\nNOOK\\r\\n", -1, 0, "NAME"},
+        {"text behind ERROR", "AT+CGMI:= ERROR\\r\\r\\nOK\\r\\n", -1, 0, "AT+CGMI"},
+        {"other line ends", "AT+CGMI:= \\n\\rNAME\\n\\rOK\\r\\n", 0, 0, "NAME"},
+        {"silence", "AT+CGMI:=", -1, 1, ""},
+        {"cut off", "AT+CGMI:= \\r\\nNAME\\r\\nOK", -1, 1, "NAME"},
+        {"short send", "accepts = 3\nAT+CGMI: NAME", -1, 1, ""},
+    };
+    Start();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ScriptedPhone::Play(row.profile);
+        String response("before");
+        EXPECT_EQ(ATCommand("AT+CGMI\r", response, row.line), row.status);
+        EXPECT_STREQ(response.c_str(), row.response);
+    }
+    ScriptedPhone::Play("accepts = 3");
+    String response;
+    ATCommand("AT+CGMI\r", response, -1);
+    EXPECT_EQ(ScriptedPhone::reads, 0);
+    Velmor_DeInitialise();
+    ScriptedPhone::Play("AT+CGMI: NAME");
+    EXPECT_EQ(ATCommand("AT+CGMI\r", response, -1), 1);
+    EXPECT_TRUE(ScriptedPhone::sent.empty());
+}
+
+TEST_F(ATCommands, ReadAttemptsAndTimeOut) {
+    const struct {
+        const char *retry, *timeOut, *pause;
+        int status;
+        long reads, timeout;
+    } rows[] = {
+        {"", "", "0 0", 0, 22, -1},     {"", "x", "8 1", 1, 9, -1},
+        {"0", "100", "8 1", 1, 9, 100}, {"3", "-5", "8 3", 0, 25, -5},
+        {"3", "7", "8 4", 1, 12, 7},    {"3", "99999999999", "every 3", 0, 88, INT32_MAX},
+        {"x", "0", "0 1", 1, 1, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.retry << ", pause " << row.pause);
+        Start(SampleSource()
+                  .Replace("#AT-RETRY#3#", std::string("#AT-RETRY#") + row.retry + "#")
+                  .Replace("#AT-TIME-OUT#100#", std::string("#AT-TIME-OUT#") + row.timeOut + "#"));
+        ScriptedPhone::Play(std::string("AT+CGMI: NAME\npause = ") + row.pause);
+        String response;
+        EXPECT_EQ(ATCommand("AT+CGMI\r", response, -1), row.status);
+        EXPECT_EQ(ScriptedPhone::reads, row.reads);  // the answer has 22 bytes
+        EXPECT_EQ(ScriptedPhone::timeout, row.timeout);
+    }
+}
+
+// The host's read is the only bound: a phone that sends on and on is read for as long as it lets.
+TEST_F(ATCommands, LastsAsLongAsTheHostReads) {
+    static long left;
+    static char sends;
+    const auto read = [](char* buffer, long, long) -> long {
+        *buffer = left % 16 == 0 ? sends : 'x';
+        return left-- > 0 ? 1 : 2;  // two bytes are no success
+    };
+    const auto send = [](const char*, long length) { return length; };
+    for (const char kind : {'x', '\n'}) {
+        ASSERT_EQ(Initialise(SampleSource().text(), read, send), 0);
+        left = 1 << 20;
+        sends = kind;
+        String response;
+        EXPECT_EQ(ATCommand("AT+CGMI\r", response, 0), 1);
+        EXPECT_EQ(left, -4);  // AT-RETRY is 3
+        EXPECT_EQ(response.Length(), kind == 'x' ? 0 : 15);
+    }
+}
+
+TEST_F(ATCommands, TraceOfEveryOutcome) {
+    Start(SampleSource().Traced());
+    for (const char* profile :
+         {"AT+CGMI: NAME", "AT+CGMI: ERROR", "AT+CGMI:= NAM", "accepts = 1"}) {
+        ScriptedPhone::Play(profile);
+        String response("before");
+        ATCommand("AT+CGMI\r", response, -1);
+    }
+    String answer("a-b");
+    ATCompress(answer, "PhoneIdentificationVariables");
+    ExpectLog("detection/at_command.log");
+}
+
+TEST_F(ATCommands, Compress) {
+    const struct {
+        const char *upperCase, *remove, *compress, *answer, *key;
+    } rows[] = {
+        {"Y", " -", "", "Acme-Mobile One", "ACMEMOBILEONE"},
+        {"", "", " ", "a  b", "a  b"},
+        {"y", "", " ", "a  b", "A B"},
+        {"Yes", "", " x", "a   bxx  yx x", "A BX YX X"},
+        {"no", "b", "", "abab", "aa"},
+        {"N", "", "", "abc", "abc"},
+        {"Y", "", "x", "XXxxXX", "XXXXX"},
+        {"Y", "", "", "\xe4{`az", "\xe4{`AZ"},
+        {"Y", "abc", "", "abc", ""},
+        {"Y", "a", "a", "", ""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.answer);
+        Start(SampleSource()
+                  .Without("PhoneIdentificationVariables")
+                  .Replace(
+                      "E#$_TABLE_BEGIN_$#Countries",
+                      std::string("E#$_TABLE_BEGIN_$#PhoneIdentificationVariables#Variable#Value#"
+                                  "\nE#MakeUpperCase#") +
+                          row.upperCase + "#\nE#RemoveCharacters#" + row.remove + "#\nE#Compress#" +
+                          row.compress + "#\nE#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#Countries"));
+        String answer(row.answer);
+        EXPECT_EQ(ATCompress(answer, "PhoneIdentificationVariables"), 0);
+        EXPECT_EQ(answer, String(row.key));
+        EXPECT_EQ(ATCompress(answer, "NoSuchRecipe"), 0);
+        EXPECT_EQ(answer, String(row.key));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include <cstring>
+
+#include "support/allocation.h"
+#include "support/scripted_phone.h"
+#include "support/session.h"
+
+namespace {
+
+const std::string kAcme = "AT+CGMI: Acme Mobile\nAT+CGMM: Acme X-100\n";
+const std::string kNorthtel = "AT+CIMI: 999011234567890\n";
+
+class Detection : public SessionTest {
+  protected:
+    void Start(const SampleSource& source = {}) {
+        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
+    }
+    long Detect(const std::string& profile) {
+        ScriptedPhone::Play(profile);
+        std::memset(maker, 0x55, sizeof maker);
+        std::memset(model, 0x55, sizeof model);
+        return Velmor_DetectPhoneAndNetwork(0, maker, 16, model, 8);
+    }
+    static long Settings() {
+        long count = -1;
+        EXPECT_EQ(Velmor_GetNrDetectedDUNSettings(0, &count), 0);
+        return count;
+    }
+    // The commands that were sent, without their "AT" and "\r".
+    static std::string Commands() {
+        std::string commands;
+        for (const std::string& command : ScriptedPhone::sent) {
+            commands += command.substr(2, command.size() - 3) + " ";
+        }
+        return commands;
+    }
+    char maker[24];
+    char model[24];
+};
+
+TEST_F(Detection, AsksUntilItKnows) {
+    const struct {
+        const char* name;
+        std::string profile, commands;
+        long result;
+        const char *phone, *network;
+        long settings;
+    } rows[] = {
+        {"all at the first attempt", kAcme + kNorthtel, "+CGMI +CGMM +CIMI ", 0, "10", "100", 2},
+        {"all at the last", "ATI0: BRONTEL\nATI3: Swift5\nAT+COPS?: +COPS: 0,0,\"Sud-Phone\",2",
+         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "20", "200", 1},
+        {"the second", "AT+GMI: Brontel\nAT+GMM: SWIFT5\n" + kNorthtel,
+         "+CGMI +GMI +CGMM +GMM +CIMI ", 0, "20", "100", 2},
+        {"the model of another maker", "AT+CGMI: Brontel\nAT+CGMM: ACME X100",
+         "+CGMI +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
+        {"a phone without a network", kAcme, "+CGMI +CGMM +CIMI +COPS? ", 0, "10", "", 0},
+        {"a network without a phone", kNorthtel, "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI ", 0, "", "100",
+         2},
+        {"digits among other characters", "AT+CIMI: +CIMI: 9 99-0x2 345",
+         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI ", 0, "", "101", 1},
+        {"too few digits", "AT+CIMI: 9990", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "",
+         0},
+        {"a name behind unknown digits", "AT+CIMI: 12345\nAT+COPS?: +COPS: 0,0,\"Northtel\"",
+         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
+        {"a name without its last quote", "AT+COPS?: +COPS: 0,0,\"Northtel",
+         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "", "100", 2},
+        {"silence", "unknown =", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
+    };
+    Start();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(Detect(row.profile), row.result);
+        EXPECT_EQ(Commands(), row.commands);
+        const Velmor& session = *Velmor::getVelmor();
+        EXPECT_STREQ(session.detectedPhoneId.c_str(), row.phone);
+        EXPECT_STREQ(session.detectedNetworkId.c_str(), row.network);
+        EXPECT_EQ(Settings(), row.settings);
+    }
+    Start(SampleSource()
+              .AddRow("NetworkIdentification", "#12345HILLTEL#101#")
+              .AddRow("ManufacturerIdentification", "##2#"));
+    EXPECT_EQ(Detect("unknown =\nAT+CIMI: 12345\nAT+COPS?: \"Hill-Tel\"\nAT+CGMM: SWIFT5"), 0);
+    EXPECT_EQ(Commands(), "+CGMI +CGMM +CIMI +COPS? ");  // an empty pattern takes silence too
+    EXPECT_EQ(Settings(), 1);
+}
+
+TEST_F(Detection, ResultsLastUntilTheNext) {
+    char name[8];
+    char manufacturer[5];
+    const auto phone = [&] { return Velmor_GetDetectedPhone(0, name, 8, manufacturer, 5); };
+    EXPECT_EQ(Detect(kAcme + kNorthtel), -1);  // no session
+    EXPECT_TRUE(ScriptedPhone::sent.empty());
+    EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
+    EXPECT_EQ(phone(), -1);
+    EXPECT_EQ(Settings(), 0);
+    Start();
+    EXPECT_EQ(Detect(kAcme + kNorthtel), 0);
+    EXPECT_EQ(std::string(maker, 17), std::string("Acme Mobile\0\0\0\0\0\x55", 17));
+    EXPECT_EQ(std::string(model, 9), "Acme X-1\x55");  // cut, without a terminator
+    EXPECT_EQ(phone(), 10);
+    EXPECT_EQ(std::string(name, 8), std::string("X100\0\0\0\0", 8));
+    EXPECT_EQ(std::string(manufacturer, 5), std::string("Acme\0", 5));
+    Velmor_DUNSetting record;
+    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 1, &record), 0);
+    EXPECT_EQ(Detect("unknown ="), -1);
+    EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
+    EXPECT_EQ(phone(), -1);
+    EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));
+    EXPECT_EQ(Settings(), 0);
+    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), -1);
+    EXPECT_EQ(record.aBasicDUNSettingId, -1);
+    EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 8, nullptr, -1), -1);
+    EXPECT_EQ(Velmor_GetNrDetectedDUNSettings(0, nullptr), 0);
+}
+
+TEST_F(Detection, OddPhoneRows) {
+    const struct {
+        const char *before, *after;
+        long result;
+        const char *name, *manufacturer;
+    } rows[] = {
+        {"#10#X100#1#", "#10#X100#7#", 10, "X100", ""},
+        {"#10#X100#1#", "#010#X100#1#", -1, "", ""},
+        {"ACME X100#10#", "ACME X100#no number#", -1, "", ""},
+    };
+    for (const auto& row : rows) {
+        Start(SampleSource().Replace(row.before, row.after));
+        EXPECT_EQ(Detect(kAcme + kNorthtel), 0);
+        char name[8];
+        char manufacturer[8];
+        EXPECT_EQ(Velmor_GetDetectedPhone(0, name, 8, manufacturer, 8), row.result) << row.after;
+        EXPECT_STREQ(name, row.name);
+        EXPECT_STREQ(manufacturer, row.manufacturer);
+    }
+}
+
+TEST_F(Detection, Traces) {
+    Start(SampleSource().Traced());
+    Detect("echo = off\n" + kAcme + kNorthtel);
+    char name[8];
+    Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
+    Velmor_DUNSetting record;
+    Settings();
+    Velmor_GetDetectedDUNSettingByIndex(0, 1, &record);
+    Velmor_GetDUNSetting(0, 10, 4, &record);
+    ExpectLog("detection/success.log");
+    std::filesystem::remove(kTraceLogPath);
+    Detect("AT+CGMI: Acme\nAT+CIMI: 12345");
+    Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
+    Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
+    Velmor_GetDUNSetting(0, 10, 9, &record);
+    ExpectLog("detection/failure.log");
+}
+
+// A phone that needs no memory, which the next test takes away.
+const char* canned = "";
+
+long SendCanned(const char* command, long length) {
+    const std::string_view sent(command, static_cast<std::size_t>(length));
+    canned = sent == "AT+CGMI\r"   ? "AT+CGMI\r\r\nAcme\r\n\r\nOK\r\n"
+             : sent == "AT+GMM\r"  ? "AT+GMM\r\r\nACME X100\r\n\r\nOK\r\n"
+             : sent == "AT+CIMI\r" ? "AT+CIMI\r\r\n999011234\r\n\r\nOK\r\n"
+                                   : "\r\nERROR\r\n";
+    return length;
+}
+
+long ReadCanned(char* buffer, long, long) {
+    *buffer = *canned;
+    return *canned++ == '\0' ? 0 : 1;
+}
+
+// Every allocation of a session fails in turn: no crash, nothing lost, the session stays usable.
+TEST_F(Detection, SurvivesWantOfMemory) {
+    ASSERT_EQ(Initialise(SampleSource().text(), ReadCanned, SendCanned), 0);
+    const auto forget = [] {
+        Velmor::getVelmor()->ForgetDetection();
+        Velmor::getVelmor()->countrySettings.Reset();
+        Velmor::getVelmor()->countrySettingsId.Clear();
+    };
+    const auto scenario = [&] {
+        Velmor_DUNSetting record;
+        char text[32];
+        long id = 0;
+        long sum = Velmor_DetectPhoneAndNetwork(0, maker, 16, model, 8);
+        sum += Velmor_GetDetectedPhone(0, text, 32, maker, 16) + Settings();
+        sum += Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
+        sum += Velmor_GetDUNSetting(0, 10, 4, &record);
+        sum += Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record);
+        sum += Velmor_GetPhoneByIndex(0, 1, &id, text, 32) + Velmor_GetVersionDatabase(0);
+        return sum;
+    };
+    const long whole = scenario();
+    std::size_t points = 0;
+    for (const auto mode : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
+        bool failed = true;
+        for (std::size_t n = 1; failed; ++n, ++points) {
+            forget();
+            const std::ptrdiff_t live = allocation::Live();
+            allocation::FailAfter(n, mode);
+            const long sum = scenario();
+            failed = allocation::FailAfter(0);
+            ASSERT_TRUE(failed ? sum <= whole : sum == whole) << n;
+            ASSERT_EQ(Velmor::getVelmor()->traceDepth, 0) << n;
+            forget();
+            ASSERT_EQ(allocation::Live(), live) << n;
+        }
+    }
+    std::cout << points << " failure points\n";
+    EXPECT_GT(points, 300U);
+}
+
+}  // namespace

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include <cstring>
+
+#include "support/scripted_phone.h"
+#include "support/session.h"
+
+namespace {
+
+class PhoneSettings : public SessionTest {
+  protected:
+    void Start(const SampleSource& source = {}) {
+        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
+    }
+    static void Detect(const std::string& imsi) {
+        ScriptedPhone::Play("AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: " + imsi);
+        ASSERT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0), 0);
+    }
+    Velmor_DUNSetting record;
+};
+
+TEST_F(PhoneSettings, OfTheDetectedNetwork) {
+    Start();
+    Detect("99801");
+    ASSERT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), 0);
+    EXPECT_EQ(record.aBasicDUNSettingId, 4);
+    EXPECT_STREQ(record.DialString, "ATD*99#");
+    EXPECT_STREQ(record.InitializationString, "AT+CGDCONT=3,\"IP\",\"sud.example\",,0,0");
+    EXPECT_STREQ(record.Country, "Sudland");
+    EXPECT_STREQ(record.ClientIP, "203.0.113.7");
+    for (const long index : {-1L, 1L}) {
+        EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, index, &record), -1);
+        EXPECT_EQ(record.aBasicDUNSettingId, -1);
+        EXPECT_STREQ(record.APN, "");
+        EXPECT_STREQ(record.DialString, "");
+    }
+    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, nullptr), -1);
+}
+
+// The texts of phone 10 on the network of setting 4, with different phone rows and values.
+TEST_F(PhoneSettings, DialTexts) {
+    const std::string row = "E#10#UMTS#ATD*99\\##AT+CGDCONT=%NUM%,\"IP\",\"%APN%\"%VAR1%#\n";
+    const std::string values = "#4#200#sud.example#3#,,0,0#";
+    const struct {
+        const char* name;
+        std::string rows, values;
+        long detected, byId;
+        const char *dial, *init;
+    } cases[] = {
+        {"twice in a string", "E#10#UMTS#%APN%#%APN%,%APN%#\n", values, 0, 0, "sud.example",
+         "sud.example,sud.example"},
+        {"empty values", "E#10#UMTS#%VAR1%%NUM%#<%VAR1%>#\n", "#4#200#sud.example###", 0, 0, "",
+         "<>"},
+        {"in turn", "E#10#UMTS#%APN%#%NUM%#\n", "#4#200#%NUM%#%VAR1%%APN%#v#", 0, 0, "v%APN%",
+         "v%APN%"},
+        {"unknown placeholder", "E#10#UMTS#%apn%#%X%#\n", values, 0, 0, "%apn%", "%X%"},
+        {"no row", "", values, -1, -1, "", ""},
+        {"two rows", row + row, values, -1, 0, "", ""},
+        {"another type", "E#10#umts#a#b#\n", values, -1, -1, "", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Start(SampleSource().Replace(row, c.rows).Replace(values, c.values));
+        Detect("99801");
+        for (const bool detected : {true, false}) {
+            std::memset(&record, 0x55, sizeof record);
+            EXPECT_EQ(detected ? Velmor_GetDetectedDUNSettingByIndex(0, 0, &record)
+                               : Velmor_GetDUNSetting(0, 10, 4, &record),
+                      detected ? c.detected : c.byId);
+            EXPECT_STREQ(record.DialString, c.dial);
+            EXPECT_STREQ(record.InitializationString, c.init);
+            EXPECT_STREQ(record.DisplayName, "Sudphone");
+            EXPECT_STREQ(record.Country, "Sudland");
+            EXPECT_EQ(record.aBasicDUNSettingId, 4);
+        }
+    }
+}
+
+TEST_F(PhoneSettings, ByIdentifier) {
+    const struct {
+        long phone, setting, result;
+        std::int32_t id;
+        const char *dial, *apn;
+    } rows[] = {
+        {10, 4, 0, 4, "ATD*99#", "sud.example"},
+        {99, 4, -1, 4, "", "sud.example"},
+        {10, 9, -1, -1, "", ""},
+        {5, 9, -1, -1, "untyped %APN%", ""},
+        {-5, -9, 0, -1, "negative", ""},
+        {-5, 9, -1, -1, "negative", ""},
+        {5, -9, -1, -1, "untyped %APN%", ""},
+        {-6, -9, -1, -1, "", ""},
+        {-7, -9, 0, -1, "", ""},
+        {10, 5, -1, -1, "", ""},
+        {10, -3, 0, -3, "ATD*99#", "minus.example"},
+    };
+    SampleSource source;
+    source.AddRow("BasicDUNSettings", "#-3#200#minus.example###############");
+    source.AddRow("BasicDUNSettings", "#005#200#padded.example###############");
+    for (const char* row : {"#5##untyped %APN%#i#", "#-5##negative#i#", "#-7##a#b#", "#-7##a#b#"}) {
+        source.AddRow("BasicDUNForPhone", row);
+    }
+    Start(source);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.phone << ", " << row.setting);
+        EXPECT_EQ(Velmor_GetDUNSetting(0, row.phone, row.setting, &record), row.result);
+        EXPECT_EQ(record.aBasicDUNSettingId, row.id);
+        EXPECT_STREQ(record.DialString, row.dial);
+        EXPECT_STREQ(record.APN, row.apn);
+    }
+    EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, nullptr), -1);
+}
+
+TEST_F(PhoneSettings, WithoutOptionalTables) {
+    for (const char* table : {"Networks", "BasicDUNForPhone"}) {
+        Start(SampleSource().Without(table));
+        Detect("99801");
+        EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), -1);
+        EXPECT_STREQ(record.APN, "sud.example");
+        EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, &record), -1);
+        EXPECT_STREQ(record.APN, "sud.example");
+    }
+    Velmor_DeInitialise();
+    EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, &record), -1);
+    EXPECT_EQ(record.aBasicDUNSettingId, -1);
+}
+
+}  // namespace
