@@ -8,22 +8,14 @@ namespace {
 const char kOk[] = "\r\nOK\r\n";
 
 // What every phone of the simulator knows unless its profile says otherwise, in the form of the
-// profile's own commands: what wvdial, chat and gammu send around a call.
+// profile's own commands: what chat, wvdial and gammu send around their real business.
 const struct {
     const char* command;
     const char* answer;
 } kBuiltIn[] = {
-    {"AT", kOk},
-    {"AT&*", kOk},
-    {"ATE*", kOk},
-    {"ATH*", kOk},
-    {"ATQ*", kOk},
-    {"ATS*", kOk},
-    {"ATV*", kOk},
-    {"ATX*", kOk},
-    {"AT+CGDCONT=*", kOk},
-    {"ATZ*", kOk},
-    {"ATD*", "\r\nCONNECT\r\n"},
+    {"AT", kOk},        {"AT&*", kOk},         {"ATE*", kOk}, {"ATH*", kOk},
+    {"ATQ*", kOk},      {"ATS*", kOk},         {"ATV*", kOk}, {"ATX*", kOk},
+    {"AT+CFUN=*", kOk}, {"AT+CGDCONT=*", kOk}, {"ATZ*", kOk}, {"ATD*", "\r\nCONNECT\r\n"},
 };
 
 bool Covers(const std::string& pattern, const std::string& command) {

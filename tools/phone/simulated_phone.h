@@ -10,8 +10,9 @@
 // A phone that answers AT commands from a profile. It does no input or output and knows no time:
 // whoever plays it hands it the host's bytes and fetches its own one by one.
 //
-// Beyond its profile it knows what dial-up programs send around a call: AT, ATZ, ATE and a few
-// other settings, AT+CGDCONT=, ATH, and ATD, which it answers with CONNECT.
+// Beyond its profile it knows what programs send around a call (AT, ATZ, ATE and the like) and
+// answers ATD with CONNECT. From then on it is still a phone that takes commands: it has no network
+// to pass data to.
 class SimulatedPhone {
   public:
     explicit SimulatedPhone(Profile profile);
