@@ -14,6 +14,13 @@ class ToolError : public std::runtime_error {
 // The exit statuses that the commands share: 0 well, 1 findings or nothing found, 2 trouble.
 enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
 
-// Each of these adds one subcommand, which leaves its exit status in `status` when it runs. A
-// command that only prints leaves it alone.
+// Each of these adds one subcommand, which leaves its exit status in `status` when it runs. One
+// that only prints or writes has no use for it.
+void AddCheck(CLI::App& app, int& status);
+void AddCountries(CLI::App& app);
+void AddDecode(CLI::App& app);
+void AddEncode(CLI::App& app);
 void AddImport(CLI::App& app, int& status);
+void AddPhones(CLI::App& app);
+void AddSettings(CLI::App& app, int& status);
+void AddShow(CLI::App& app, int& status);

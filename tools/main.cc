@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <csignal>
 #include <iostream>
 
 #include "api/trace.h"
@@ -7,19 +8,44 @@
 
 const char* const kTraceLogPath = VELMOR_TRACE_LOG;
 
-int main(int argc, char** argv) {
+namespace {
+
+int Run(int argc, char** argv) {
     int status = kExitOk;
     CLI::App app("Makes, checks and reads Velmor catalogues.", "velmor");
     app.set_version_flag("--version", VELMOR_TOOL_VERSION " (interface " +
                                           std::to_string(Velmor_GetVersionLibrary()) + ")");
+    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+        return std::string("velmor: ") + error.what() + " (--help says more)\n";
+    });
     app.require_subcommand(1);
+    AddCheck(app, status);
+    AddCountries(app);
+    AddDecode(app);
+    AddEncode(app);
     AddImport(app, status);
+    AddPhones(app);
+    AddSettings(app, status);
+    AddShow(app, status);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kExitOk : kExitTrouble;
     } catch (const std::exception& error) {
         std::cerr << "velmor: " << error.what() << "\n";
+        return kExitTrouble;
+    }
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A file beyond the limit of its size is a failed write like any other.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const int status = Run(argc, argv);
+    if (!std::cout.flush()) {
+        std::cerr << "velmor: standard output: cannot be written\n";
         return kExitTrouble;
     }
     return status;

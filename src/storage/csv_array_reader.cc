@@ -38,29 +38,7 @@ bool CSVArrayReader::internalGetLineArray() {
     }
     // Every line is deciphered, also one that is then skipped: the key stream runs on.
     line_ = crypter_.Decrypt(line_);
-    return Split(line_);
-}
-
-bool CSVArrayReader::Split(const String& line) {
-    fields_.Reserve(line.Length() + 1);
-    bool inPrefix = true;
-    for (int i = 0; i < line.Length(); ++i) {
-        const bool escaped = line.data[i] == '\\';
-        const char c = line.data[escaped ? ++i : i];
-        if (inPrefix && c == '?') {
-            return false;
-        }
-        if (c == separator_ && !escaped && !IsABlankOrTab(c)) {
-            if (!inPrefix) {
-                fields_.EndField();
-            }
-            inPrefix = false;
-        } else if (!inPrefix) {
-            fields_.Append(c);
-        }
-    }
-    fields_.DropUnfinished();
-    return !inPrefix;
+    return SplitRecord(line_, separator_, fields_);
 }
 
 }  // namespace vel

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/record.h"
 #include "storage/crypt.h"
 #include "storage/file.h"
+#include "storage/record_splitter.h"
 
 namespace vel {
 
-// Reads a file of separated values, stored enciphered or plain, once from front to back. A record
-// line is a prefix that is ignored, the separator, then each field followed by the separator; a
-// backslash makes the next character literal; blanks are kept; text after the last separator is
-// lost. Lines that are empty, hold no separator or have a "?" in their prefix are skipped.
+// Reads a file of separated values, stored enciphered or plain, once from front to back. Lines that
+// are no records (SplitRecord) are skipped.
 class CSVArrayReader {
   public:
     // Writes the ".encode" copy of the file beside it; whether that worked shows nowhere. The file
@@ -25,11 +23,9 @@ class CSVArrayReader {
     bool internalGetLineArray();
     const Record& Fields() const { return fields_; }
 
-    bool IsABlankOrTab(const char& c) const { return c == ' ' || c == '\t'; }
+    bool IsABlankOrTab(const char& c) const { return vel::IsABlankOrTab(c); }
 
   private:
-    bool Split(const String& line);
-
     char separator_;
     ArrayCrypter crypter_;
     File file_;

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+// What the commands print on standard output. Objects keep the order of their members.
+using Json = nlohmann::ordered_json;
+using TextRow = std::vector<std::string>;
+
+// Bytes that are no UTF-8 are replaced.
+void PrintJson(const Json& json);
+
+// The rows below one another, each column as wide as its longest text in UTF-8. All rows have as
+// many texts as the first.
+void PrintAligned(const std::vector<TextRow>& rows);

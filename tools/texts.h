@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "foundation/record.h"
+
+// Between the library's texts and those of the tool.
+
+inline vel::String ToLibrary(const std::string& text) {
+    return vel::String::FromBytes(text.data(), static_cast<int>(text.size()));
+}
+
+inline std::string FromLibrary(const vel::TextView& text) {
+    return text.count == 0 ? std::string()
+                           : std::string(text.data, static_cast<std::size_t>(text.count) - 1);
+}
+
+inline std::vector<std::string> FromLibrary(const vel::Record& record) {
+    std::vector<std::string> fields;
+    for (int i = 0; i < record.get_Count(); ++i) {
+        fields.push_back(FromLibrary(record[i]));
+    }
+    return fields;
+}
