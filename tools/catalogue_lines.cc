@@ -24,7 +24,7 @@ class LineReader {
     std::string Decipher(const std::string& line);
     void ReadText(const std::string& text, bool hidden);
     // Tells of what the library ignores at the two ends of a record.
-    void CheckEnds(const std::string& text, bool hidden, std::size_t fieldCount);
+    void CheckEnds(const std::string& text, bool hidden, int fieldCount);
 
     Place Here() const { return {"", number_}; }
 
@@ -90,7 +90,9 @@ void LineReader::ReadText(const std::string& text, bool hidden) {
     vel::Record record;
     if (vel::SplitRecord(ToLibrary(text), kSeparator, record)) {
         records.push_back({number_, FromLibrary(record)});
-        CheckEnds(text, hidden, records.back().fields.size());
+        if (record.get_Count() > 0) {
+            CheckEnds(text, hidden, record.get_Count());
+        }
     } else if (text.find(kSeparator) != std::string::npos) {
         AddWarning(findings_, "skipped-line", Here(),
                    "looks like a record, but the library skips it for the \"?\" or the backslash"
@@ -102,7 +104,7 @@ void LineReader::ReadText(const std::string& text, bool hidden) {
     }
 }
 
-void LineReader::CheckEnds(const std::string& text, bool hidden, std::size_t fieldCount) {
+void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount) {
     std::size_t first = 0;
     while (text[first] != kSeparator) {
         first += text[first] == '\\' ? 2 : 1;
@@ -116,7 +118,7 @@ void LineReader::CheckEnds(const std::string& text, bool hidden, std::size_t fie
     // Two more separators end what the library leaves unfinished, be the first of them escaped.
     vel::Record record;
     vel::SplitRecord(ToLibrary(text + kSeparator + kSeparator), kSeparator, record);
-    const std::string after = FromLibrary(record[static_cast<int>(fieldCount)]);
+    const std::string after = FromLibrary(record[fieldCount]);
     if (!IsBlank(after)) {
         AddWarning(findings_, "text-after-record", Here(),
                    "the library ignores the text " + Quoted(after) +
