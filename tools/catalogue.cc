@@ -2,6 +2,7 @@
 #include "catalogue.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "catalogue_lines.h"
 
@@ -26,7 +27,7 @@ class TableBuilder {
     void AddInside(const CatalogueRecord& record);
     void BeginDatabase(int line);
     void BeginTable(const CatalogueRecord& record);
-    void EndTable();
+    void EndTable(int line);
 
     Catalogue& catalogue_;
     Findings& findings_;
@@ -63,12 +64,12 @@ void TableBuilder::AddInside(const CatalogueRecord& record) {
     }
     const std::string& first = record.fields[0];
     if (first == kTableEnd) {
-        EndTable();
+        EndTable(record.line);
     } else if (first == kTableBegin || first == kDatabaseBegin || first == kDatabaseEnd) {
         AddError(findings_, "marker-in-table", {table_.name, record.line},
                  first + " inside a table; the library takes it and all up to the next " +
                      kTableEnd + " for rows: end the table before it");
-        EndTable();
+        EndTable(record.line - 1);
         AddOutside(record);
     } else if (record.fields.size() != table_.columns.size()) {
         AddError(findings_, "row-width", {table_.name, record.line},
@@ -128,8 +129,9 @@ void TableBuilder::BeginTable(const CatalogueRecord& record) {
     }
 }
 
-void TableBuilder::EndTable() {
+void TableBuilder::EndTable(int line) {
     inTable_ = false;
+    table_.endLine = line;
     if (const CatalogueTable* first = catalogue_.Find(table_.name)) {
         AddError(findings_, "repeated-table", {table_.name, table_.line},
                  "a second table of this name; the library never looks into it: move its rows to"
@@ -146,7 +148,7 @@ void TableBuilder::Finish() {
                  "the file ends inside this table; the library keeps the rows so far: restore the"
                  " rest of the file, or end the table with " +
                      kTableEnd);
-        EndTable();
+        EndTable(std::numeric_limits<int>::max());
     } else if (endLine_ == 0 && databaseLine_ != 0) {
         AddWarning(findings_, "no-database-end", {},
                    "the file ends without " + kDatabaseEnd +
@@ -201,5 +203,12 @@ Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {
         builder.Add(record);
     }
     builder.Finish();
+    for (Finding& finding : findings) {
+        for (const CatalogueTable& table : catalogue.tables) {
+            if (table.line <= finding.place.line && finding.place.line <= table.endLine) {
+                finding.place.table = table.name;
+            }
+        }
+    }
     return catalogue;
 }

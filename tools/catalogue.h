@@ -16,7 +16,8 @@ struct CatalogueRow {
 
 struct CatalogueTable {
     std::string name;
-    int line = 0;
+    int line = 0;     // of its marker
+    int endLine = 0;  // of its last line
     std::vector<std::string> columns;
     std::vector<CatalogueRow> rows;
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <tuple>
 
 #include "command.h"
 #include "input_file.h"
@@ -72,8 +73,8 @@ Findings CheckCatalogue(const std::string& bytes) {
     CheckKeys(catalogue, findings);
     CheckIdentification(catalogue, findings);
     CheckSettings(catalogue, findings);
-    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
-        return a.place.line < b.place.line;
+    std::sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
+        return std::tie(a.place.line, a.id, a.message) < std::tie(b.place.line, b.id, b.message);
     });
     return findings;
 }

@@ -79,7 +79,7 @@ std::string FindUnknown(const std::string& text) {
     for (std::size_t start = 0; (start = text.find('%', start)) != std::string::npos;) {
         const auto from = text.begin() + static_cast<std::ptrdiff_t>(start) + 1;
         const auto end = std::find_if_not(from, text.end(), isWord);
-        const std::string word(from, end);
+        std::string word(from, end);
         if (word.empty() || end == text.end() || *end != '%') {
             ++start;
             continue;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <csignal>
+#include <cstdio>
 #include <iostream>
 
 #include "api/trace.h"
@@ -31,9 +32,6 @@ int Run(int argc, char** argv) {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? kExitOk : kExitTrouble;
-    } catch (const std::exception& error) {
-        std::cerr << "velmor: " << error.what() << "\n";
-        return kExitTrouble;
     }
     return status;
 }
@@ -43,10 +41,14 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
     // A file beyond the limit of its size is a failed write like any other.
     std::signal(SIGXFSZ, SIG_IGN);
-    const int status = Run(argc, argv);
-    if (!std::cout.flush()) {
-        std::cerr << "velmor: standard output: cannot be written\n";
+    try {
+        const int status = Run(argc, argv);
+        if (!std::cout.flush()) {
+            throw ToolError("standard output: cannot be written");
+        }
+        return status;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "velmor: %s\n", error.what());
         return kExitTrouble;
     }
-    return status;
 }

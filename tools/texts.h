@@ -19,6 +19,7 @@ inline std::string FromLibrary(const vel::TextView& text) {
 
 inline std::vector<std::string> FromLibrary(const vel::Record& record) {
     std::vector<std::string> fields;
+    fields.reserve(static_cast<std::size_t>(record.get_Count()));
     for (int i = 0; i < record.get_Count(); ++i) {
         fields.push_back(FromLibrary(record[i]));
     }
