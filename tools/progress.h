@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+// A line on standard error that tells how far a run has come and goes away at its end. Standard
+// error being no terminal, nothing is written.
+class Progress {
+  public:
+    Progress(std::string what, std::size_t total);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Show(std::size_t done) const;
+
+  private:
+    std::string what_;
+    std::size_t total_;
+    bool terminal_;
+};

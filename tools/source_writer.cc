@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "source_writer.h"
+
+#include "command.h"
+#include "source_format.h"
+
+SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
+    : path_(std::move(path)) {
+    AddRecord({kDatabaseBegin, name, version});
+}
+
+void SourceWriter::BeginTable(const std::string& name, const SourceRow& columns) {
+    SourceRow fields{kTableBegin, name};
+    fields.insert(fields.end(), columns.begin(), columns.end());
+    text_ += '\n';
+    AddHidden(fields);
+}
+
+void SourceWriter::AddRow(const SourceRow& row) {
+    if (!row.empty() && row[0] == kTableEnd) {
+        throw ToolError(path_ + ": the value " + row[0] + " would end its table");
+    }
+    AddHidden(row);
+}
+
+void SourceWriter::EndTable() {
+    AddHidden({kTableEnd});
+}
+
+void SourceWriter::AddTable(const SourceTable& table) {
+    BeginTable(table.name, table.columns);
+    for (const SourceRow& row : table.rows) {
+        AddRow(row);
+    }
+    EndTable();
+}
+
+std::string SourceWriter::Finish() {
+    text_ += '\n';
+    AddRecord({kDatabaseEnd});
+    return std::move(text_);
+}
+
+void SourceWriter::AddHidden(const SourceRow& fields) {
+    text_ += kHiddenLine;
+    AddRecord(fields);
+}
+
+void SourceWriter::AddRecord(const SourceRow& fields) {
+    text_ += kSourceSeparator;
+    for (const std::string& field : fields) {
+        for (const char c : field) {
+            if (c == kSourceSeparator || c == '\\') {
+                text_ += '\\';
+            }
+            text_ += c;
+        }
+        text_ += kSourceSeparator;
+    }
+    text_ += '\n';
+}
