@@ -8,7 +8,7 @@ _velmor() {
         [countries]="--json"
         [decode]="--output --force"
         [encode]="--output --force"
-        [import]=""
+        [import]="--phones --output --iso --force"
         [phones]="--json"
         [settings]="--json --country"
         [show]="--json --where"

@@ -5,13 +5,9 @@
 #include <limits>
 
 #include "catalogue_lines.h"
+#include "source_format.h"
 
 namespace {
-
-const std::string kDatabaseBegin = "$_DATABASE_BEGIN_$";
-const std::string kDatabaseEnd = "$_DATABASE_END_$";
-const std::string kTableBegin = "$_TABLE_BEGIN_$";
-const std::string kTableEnd = "$_TABLE_END_$";
 
 // Puts the records of a catalogue together to tables.
 class TableBuilder {
@@ -25,7 +21,7 @@ class TableBuilder {
   private:
     void AddOutside(const CatalogueRecord& record);
     void AddInside(const CatalogueRecord& record);
-    void BeginDatabase(int line);
+    void BeginDatabase(const CatalogueRecord& record);
     void BeginTable(const CatalogueRecord& record);
     void EndTable(int line);
 
@@ -88,7 +84,7 @@ void TableBuilder::AddOutside(const CatalogueRecord& record) {
     } else if (record.fields[0] == kDatabaseEnd) {
         endLine_ = record.line;
     } else if (record.fields[0] == kDatabaseBegin) {
-        BeginDatabase(record.line);
+        BeginDatabase(record);
     } else if (record.fields[0] == kTableBegin) {
         BeginTable(record);
     } else {
@@ -98,14 +94,16 @@ void TableBuilder::AddOutside(const CatalogueRecord& record) {
     }
 }
 
-void TableBuilder::BeginDatabase(int line) {
+void TableBuilder::BeginDatabase(const CatalogueRecord& record) {
     if (databaseLine_ != 0) {
-        AddError(findings_, "several-databases", {"", line},
+        AddError(findings_, "several-databases", {"", record.line},
                  "a second database marker; the library drops the tables read so far: leave only"
                  " the first marker");
         catalogue_.tables.clear();
     }
-    databaseLine_ = line;
+    databaseLine_ = record.line;
+    catalogue_.name = record.fields.size() > 1 ? record.fields[1] : "";
+    catalogue_.version = record.fields.size() > 2 ? record.fields[2] : "";
 }
 
 void TableBuilder::BeginTable(const CatalogueRecord& record) {
@@ -189,10 +187,10 @@ int CatalogueTable::Column(const std::string& column) const {
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
-const CatalogueTable* Catalogue::Find(const std::string& name) const {
+const CatalogueTable* Catalogue::Find(const std::string& table) const {
     const auto found =
         std::find_if(tables.begin(), tables.end(),
-                     [&name](const CatalogueTable& table) { return table.name == name; });
+                     [&table](const CatalogueTable& other) { return other.name == table; });
     return found == tables.end() ? nullptr : &*found;
 }
 

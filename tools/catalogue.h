@@ -29,10 +29,12 @@ struct CatalogueTable {
 // The tables of a catalogue as the library would hold them, with the lines they come from. Where a
 // fault would make the library lose the rest of the file, reading goes on as if it were mended.
 struct Catalogue {
+    std::string name;  // these two as the marker has them, empty when it does not
+    std::string version;
     std::vector<CatalogueTable> tables;
 
     // The table of that name, or null.
-    const CatalogueTable* Find(const std::string& name) const;
+    const CatalogueTable* Find(const std::string& table) const;
 };
 
 // Takes the bytes of a catalogue apart, be it a source, the stored form or plain, and adds what is

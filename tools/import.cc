@@ -43,14 +43,15 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     }
 }
 
-Recipe ReadRecipe(const Source& source, const char* name) {
-    const SourceTable& table = source.Get(name);
-    const std::size_t variable = source.Column(table, schema::kVariable);
-    const std::size_t value = source.Column(table, schema::kValue);
+Recipe ReadRecipe(const PhonesSource& source, const char* name) {
+    const CatalogueTable& table = source.Get(name);
+    const int variable = source.Column(table, schema::kVariable);
+    const int value = source.Column(table, schema::kValue);
     const auto setting = [&](const char* wanted) {
-        const auto row = std::find_if(table.rows.begin(), table.rows.end(),
-                                      [&](const SourceRow& r) { return r[variable] == wanted; });
-        return row == table.rows.end() ? std::string() : (*row)[value];
+        const auto row =
+            std::find_if(table.rows.begin(), table.rows.end(),
+                         [&](const CatalogueRow& r) { return r.Cell(variable) == wanted; });
+        return row == table.rows.end() ? std::string() : row->Cell(value);
     };
     const std::string upperCase = setting(schema::kMakeUpperCase);
     return {upperCase[0] == 'Y' || upperCase[0] == 'y', setting(schema::kRemoveCharacters),
@@ -71,7 +72,7 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
 void Import(const Options& options) {
     OutputFile output(options.output, options.force);
     ImportReport report;
-    const Source phones(options.phones);
+    const PhonesSource phones(options.phones);
     const Recipe recipe = ReadRecipe(phones, schema::kNetworkRecipe);
     Providers providers = ReadProviders(options.providers, report);
     NameCountries(providers.countries, options.iso, report);

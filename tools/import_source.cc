@@ -22,11 +22,11 @@ std::string Identifier(std::size_t index) {
 
 class ImportWriter {
   public:
-    ImportWriter(const std::string& path, const Source& phones, ImportReport& report)
+    ImportWriter(const std::string& path, const PhonesSource& phones, ImportReport& report)
         : phones_(phones),
           report_(report),
-          writer_(path, phones.Name().empty() ? "Imported" : phones.Name(),
-                  phones.Version().empty() ? "1" : phones.Version()) {}
+          writer_(path, phones.Tables().name.empty() ? "Imported" : phones.Tables().name,
+                  phones.Tables().version.empty() ? "1" : phones.Tables().version) {}
 
     void Copy(const char* table) { writer_.AddTable(phones_.Get(table)); }
     void AddCountries(const std::vector<Country>& countries);
@@ -39,7 +39,7 @@ class ImportWriter {
   private:
     void CopyPhoneRows(std::set<std::string>& dialsImportedType);
 
-    const Source& phones_;
+    const PhonesSource& phones_;
     ImportReport& report_;
     SourceWriter writer_;
 };
@@ -76,12 +76,13 @@ void ImportWriter::AddPhoneRows() {
                         schema::kInitializationString});
     std::set<std::string> dialsImportedType;  // phones
     CopyPhoneRows(dialsImportedType);
-    const SourceTable& phones = phones_.Get(schema::kPhones);
-    const std::size_t id = phones_.Column(phones, schema::kID);
+    const CatalogueTable& phones = phones_.Get(schema::kPhones);
+    const int id = phones_.Column(phones, schema::kID);
     report_.Count(ImportCount::kPhones, phones.rows.size());
-    for (const SourceRow& phone : phones.rows) {
-        if (dialsImportedType.insert(phone[id]).second) {
-            writer_.AddRow({phone[id], kImportedType, kDefaultDialString, kDefaultInitialization});
+    for (const CatalogueRow& phone : phones.rows) {
+        if (dialsImportedType.insert(phone.Cell(id)).second) {
+            writer_.AddRow(
+                {phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
             report_.Count(ImportCount::kPhonesWithDefault);
         }
     }
@@ -89,23 +90,23 @@ void ImportWriter::AddPhoneRows() {
 }
 
 void ImportWriter::CopyPhoneRows(std::set<std::string>& dialsImportedType) {
-    const SourceTable* rows = phones_.Find(schema::kBasicDUNForPhone);
+    const CatalogueTable* rows = phones_.Tables().Find(schema::kBasicDUNForPhone);
     if (rows == nullptr) {
         return;
     }
-    const std::size_t phone = phones_.Column(*rows, schema::kPhoneID);
-    const std::size_t type = phones_.Column(*rows, schema::kNetworkType);
-    const std::size_t dial = phones_.Column(*rows, schema::kDialString);
-    const std::size_t init = phones_.Column(*rows, schema::kInitializationString);
+    const int phone = phones_.Column(*rows, schema::kPhoneID);
+    const int type = phones_.Column(*rows, schema::kNetworkType);
+    const int dial = phones_.Column(*rows, schema::kDialString);
+    const int init = phones_.Column(*rows, schema::kInitializationString);
     std::set<std::pair<std::string, std::string>> known;
-    for (const SourceRow& row : rows->rows) {
-        if (!known.emplace(row[phone], row[type]).second) {
+    for (const CatalogueRow& row : rows->rows) {
+        if (!known.emplace(row.Cell(phone), row.Cell(type)).second) {
             report_.Count(ImportCount::kPhoneRowsRepeated);
             continue;
         }
-        writer_.AddRow({row[phone], row[type], row[dial], row[init]});
-        if (row[type] == kImportedType) {
-            dialsImportedType.insert(row[phone]);
+        writer_.AddRow({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});
+        if (row.Cell(type) == kImportedType) {
+            dialsImportedType.insert(row.Cell(phone));
         }
     }
 }
@@ -132,8 +133,9 @@ void ImportWriter::AddSettings(const std::vector<Network>& networks) {
 
 }  // namespace
 
-std::string WriteImport(const std::string& path, const Source& phones, const Providers& providers,
-                        const Networks& networks, ImportReport& report) {
+std::string WriteImport(const std::string& path, const PhonesSource& phones,
+                        const Providers& providers, const Networks& networks,
+                        ImportReport& report) {
     ImportWriter writer(path, phones, report);
     for (const char* table : {schema::kGeneralVariables, schema::kManufacturerRecipe,
                               schema::kPhoneRecipe, schema::kNetworkRecipe}) {

@@ -9,14 +9,14 @@ SourceWriter::SourceWriter(std::string path, const std::string& name, const std:
     AddRecord({kDatabaseBegin, name, version});
 }
 
-void SourceWriter::BeginTable(const std::string& name, const SourceRow& columns) {
-    SourceRow fields{kTableBegin, name};
+void SourceWriter::BeginTable(const std::string& name, const std::vector<std::string>& columns) {
+    std::vector<std::string> fields{kTableBegin, name};
     fields.insert(fields.end(), columns.begin(), columns.end());
     text_ += '\n';
     AddHidden(fields);
 }
 
-void SourceWriter::AddRow(const SourceRow& row) {
+void SourceWriter::AddRow(const std::vector<std::string>& row) {
     if (!row.empty() && row[0] == kTableEnd) {
         throw ToolError(path_ + ": the value " + row[0] + " would end its table");
     }
@@ -27,10 +27,10 @@ void SourceWriter::EndTable() {
     AddHidden({kTableEnd});
 }
 
-void SourceWriter::AddTable(const SourceTable& table) {
+void SourceWriter::AddTable(const CatalogueTable& table) {
     BeginTable(table.name, table.columns);
-    for (const SourceRow& row : table.rows) {
-        AddRow(row);
+    for (const CatalogueRow& row : table.rows) {
+        AddRow(row.cells);
     }
     EndTable();
 }
@@ -41,12 +41,12 @@ std::string SourceWriter::Finish() {
     return std::move(text_);
 }
 
-void SourceWriter::AddHidden(const SourceRow& fields) {
+void SourceWriter::AddHidden(const std::vector<std::string>& fields) {
     text_ += kHiddenLine;
     AddRecord(fields);
 }
 
-void SourceWriter::AddRecord(const SourceRow& fields) {
+void SourceWriter::AddRecord(const std::vector<std::string>& fields) {
     text_ += kSourceSeparator;
     for (const std::string& field : fields) {
         for (const char c : field) {

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "source_reader.h"
+#include "catalogue.h"
 
 // Builds the text of a catalogue source: one database, whose tables and rows are lines to be
 // enciphered. Calls come in the order of the file: BeginTable, AddRow..., EndTable, ..., Finish.
@@ -12,17 +13,17 @@ class SourceWriter {
     // `path` is for messages.
     SourceWriter(std::string path, const std::string& name, const std::string& version);
 
-    void BeginTable(const std::string& name, const SourceRow& columns);
+    void BeginTable(const std::string& name, const std::vector<std::string>& columns);
     // Throws ToolError when the row would be read as the table's end.
-    void AddRow(const SourceRow& row);
+    void AddRow(const std::vector<std::string>& row);
     void EndTable();
-    void AddTable(const SourceTable& table);
+    void AddTable(const CatalogueTable& table);
     // The whole text.
     std::string Finish();
 
   private:
-    void AddRecord(const SourceRow& fields);
-    void AddHidden(const SourceRow& fields);
+    void AddRecord(const std::vector<std::string>& fields);
+    void AddHidden(const std::vector<std::string>& fields);
 
     std::string path_;
     std::string text_;
