@@ -115,11 +115,9 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
         if (const CatalogueTable* table = catalogue.Find(rule.name)) {
             CheckColumns(*table, rule, findings);
         } else {
-            findings.push_back(
-                {"missing-table",
-                 rule.missing,
-                 {rule.name, 0},
-                 std::string("no such table; ") + rule.effect + ": add it, with this very name"});
+            AddFinding(
+                findings, "missing-table", rule.missing, {rule.name, 0},
+                std::string("no such table; ") + rule.effect + ": add it, with this very name");
         }
     }
     for (const char* name : {schema::kPhones, schema::kBasicDUNSettings}) {

@@ -22,13 +22,18 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
+inline void AddFinding(Findings& findings, const char* id, Severity severity, const Place& place,
+                       std::string message) {
+    findings.push_back({id, severity, place, std::move(message)});
+}
+
 inline void AddError(Findings& findings, const char* id, const Place& place, std::string message) {
-    findings.push_back({id, Severity::kError, place, std::move(message)});
+    AddFinding(findings, id, Severity::kError, place, std::move(message));
 }
 
 inline void AddWarning(Findings& findings, const char* id, const Place& place,
                        std::string message) {
-    findings.push_back({id, Severity::kWarning, place, std::move(message)});
+    AddFinding(findings, id, Severity::kWarning, place, std::move(message));
 }
 
 inline std::string Quoted(const std::string& text) {
