@@ -107,14 +107,11 @@ void CallFrame::Line2(const char* label, const vel::String& text) {
     }
 }
 
-long RunFramed(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
-               void* context) {
-    long result = failure;
-    // The outer guard is for the frame itself: the first call of all makes the session.
-    Guarded([&] {
-        CallFrame frame(name);
-        Guarded([&] { result = body(context, frame); });
-        frame.SetResult(result);
-    });
+long RunInFrame(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
+                void* context) {
+    CallFrame frame(name);
+    frame.SetResult(failure);
+    const long result = body(context, frame);
+    frame.SetResult(result);
     return result;
 }

@@ -14,8 +14,6 @@
 //             return ...;
 //         });
 //     }
-//
-// Nothing is thrown to the host: a body that throws has the result given as `failure`.
 class CallFrame {
   public:
     explicit CallFrame(const char* name);
@@ -48,16 +46,27 @@ class CallFrame {
     bool hasResult_ = false;
 };
 
-// Runs `body(context, frame)` in a frame and returns what it returns, or `failure` when it throws.
-long RunFramed(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
-               void* context);
+// Runs `body(context, frame)` in a frame and returns what it returns. When it throws, the frame
+// reports `failure` and the exception goes on.
+long RunInFrame(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
+                void* context);
 
-// The same for a callable that takes the frame.
+// The same for a callable that takes the frame: for operations that others of the library call, and
+// that must not mistake want of memory for an answer.
 template <class Body>
-long Framed(const char* name, long failure, Body&& body) {
+long InFrame(const char* name, long failure, Body&& body) {
     using Callable = std::remove_reference_t<Body>;
-    return RunFramed(
+    return RunInFrame(
         name, failure,
         [](void* context, CallFrame& frame) { return (*static_cast<Callable*>(context))(frame); },
         &body);
+}
+
+// The frame of an exported operation: nothing is thrown out of it, and a body that throws has the
+// result `failure`.
+template <class Body>
+long Framed(const char* name, long failure, Body&& body) {
+    long result = failure;
+    Guarded([&] { result = InFrame(name, failure, body); });
+    return result;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "api/guard.h"
 
+#include <cxxabi.h>
+
 #include "foundation/index_exception.h"
 
 bool RunGuarded(void (*body)(void* context), void* context) {
@@ -9,6 +11,8 @@ bool RunGuarded(void (*body)(void* context), void* context) {
         return true;
     } catch (const vel::CIndexOutOfRangeException* exception) {
         delete exception;
+    } catch (const abi::__forced_unwind&) {
+        throw;  // the host cancels its thread inside a callback; that is no exception to be stopped
     } catch (...) {  // out of memory; there is no other
     }
     return false;

@@ -27,8 +27,7 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
         }
         const Velmor& session = *Velmor::getVelmor();
         const auto phone = RowAt(RowsOf(session.phones), aPhoneIndex);
-        const auto manufacturer =
-            RowById(session.manufacturers, CellText(phone, schema::kManufacturerID));
+        const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
             FillText(aPhoneDescription, sizeIO,
                      CellText(manufacturer, schema::kName).ToString() + ": " +

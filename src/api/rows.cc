@@ -31,12 +31,16 @@ Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
     return row;
 }
 
-Pointer<IRow> RowById(const Velmor::Table& table, const vel::TextView& id) {
+Pointer<IRow> RowById(const Velmor::Table& table, const vel::String& id) {
     Pointer<IRow> row;
-    if (table && id) {
-        table->get_Row(id.ToString(), *&row);
+    if (table) {
+        table->get_Row(id, *&row);
     }
     return row;
+}
+
+Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Velmor::Table& table) {
+    return row ? RowById(table, CellText(row, column).ToString()) : Pointer<IRow>();
 }
 
 Velmor::Rows FindRows(const Velmor::Table& table, const Conditions& conditions) {

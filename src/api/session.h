@@ -41,11 +41,13 @@ class Velmor {
     Table basicDUNForPhone;
     Table networks;
 
-    Rows countrySettings;           // the settings of the country last asked about,
-    vel::String countrySettingsId;  // and the key of that country
-    Rows detectedSettings;          // what the last detection found
-    vel::String detectedPhoneId;
-    vel::String detectedNetworkId;
+    Rows countrySettings;  // the settings of the country last asked about,
+    // The three identifiers start as no text and are dropped to none: a session comes into being
+    // and forgets without needing memory.
+    vel::String countrySettingsId{nullptr};  // and the key of that country
+    Rows detectedSettings;                   // what the last detection found
+    vel::String detectedPhoneId{nullptr};
+    vel::String detectedNetworkId{nullptr};
 
     bool traceSwitch = false;  // whether calls are written to the trace log
     int traceDepth = 0;        // framed calls under way; kept by CallFrame

@@ -9,7 +9,7 @@
  *    from the catalogue saturates at the 32-bit limits.
  * 2. A function returns 0 for success and -1 for failure unless it says otherwise. Counting
  *    functions return the count. No function throws, and none ends the process; running out of
- *    memory is a failure like any other (0 for a count of rows).
+ *    memory is a failure like any other (0 from the functions that count countries and phones).
  * 3. Buffers and records belong to the host; the library keeps no pointer to them. A text buffer
  *    is first filled with zeros over its whole size, then takes the text. A text of `size` bytes
  *    or more arrives as its first `size` bytes WITHOUT a terminator: read at most `size` bytes.
@@ -157,7 +157,9 @@ VELMOR_EXPORT long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aC
 VELMOR_EXPORT void OnNetworkListnetworks(void);
 
 /* Asks the attached phone who it is and on which network, in up to eight AT commands, and keeps
- * what was found for the functions below until the next detection or the end of the session.
+ * what was found for the functions below until the next detection. The settings found end with the
+ * session; the detected phone's identifier outlives it and is looked up in whatever catalogue there
+ * is.
  *
  * manuResponseIO   takes the phone's answer to the last question for its manufacturer, as it came
  * manuResponse_sizeIO   its size in bytes
@@ -190,11 +192,12 @@ VELMOR_EXPORT long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO);
 /* Fills a record with a detected DUN setting, ready to dial.
  *
  * index      0 to the number of detected settings - 1
- * settingIO  takes the setting; all texts are empty and the identifier is -1 when there is none
+ * settingIO  takes the setting; without one the identifier is -1 and all texts are empty, but for
+ *            what the catalogue holds for an empty country or network type
  *
- * Returns 0, or -1 when there is no such setting, or when the catalogue does not hold exactly one
- * set of dial and initialisation strings for the detected phone on this type of network: these
- * strings are empty then and the rest of the record is filled. */
+ * Returns 0, or -1 when there is no such setting or no session, settingIO is null, or the catalogue
+ * does not hold exactly one set of dial and initialisation strings for the detected phone on this
+ * type of network: these strings are empty then and the rest of the record is filled. */
 VELMOR_EXPORT long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index,
                                                        Velmor_DUNSetting* settingIO);
 
@@ -203,12 +206,13 @@ VELMOR_EXPORT long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index,
  *
  * aPhoneId            as from Velmor_GetPhoneByIndex or Velmor_GetDetectedPhone
  * aBasicDUNSettingId  as from an earlier record
- * settingIO           takes the setting; without one its texts are empty but for the strings of a
- *                     phone that is known for networks without a type, and the identifier is -1
+ * settingIO           takes the setting; without one as above
  *
- * Returns 0 when the setting is there and the catalogue holds dial and initialisation strings for
- * the phone on this type of network; with more than one set they are left empty. Returns -1
- * otherwise, except that with two negative identifiers the phone's strings alone are enough. */
+ * Identifiers beyond 32 bits are taken for the nearest limit. Returns 0 when the setting is there
+ * and the catalogue holds dial and initialisation strings for the phone on this type of network;
+ * with more than one set they are left empty. Returns -1 otherwise, except that with two negative
+ * identifiers the phone's strings alone are enough. Returns -1 when settingIO is null or there is
+ * no session. */
 VELMOR_EXPORT long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
                                         Velmor_DUNSetting* settingIO);
 

@@ -8,14 +8,18 @@ int Database::Create(const String& name, const String& version, IDatabase*& data
     return 0;
 }
 
+namespace {
+
+// While tables are taken apart, their references to the database come back to its Release, which
+// then only counts. One for all databases: there are no threads.
+bool takingApart = false;
+
+}  // namespace
+
 int Database::Release() {
-    // Taking the tables apart releases their references to the database, which comes back here.
-    static bool takingApart = false;
     --refCount;
     if (refCount == static_cast<int>(tables_.count) && !takingApart) {
-        takingApart = true;
         Destroy();
-        takingApart = false;
     }
     const int left = refCount;
     if (left == 0 && !takingApart) {
@@ -59,11 +63,13 @@ int Database::CreateTable(const String& name, const Array<String>& columnNames, 
 }
 
 void Database::Destroy() {
+    const bool before = std::exchange(takingApart, true);
     for (auto* node = tables_.head; node != nullptr; node = node->next) {
         node->element.value->Destroy();
         node->element.value.Reset();
     }
     tables_.RemoveAll();
+    takingApart = before;
 }
 
 }  // namespace vel

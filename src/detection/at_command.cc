@@ -125,7 +125,7 @@ void TraceBlock(CallFrame& frame, const char* title, const String& text) {
 
 }  // namespace
 
-int ATCommand(const String& cmd, String& responseO, int lineI) {
+int SendATCommand(const String& cmd, String& responseO, int lineI) {
     auto exchange = [&](CallFrame& frame) -> long {
         frame.In("cmd", cmd);
         frame.In("lineI", lineI);
@@ -161,5 +161,11 @@ int ATCommand(const String& cmd, String& responseO, int lineI) {
         frame.Out("responseO", responseO);
         return 1;
     };
-    return static_cast<int>(Framed("ATCommand", 1, exchange));
+    return static_cast<int>(InFrame("ATCommand", 1, exchange));
+}
+
+int ATCommand(const String& cmd, String& responseO, int lineI) {
+    int status = 1;
+    Guarded([&] { status = SendATCommand(cmd, responseO, lineI); });
+    return status;
 }

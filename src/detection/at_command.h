@@ -20,3 +20,6 @@
 // nothing. What bounds the call is the host's read callback: as long as it delivers bytes and none
 // of the two endings comes, the library reads on and keeps what it has read.
 VELMOR_EXPORT int ATCommand(const vel::String& cmd, vel::String& responseO, int lineI);
+
+// The same for the library's own use: throws when memory runs out.
+int SendATCommand(const vel::String& cmd, vel::String& responseO, int lineI);

@@ -50,19 +50,24 @@ void MakeUpperCase(String& text) {
 
 }  // namespace
 
-int ATCompress(String& string, const String& settingsName) {
+void MakeKey(String& string, const String& settingsName) {
     auto compress = [&](CallFrame& frame) -> long {
         frame.In("string", string);
         frame.In("settingsName", settingsName);
         const Velmor::Table recipe = Velmor::getVelmor()->FetchTable(settingsName.c_str());
         const vel::Setting setting(recipe.get());
         const char upperCase = setting.get_Setting(schema::kMakeUpperCase).First();
-        string = Without(string, setting.get_Setting(schema::kRemoveCharacters));
+        String key = Without(string, setting.get_Setting(schema::kRemoveCharacters));
         if (upperCase == 'Y' || upperCase == 'y') {
-            string = WithoutRuns(string, setting.get_Setting(schema::kCompress));
-            MakeUpperCase(string);
+            key = WithoutRuns(key, setting.get_Setting(schema::kCompress));
+            MakeUpperCase(key);
         }
+        string = std::move(key);
         return 0;
     };
-    return static_cast<int>(Framed("ATCompress", -1, compress));
+    InFrame("ATCompress", -1, compress);
+}
+
+int ATCompress(String& string, const String& settingsName) {
+    return Guarded([&] { MakeKey(string, settingsName); }) ? 0 : -1;
 }

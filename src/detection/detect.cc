@@ -51,9 +51,9 @@ template <class RowsFor>
 Pointer<IRow> Ask(const Question& question, const ResponseBuffer& response, RowsFor&& rowsFor) {
     for (const auto& attempt : question.attempts) {
         String answer;
-        ATCommand(attempt.command, answer, attempt.line);
+        SendATCommand(attempt.command, answer, attempt.line);
         response.Fill(answer);
-        ATCompress(answer, question.recipe);
+        MakeKey(answer, question.recipe);
         auto row = RowAt(rowsFor(answer), 0);
         if (row) {
             return row;
@@ -111,21 +111,21 @@ void AppendOperatorName(String& key, const String& answer) {
 }
 
 Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
-    ATCompress(key, schema::kNetworkRecipe);
-    Pointer<IRow> row;
-    session.networkIdentification->FindByIndex(schema::kNetworkResponse, key, *&row);
-    return row;
+    MakeKey(key, schema::kNetworkRecipe);
+    Conditions conditions;
+    conditions.Add(schema::kNetworkResponse, key);
+    return RowAt(FindRows(session.networkIdentification, conditions), 0);
 }
 
 void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
     String key;
     String imsi;
-    ATCommand("AT+CIMI\r", imsi, kLastLine);
+    SendATCommand("AT+CIMI\r", imsi, kLastLine);
     AppendImsiDigits(key, imsi);
     auto row = FindNetwork(session, key);
     if (!row) {
         String name;
-        ATCommand("AT+COPS?\r", name, kLastLine);
+        SendATCommand("AT+COPS?\r", name, kLastLine);
         AppendOperatorName(key, name);  // Kept: behind the digits, if there were any
         row = FindNetwork(session, key);
     }

@@ -20,8 +20,7 @@ long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char*
             return -1;
         }
         const auto phone = RowById(session.phones, session.detectedPhoneId);
-        const auto manufacturer =
-            RowById(session.manufacturers, CellText(phone, schema::kManufacturerID));
+        const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         FillText(nameIO, name_sizeIO, CellText(phone, schema::kName));
         FillText(manuIO, manu_sizeIO, CellText(manufacturer, schema::kName));
         frame.Out("nameIO", nameIO, name_sizeIO);

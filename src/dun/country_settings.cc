@@ -38,7 +38,7 @@ long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aCountryIndex,
         const Velmor& session = *Velmor::getVelmor();
         const auto setting = known ? RowAt(session.countrySettings, aBasicDUNSettingIndex)
                                    : vel::Pointer<vel::IRow>();
-        const auto country = RowById(session.countries, CellText(setting, schema::kCountryID));
+        const auto country = RowNamedBy(setting, schema::kCountryID, session.countries);
         FillRecord(*record, setting, CellText(country, schema::kName), {}, SettingId(setting));
         TraceRecord(frame, *record);
         const bool found = setting && settingIO != nullptr;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "api/schema.h"
 #include "dun/dial_texts.h"
+#include "foundation/number.h"
 
 using vel::String;
 
@@ -12,9 +13,10 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         frame.In("aBasicDUNSettingId", aBasicDUNSettingId);
         frame.InAddress("settingIO", settingIO);
         RecordOutput record(settingIO);
+        const std::int32_t phoneId = vel::Saturate(aPhoneId);
+        const std::int32_t settingId = vel::Saturate(aBasicDUNSettingId);
         const Velmor& session = *Velmor::getVelmor();
-        const auto setting =
-            RowById(session.basicDUNSettings, String::FromLong(aBasicDUNSettingId));
+        const auto setting = RowById(session.basicDUNSettings, String::FromLong(settingId));
         if (setting) {
             frame.Line("Setting found for dunId");
         }
@@ -23,21 +25,19 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         if (country) {
             frame.Line("Country found");
         }
-        const PhoneRows phone(String::FromLong(aPhoneId),
+        const PhoneRows phone(String::FromLong(phoneId),
                               NetworkType(CellText(setting, schema::kNetworkID).ToString()));
         if (phone.IsUnique()) {
             frame.Line("init strings found");
         }
         const DialTexts texts = phone.TextsFor(frame, setting);
-        // The row's key is the argument's text, so the identifier is a 32-bit number with the key.
-        const long id = setting ? aBasicDUNSettingId : -1;
         FillRecord(*record, setting, CellText(country, schema::kName), texts,
-                   static_cast<std::int32_t>(id));
+                   setting ? settingId : -1);
         TraceRecord(frame, *record);
         // Kept: several rows for the phone are no failure here, and neither are negative
         // identifiers for which there is a phone row but no setting.
         const bool refused = settingIO == nullptr || phone.get_Count() == 0;
-        const bool known = setting || (aPhoneId < 0 && aBasicDUNSettingId < 0);
+        const bool known = setting || (phoneId < 0 && settingId < 0);
         return !refused && known ? 0 : -1;
     });
 }

@@ -157,7 +157,7 @@ bool Array<T>::internalEnsureSpace(int extra) {
     }
     if (data == nullptr || SlotsFor(newCapacity) != SlotsFor(capacity)) {
         T* slots = NewSlots(newCapacity);
-        for (int i = 0; data != nullptr && i < count; ++i) {
+        for (int i = 0; data != nullptr && i < capacity; ++i) {
             slots[i] = std::move(data[i]);
         }
         delete[] data;

@@ -52,9 +52,6 @@ void String::Append(const char* bytes, int length) {
     if (length <= 0) {
         return;
     }
-    if (data == nullptr) {
-        count = capacity = 0;
-    }
     if (!internalEnsureSpace(count > 0 ? length : length + 1)) {
         return;
     }
@@ -110,12 +107,14 @@ String String::Replace(const String& what, const String& with) const {
     if (data == nullptr || what.data == nullptr || length < 1 || FindOne(what, 0) < 0) {
         return String(*this);
     }
-    const int withLength = static_cast<int>(std::strlen(with.c_str()));
+    const int withLength =
+        with.count == what.count ? length : static_cast<int>(std::strlen(with.c_str()));
     String result(nullptr);
     result.Clear();
     result.growBy = growBy;
     int start = 0;
-    for (int match = FindOne(what, 0); match >= 0; match = FindOne(what, start)) {
+    for (int match = FindOne(what, 0); match >= 0 && match + length < count;
+         match = FindOne(what, start)) {
         result.Append(data + start, match - start);
         result.Append(with.data, withLength);
         start = match + length;

@@ -123,7 +123,8 @@ bool File::setPosition(long offset, long origin) {
 }
 
 long File::getPosition() {
-    return stream_ == nullptr ? -1 : std::ftell(stream_) - Ahead();
+    const long position = stream_ == nullptr ? -1 : std::ftell(stream_);
+    return position < 0 ? -1 : position - Ahead();
 }
 
 }  // namespace vel

@@ -30,7 +30,8 @@ class File {
 
     // Reads the bytes up to the next line feed or the end of the file, drops every "\r" and returns
     // true; false once the end has been met. A file that ends in a line feed so yields one more,
-    // empty, line. A read error counts as the end of the file, but an empty rest is then no line.
+    // empty, line. Reads ahead, for files and not for terminals. A read error counts as the end of
+    // the file, but an empty rest is then no line.
     bool readLine(String* line);
     // Writes the characters of the line, without its NULs and with no line end added.
     bool writeLine(String& line);

@@ -64,6 +64,8 @@ TEST_F(Detection, AsksUntilItKnows) {
          "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
         {"a name without its last quote", "AT+COPS?: +COPS: 0,0,\"Northtel",
          "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "", "100", 2},
+        {"line noise", "AT+CGMI:= \\r\\n\\x00Acme\\r\\nOK\\r\\n\nAT+CGMM: ACME X100",
+         "+CGMI +CGMM +CIMI +COPS? ", 0, "10", "", 0},
         {"silence", "unknown =", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
     };
     Start();
@@ -177,11 +179,14 @@ TEST_F(Detection, SurvivesWantOfMemory) {
         Velmor::getVelmor()->countrySettings.Reset();
         Velmor::getVelmor()->countrySettingsId.Clear();
     };
+    bool wrong = false;
     const auto scenario = [&] {
         Velmor_DUNSetting record;
         char text[32];
         long id = 0;
         long sum = Velmor_DetectPhoneAndNetwork(0, maker, 16, model, 8);
+        // Found whole or not at all: never another phone for want of memory.
+        wrong |= sum == 0 && std::strcmp(Velmor::getVelmor()->detectedPhoneId.c_str(), "10") != 0;
         sum += Velmor_GetDetectedPhone(0, text, 32, maker, 16) + Settings();
         sum += Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
         sum += Velmor_GetDUNSetting(0, 10, 4, &record);
@@ -199,7 +204,7 @@ TEST_F(Detection, SurvivesWantOfMemory) {
             allocation::FailAfter(n, mode);
             const long sum = scenario();
             failed = allocation::FailAfter(0);
-            ASSERT_TRUE(failed ? sum <= whole : sum == whole) << n;
+            ASSERT_TRUE(!wrong && (failed ? sum <= whole : sum == whole)) << n;
             ASSERT_EQ(Velmor::getVelmor()->traceDepth, 0) << n;
             forget();
             ASSERT_EQ(allocation::Live(), live) << n;

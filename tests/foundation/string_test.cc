@@ -66,7 +66,7 @@ TEST(String, AppendGrowsByTheQuantum) {
     }
     for (String start : {Null(), String(nullptr)}) {
         start.Append('x');
-        ExpectState(start, 2, 32, "x");
+        ExpectState(start, 2, start.capacity, "x");
     }
 }
 
@@ -76,7 +76,7 @@ TEST(String, Concatenation) {
     ExpectState(String("") + "x", 2, 33, "x");
     ExpectState(String("ab") + String("cd"), 5, 35, "abcd");
     ExpectState(Null() + "x", 2, 32, "x");
-    ExpectState(String(nullptr) + "x", 2, 32, "x");
+    ExpectState(String(nullptr) + "x", 2, 33, "x");
 }
 
 TEST(String, MidAndFindOne) {
@@ -134,6 +134,10 @@ TEST(String, Replace) {
         ExpectState(result, count, count, row.result);
     }
     ExpectState(String("aaa").Replace("a", ""), 0, 0, nullptr);
+    String withNul("a");
+    withNul.Append('\0');
+    ExpectState(String("ba").Replace(withNul, "Z"), 3, 3, "ba");
+    ExpectState(String("axyb").Replace("xy", withNul), 5, 5, "aa");
     ExpectState(Null().Replace("a", "b"), 0, 0, nullptr);
 }
 

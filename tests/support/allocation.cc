@@ -61,6 +61,11 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return Allocate(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
+    return Allocate(size);
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
 void operator delete(void* block) noexcept {
     Free(block);
 }
