@@ -18,4 +18,5 @@ install() {
 
 # The packages that build the library, and those that build and run its tests.
 build_packages="g++ cmake ninja-build libcli11-dev libpugixml-dev nlohmann-json3-dev"
-test_packages="$build_packages libgtest-dev binutils"
+test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
+    ppp gammu wvdial"
