@@ -6,3 +6,11 @@ if(VELMOR_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+
+# A program in C for the sanitized library brings the C++ part of the sanitizers' runtime.
+function(velmor_c_program target)
+  target_link_libraries(${target} PRIVATE velmor_warnings)
+  if(VELMOR_SANITIZE)
+    set_target_properties(${target} PROPERTIES LINKER_LANGUAGE CXX)
+  endif()
+endfunction()

@@ -40,7 +40,8 @@ TEST(String, StatesAfterConstructionAndAssignment) {
     String other;
     other = text;
     ExpectState(other, 4, 4, "abc");
-    other = other;  // NOLINT: on purpose
+    const String& self = other;
+    other = self;
     ExpectState(other, 4, 4, "abc");
     other = other.data + 1;
     ExpectState(other, 3, 3, "bc");
