@@ -7,6 +7,8 @@
 
 #include "api/rows.h"
 #include "api/schema.h"
+#include "source_format.h"
+#include "source_writer.h"
 #include "texts.h"
 
 namespace {
@@ -40,15 +42,7 @@ std::string FreeId(const Velmor::Table& table) {
 }
 
 std::string SourceLine(const std::vector<std::string>& fields) {
-    std::string line = "E#";
-    for (const std::string& field : fields) {
-        for (const char c : field) {
-            line += c == '#' || c == '\\' ? "\\" : "";
-            line += c;
-        }
-        line += '#';
-    }
-    return line;
+    return kHiddenLine + SourceRecord(fields);
 }
 
 // A name for people from an answer such as `+CGMM: "X100"`.
@@ -88,7 +82,7 @@ class Adviser {
             AddDialStrings(phoneId);
         }
         for (const std::string& name : begun_) {
-            lines_.push_back({name, SourceLine({"$_TABLE_END_$"})});
+            lines_.push_back({name, SourceLine({kTableEnd})});
         }
         return std::move(lines_);
     }
@@ -113,7 +107,7 @@ class Adviser {
             row.push_back(value == values.end() ? "" : value->second);
         }
         if (!table && begun_.insert(name).second) {
-            columns.insert(columns.begin(), {"$_TABLE_BEGIN_$", name});
+            columns.insert(columns.begin(), {kTableBegin, name});
             lines_.push_back({name, SourceLine(columns)});
         }
         lines_.push_back({name, SourceLine(row)});

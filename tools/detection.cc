@@ -44,6 +44,10 @@ void PrintAdvice(const Detection& found) {
         std::cout << "\nThe phone did not name its network. Is its SIM card in and unlocked, and "
                      "has it found\nits operator?\n";
     }
+    if (found.answered && found.phoneId < 0 && !found.identification.phone.IsUsable()) {
+        std::cout << "\nThe phone did not name its model; the guide to the catalogue says what a "
+                     "catalogue can do.\n";
+    }
     if (found.advice.empty()) {
         return;
     }
