@@ -7,9 +7,12 @@ _velmor() {
         [check]="--json"
         [countries]="--json"
         [decode]="--output --force"
+        [detect]="--device --phone --baud --timeout --setting --verbose --format --json --output --force"
         [encode]="--output --force"
         [import]="--phones --output --iso --force"
+        [phone]="--verbose"
         [phones]="--json"
+        [setting]="--phone --setting --device --baud --format --json --output --force"
         [settings]="--json --country"
         [show]="--json --where"
     )
@@ -17,6 +20,8 @@ _velmor() {
     COMPREPLY=()
     if [ "$COMP_CWORD" -eq 1 ]; then
         choices="${!options[*]} --help --version"
+    elif [ "$previous" = --format ]; then
+        choices="text json ppp wvdial"
     elif [ "$previous" = --country ] || [ "$previous" = --where ]; then
         return
     elif [[ $word == -* ]]; then

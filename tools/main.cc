@@ -23,9 +23,12 @@ int Run(int argc, char** argv) {
     AddCheck(app, status);
     AddCountries(app);
     AddDecode(app);
+    AddDetect(app, status);
     AddEncode(app);
     AddImport(app, status);
+    AddPhone(app);
     AddPhones(app);
+    AddSetting(app, status);
     AddSettings(app, status);
     AddShow(app, status);
     try {

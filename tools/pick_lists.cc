@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // velmor countries, phones and settings: the lists that a host offers to its user, through the
 // exported functions.
-#include <cstring>
 #include <iostream>
 
 #include "api/velmor.h"
 #include "command.h"
 #include "print.h"
 #include "private_copy.h"
+#include "record_format.h"
 
 namespace {
 
@@ -17,15 +17,10 @@ struct Options {
     bool json = false;
 };
 
-// The text in a host's buffer, which need not be terminated.
-std::string HostText(const char* buffer, std::size_t size) {
-    return {buffer, strnlen(buffer, size)};
-}
-
 std::string CountryName(long index) {
     char name[1024];
     Velmor_GetCountryByIndex(0, index, name, sizeof name);
-    return HostText(name, sizeof name);
+    return HostText(name);
 }
 
 // Prints objects that all have the same members.
@@ -72,28 +67,9 @@ void ListPhones(const Options& options) {
                       << " has no manufacturer; a host cannot list it\n";
             continue;
         }
-        list.push_back({{"id", id}, {"phone", HostText(description, sizeof description)}});
+        list.push_back({{"id", id}, {"phone", HostText(description)}});
     }
     Print(list, options.json);
-}
-
-Json Describe(const Velmor_DUNSetting& setting) {
-    const auto text = [](const char(&field)[VELMOR_TEXT_SIZE]) {
-        return HostText(field, sizeof field);
-    };
-    return {{"id", setting.aBasicDUNSettingId},
-            {"name", text(setting.DisplayName)},
-            {"apn", text(setting.APN)},
-            {"user", text(setting.DefaultUser)},
-            {"password", text(setting.DefaultPassword)},
-            {"requires-user", text(setting.RequiresUser)},
-            {"contract", text(setting.ContractType)},
-            {"default", text(setting.Default)},
-            {"client", text(setting.ClientIP)},
-            {"gateway", text(setting.GatewayIP)},
-            {"dns1", text(setting.Dns1)},
-            {"dns2", text(setting.Dns2)},
-            {"country", text(setting.Country)}};
 }
 
 int ListSettings(const Options& options) {
@@ -108,7 +84,7 @@ int ListSettings(const Options& options) {
         for (long i = 0; i < Velmor_GetCountryNrOfBasicDUNSettings(0, country); ++i) {
             Velmor_DUNSetting setting;
             if (Velmor_GetCountryBasicDUNSettingByIndex(0, country, i, &setting) == 0) {
-                list.push_back(Describe(setting));
+                list.push_back(DescribeSetting(setting));
             }
         }
     }

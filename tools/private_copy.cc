@@ -6,7 +6,6 @@
 #include <cstring>
 #include <filesystem>
 
-#include "api/velmor.h"
 #include "command.h"
 #include "input_file.h"
 #include "output_file.h"
@@ -36,9 +35,10 @@ PrivateCopy::~PrivateCopy() {
     std::filesystem::remove_all(directory_, ignored);
 }
 
-PrivateSession::PrivateSession(const std::string& catalogue) {
+PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction read,
+                               Velmor_SendFunction send) {
     const PrivateCopy copy(catalogue);
-    if (Velmor_Initialise(copy.path().c_str(), nullptr, nullptr) != 0) {
+    if (Velmor_Initialise(copy.path().c_str(), read, send) != 0) {
         throw ToolError(catalogue +
                         ": the library refuses it as a catalogue; velmor check says why");
     }

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "api/velmor.h"
+
 // A copy of a catalogue in a directory of its own that only its owner can read, removed at the end:
 // the library writes beside every catalogue that it reads.
 class PrivateCopy {
@@ -23,7 +25,8 @@ class PrivateCopy {
 // when the library refuses the file.
 class PrivateSession {
   public:
-    explicit PrivateSession(const std::string& catalogue);
+    explicit PrivateSession(const std::string& catalogue, Velmor_ReadFunction read = nullptr,
+                            Velmor_SendFunction send = nullptr);
     ~PrivateSession();
     PrivateSession(const PrivateSession&) = delete;
     PrivateSession& operator=(const PrivateSession&) = delete;

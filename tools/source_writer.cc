@@ -4,6 +4,20 @@
 #include "command.h"
 #include "source_format.h"
 
+std::string SourceRecord(const std::vector<std::string>& fields) {
+    std::string text(1, kSourceSeparator);
+    for (const std::string& field : fields) {
+        for (const char c : field) {
+            if (c == kSourceSeparator || c == '\\') {
+                text += '\\';
+            }
+            text += c;
+        }
+        text += kSourceSeparator;
+    }
+    return text;
+}
+
 SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
     : path_(std::move(path)) {
     AddRecord({kDatabaseBegin, name, version});
@@ -47,15 +61,5 @@ void SourceWriter::AddHidden(const std::vector<std::string>& fields) {
 }
 
 void SourceWriter::AddRecord(const std::vector<std::string>& fields) {
-    text_ += kSourceSeparator;
-    for (const std::string& field : fields) {
-        for (const char c : field) {
-            if (c == kSourceSeparator || c == '\\') {
-                text_ += '\\';
-            }
-            text_ += c;
-        }
-        text_ += kSourceSeparator;
-    }
-    text_ += '\n';
+    text_ += SourceRecord(fields) + '\n';
 }

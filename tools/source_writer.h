@@ -6,6 +6,9 @@
 
 #include "catalogue.h"
 
+// A record as it stands in a source, without a line end.
+std::string SourceRecord(const std::vector<std::string>& fields);
+
 // Builds the text of a catalogue source: one database, whose tables and rows are lines to be
 // enciphered. Calls come in the order of the file: BeginTable, AddRow..., EndTable, ..., Finish.
 class SourceWriter {

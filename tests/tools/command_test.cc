@@ -1,30 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <random>
 
 #include "storage/crypt.h"
 #include "support/session.h"
+#include "support/shell.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// Runs a shell line in which "velmor" is the command: its exit status, and what is on standard
-// error. What it prints is in the file "out", unless the line sends it elsewhere.
-std::pair<int, std::string> Shell(const std::string& line) {
-    const std::string velmor = "velmor() { " VELMOR_COMMAND " \"$@\"; }; exec 3>&1 >out 2>&3; ";
-    std::FILE* pipe = popen((velmor + line).c_str(), "r");
-    std::string errors;
-    for (int c = 0; (c = std::fgetc(pipe)) != EOF;) {
-        errors += static_cast<char>(c);
-    }
-    const int status = pclose(pipe);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, errors};
-}
 
 TEST(Encode, ComesBackByteForByte) {
     const std::string roundTrip =

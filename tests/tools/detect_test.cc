@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// velmor detect, setting and phone as processes of their own, over pseudo-terminals, and other
+// people's programs against them.
+#include <algorithm>
+#include <map>
+#include <nlohmann/json.hpp>
+
+#include "phone/profile.h"
+#include "support/session.h"
+#include "support/shell.h"
+
+namespace {
+
+using nlohmann::json;
+namespace fs = std::filesystem;
+
+// A phone that the sample catalogue knows, on a network that it knows.
+const std::string kAcme = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234567890\n";
+
+// Shell lines around a phone that plays the file "profile" meanwhile: $device is where, and "log"
+// what was said.
+std::string WithPhone(const std::string& lines) {
+    return "rm -f device; " VELMOR_COMMAND
+           " phone profile -v >device 2>log & phone=$!\n"
+           "until [ -s device ]; do sleep 0.05; done; device=$(cat device)\n" +
+           lines + "\nstatus=$?; kill -INT $phone; wait $phone || exit 99; exit $status";
+}
+
+bool Installed(const std::string& program) {
+    const bool installed = Shell("command -v " + program).first == 0;
+    std::cout << (installed ? "" : "left out: " + program + " is not installed\n");
+    return installed;
+}
+
+// Detects every profile, several at once, with a catalogue in whose name {} stands for the
+// profile's. Adds the exit status to the result.
+std::map<std::string, json> DetectAll(const std::string& catalogue) {
+    EXPECT_EQ(Shell("for i in $(ls " VELMOR_DATA_DIR "/profiles); do echo ${i%.*}; done | xargs -P "
+                    "6 -I {} sh -c '" VELMOR_COMMAND " detect " +
+                    catalogue +
+                    " --phone " VELMOR_DATA_DIR "/profiles/{}.profile --timeout 2 --json >{}.json; "
+                    "echo $? >{}.status'"),
+              std::make_pair(0, std::string()));
+    std::map<std::string, json> all;
+    for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
+        const std::string name = file.path().stem();
+        all[name] = json::parse(ReadFile(name + ".json"));
+        all[name]["status"] = ReadFile(name + ".status");
+    }
+    return all;
+}
+
+TEST(DetectCommand, DetectsEveryProfile) {
+    WriteFile("all", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
+                         ReadFile(VELMOR_DATA_DIR "/phones.source") +
+                         ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
+    for (const auto& [name, result] : DetectAll("all")) {
+        SCOPED_TRACE(name);
+        const Profile profile = ReadProfile(VELMOR_DATA_DIR "/profiles/" + name + ".profile");
+        const json& phone = result["phone"];
+        const json& settings = result["settings"];
+        const std::string maker = result["manufacturer"]["name"];
+        EXPECT_EQ(phone["id"] < 0 ? "" : maker + ": " + std::string(phone["name"]), profile.phone);
+        EXPECT_EQ(settings.empty() ? "" : settings[0]["name"], profile.network);
+        EXPECT_EQ(result["status"] == "0\n", phone["id"] >= 0 && !settings.empty());
+    }
+}
+
+// The lines that detection advises make a catalogue without fault that knows the phone.
+TEST(DetectCommand, AdvisesWhatIsMissing) {
+    WriteFile("sample", SampleSource().text());
+    for (const auto& [name, result] : DetectAll("sample")) {
+        std::string source = SampleSource().text();
+        for (const json& line : result["advice"]) {
+            const std::string table = "#$_TABLE_BEGIN_$#" + std::string(line["table"]) + "#";
+            source.insert(source.find("E#$_TABLE_END_$#", source.find(table)),
+                          std::string(line["line"]) + "\n");
+        }
+        WriteFile(name, source);
+    }
+    int complete = 0;
+    for (const auto& [name, result] : DetectAll("{}")) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(result["phone"]["id"] >= 0, result["phone"]["key"] != "");
+        EXPECT_EQ(!result["settings"].empty(), result["network"]["key"] != "");
+        EXPECT_EQ(Shell("velmor check " + name).first, 0) << ReadFile("out");
+        complete += result["status"] == "0\n" ? 1 : 0;
+    }
+    EXPECT_GE(complete, 5);
+}
+
+TEST(DetectCommand, EndsWhateverHappens) {
+    const std::string detect = "velmor detect sample --device $device ";
+    const std::string slow = kAcme + "delay = 150";
+    const std::string inUse =
+        detect + "& sleep 0.2; " + detect + "; result=$?; wait $!; (exit $result)";
+    const std::string restored =
+        "stty -F $device sane; stty -F $device -g >before; timeout --preserve-status -s INT "
+        "0.3 " VELMOR_COMMAND
+        " detect sample --device $device; result=$?; stty -F $device -g | "
+        "diff before - && ! ls /var/lock/LCK..pts_${device##*/} 2>/dev/null && (exit $result)";
+    const std::tuple<std::string, std::string, int, const char*> rows[] = {
+        {slow, detect, 0, "Phone         X100 (10)"},
+        {slow, detect + "--timeout 0.1", 1, "answered nothing"},
+        {slow, inUse, 2, "in use by process"},
+        {slow, restored, 130, "interrupted"},
+        {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
+        {kAcme + "disconnect = 40", detect, 2, "the device is gone"},
+        {kAcme + "disconnect = 40", "velmor detect sample --phone profile", 2, "is gone"},
+        {kAcme + "pause = every 1", detect, 0, "ATD*99***1#"},
+        {"flood = ERR", detect + "-v", 1, "< ..."},
+        {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+C'", 0, "6\n"},
+        {kAcme, "velmor detect sample --device profile", 2, "profile: is no serial device"},
+        {"AT+CGMI: X1", detect + "--format ppp", 1, "not known"},
+    };
+    WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
+    for (const auto& [profile, lines, status, words] : rows) {
+        SCOPED_TRACE(profile + "\n" + lines);
+        WriteFile("profile", profile);
+        const auto [ended, errors] = Shell(WithPhone(lines));
+        EXPECT_EQ(ended, status);
+        EXPECT_NE((ReadFile("out") + errors).find(words), std::string::npos) << errors;
+    }
+}
+
+// A word in double quotes in which a backslash quotes the next character, as pppd reads it.
+std::string Unquoted(const std::string& text, const std::string& before) {
+    std::string word;
+    for (std::size_t i = text.find(before + "\"") + before.size() + 1; text.at(i) != '"'; ++i) {
+        i += text[i] == '\\' ? 1 : 0;
+        word += text[i];
+    }
+    return word;
+}
+
+// Each value is the user, the password, and all of the initialisation string.
+TEST(Dialers, TakeHostileValuesAsData) {
+    const char* const values[] = {"a b\"c'd\\e",  "# ;%s%n^C\\T\\d\\c`id`$HOME",
+                                  "{x} [y] = \\", "'; touch pwned; '",
+                                  "\" call x",    "@/etc/passwd",
+                                  "EOT"};
+    const bool chat = Installed("/usr/sbin/chat");
+    const bool wvdial = Installed("wvdial");
+    for (const std::string value : values) {
+        SCOPED_TRACE(value);
+        const std::string cell = std::regex_replace(value, std::regex("[#\\\\]"), "\\$&");
+        WriteFile("hostile", SampleSource()
+                                 .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
+                                 .Replace("#web#secret#", "#" + cell + "#" + cell + "#")
+                                 .text());
+        WriteFile("profile", "unknown = OK\nATD*: NO DIALTONE");  // or wvdial starts pppd
+        const std::string setting = "velmor setting hostile --phone 10 --setting 1 --force ";
+        ASSERT_EQ(Shell("mkdir -p 'd '\\''x'; " + setting + "--format ppp -o 'd '\\''x'").first, 0);
+        const std::string peers = ReadFile("d 'x/velmor");
+        EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
+        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 14);
+        if (wvdial) {
+            Shell(WithPhone(setting + "--format wvdial --device $device >w; wvdial -C w velmor"));
+            EXPECT_NE(ReadFile("log").find("> " + value + "\n"), std::string::npos);
+            EXPECT_EQ(Unquoted(ReadFile("w"), "\nPassword = "), value);
+        }
+        if (chat) {
+            WriteFile("profile", "unknown = OK");
+            const std::string connect = Unquoted(peers, "\nconnect ");
+            EXPECT_EQ(Shell(WithPhone("(" + connect + ") <$device >$device")).first, 0);
+            EXPECT_NE(ReadFile("log").find("> " + value + "\n"), std::string::npos);
+            EXPECT_NE(ReadFile("log").find("< CONNECT"), std::string::npos);
+        }
+        EXPECT_FALSE(FileExists("pwned"));
+    }
+    WriteFile("hostile", SampleSource().Replace("#web#", "#w\x1B#").text());
+    EXPECT_EQ(Shell("velmor setting hostile --phone 10 --setting 1 --format ppp").first, 2);
+}
+
+TEST(PhoneCommand, IsIdentifiedByGammu) {
+    if (!Installed("gammu")) {
+        GTEST_SKIP();
+    }
+    WriteFile("profile", kAcme + "AT+CGMR: 1.0\nAT+CGSN: 000000000000000\n");
+    Shell(WithPhone(
+        "printf '[gammu]\\ndevice = %s\\nconnection = at\\n' $device >rc; gammu -c rc identify"));
+    EXPECT_NE(ReadFile("out").find(": unknown (ACME X100)"), std::string::npos) << ReadFile("out");
+}
+
+}  // namespace
