@@ -18,7 +18,9 @@ using Values = std::vector<std::pair<std::string, std::string>>;  // by column
 std::vector<vel::Pointer<vel::IRow>> RowList(const Velmor::Table& table) {
     std::vector<vel::Pointer<vel::IRow>> list;
     const Velmor::Rows rows = RowsOf(table);
-    for (int i = 0; i < CountOf(rows); ++i) {
+    const int count = CountOf(rows);
+    list.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
         list.push_back(RowAt(rows, i));
     }
     return list;
@@ -114,7 +116,7 @@ class Adviser {
     }
 
     std::string AddPhone() {
-        const std::string phoneId = FreeId(session_.phones);
+        std::string phoneId = FreeId(session_.phones);
         std::string manufacturerId = found_.manufacturerId;
         if (manufacturerId.empty()) {
             manufacturerId = FreeId(session_.manufacturers);
@@ -141,7 +143,7 @@ class Adviser {
     }
 
     std::string AddNetwork() {
-        const std::string networkId = FreeId(session_.networks);
+        std::string networkId = FreeId(session_.networks);
         Add(session_.networks, schema::kNetworks,
             {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
         Add(session_.networkIdentification, schema::kNetworkIdentification,

@@ -49,8 +49,7 @@ UucpLock::UucpLock(const std::string& device) {
             path_ = path;
         } else if (const pid_t holder = Holder(path); holder != 0) {
             unlink(own.c_str());
-            throw ToolError(device + ": in use by process " + std::to_string(holder) + " (" + path +
-                            ")");
+            throw ToolError(device + ": in use by process " + std::to_string(holder));
         } else {
             unlink(path.c_str());
         }

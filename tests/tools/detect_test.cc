@@ -81,8 +81,8 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
     int complete = 0;
     for (const auto& [name, result] : DetectAll("{}")) {
         SCOPED_TRACE(name);
-        EXPECT_EQ(result["phone"]["id"] >= 0, result["phone"]["key"] != "");
-        EXPECT_EQ(!result["settings"].empty(), result["network"]["key"] != "");
+        EXPECT_EQ(result["phone"]["id"] >= 0, !std::string(result["phone"]["key"]).empty());
+        EXPECT_EQ(!result["settings"].empty(), !std::string(result["network"]["key"]).empty());
         EXPECT_EQ(Shell("velmor check " + name).first, 0) << ReadFile("out");
         complete += result["status"] == "0\n" ? 1 : 0;
     }
@@ -93,7 +93,8 @@ TEST(DetectCommand, EndsWhateverHappens) {
     const std::string detect = "velmor detect sample --device $device ";
     const std::string slow = kAcme + "delay = 150";
     const std::string inUse =
-        detect + "& sleep 0.2; " + detect + "; result=$?; wait $!; (exit $result)";
+        "velmor detect sample --device $device & sleep 0.2; velmor detect "
+        "sample --device $device; result=$?; wait $!; (exit $result)";
     const std::string restored =
         "stty -F $device sane; stty -F $device -g >before; timeout --preserve-status -s INT "
         "0.3 " VELMOR_COMMAND
@@ -115,7 +116,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
     };
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
     for (const auto& [profile, lines, status, words] : rows) {
-        SCOPED_TRACE(profile + "\n" + lines);
+        SCOPED_TRACE(testing::Message() << profile << "\n" << lines);
         WriteFile("profile", profile);
         const auto [ended, errors] = Shell(WithPhone(lines));
         EXPECT_EQ(ended, status);
@@ -146,7 +147,8 @@ TEST(Dialers, TakeHostileValuesAsData) {
         const std::string cell = std::regex_replace(value, std::regex("[#\\\\]"), "\\$&");
         WriteFile("hostile", SampleSource()
                                  .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
-                                 .Replace("#web#secret#", "#" + cell + "#" + cell + "#")
+                                 .Replace("#web#", "#" + cell + "#")
+                                 .Replace("#secret#", "#" + cell + "#")
                                  .text());
         WriteFile("profile", "unknown = OK\nATD*: NO DIALTONE");  // or wvdial starts pppd
         const std::string setting = "velmor setting hostile --phone 10 --setting 1 --force ";
