@@ -92,19 +92,20 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
 TEST(DetectCommand, EndsWhateverHappens) {
     const std::string detect = "velmor detect sample --device $device ";
     const std::string slow = kAcme + "delay = 150";
+    const std::string slower = kAcme + "delay = 1500";  // busy until long after any start
     const std::string inUse =
-        "velmor detect sample --device $device & sleep 0.2; velmor detect "
+        "velmor detect sample --device $device & sleep 2; velmor detect "
         "sample --device $device; result=$?; wait $!; (exit $result)";
     const std::string restored =
         "stty -F $device sane; stty -F $device -g >before; timeout --preserve-status -s INT "
-        "0.3 " VELMOR_COMMAND
+        "2 " VELMOR_COMMAND
         " detect sample --device $device; result=$?; stty -F $device -g | "
         "diff before - && ! ls /var/lock/LCK..pts_${device##*/} 2>/dev/null && (exit $result)";
     const std::tuple<std::string, std::string, int, const char*> rows[] = {
         {slow, detect, 0, "Phone         X100 (10)"},
         {slow, detect + "--timeout 0.1", 1, "answered nothing"},
-        {slow, inUse, 2, "in use by process"},
-        {slow, restored, 130, "interrupted"},
+        {slower, inUse, 2, "in use by process"},
+        {slower, restored, 130, "interrupted"},
         {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
         {kAcme + "disconnect = 40", detect, 2, "the device is gone"},
         {kAcme + "disconnect = 40", "velmor detect sample --phone profile", 2, "is gone"},
