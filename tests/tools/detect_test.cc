@@ -23,7 +23,9 @@ std::string WithPhone(const std::string& lines) {
     return "rm -f device; " VELMOR_COMMAND
            " phone profile -v >device 2>log & phone=$!\n"
            "until [ -s device ]; do sleep 0.05; done; device=$(cat device)\n" +
-           lines + "\nstatus=$?; kill -INT $phone; wait $phone || exit 99; exit $status";
+           lines +
+           "\nstatus=$?; kill -INT $phone; wait $phone; ended=$?\n"
+           "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: while it ends
 }
 
 bool Installed(const std::string& program) {
