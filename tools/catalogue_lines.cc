@@ -2,13 +2,12 @@
 #include "catalogue_lines.h"
 
 #include "input_file.h"
+#include "source_format.h"
 #include "storage/crypt.h"
 #include "storage/record_splitter.h"
 #include "texts.h"
 
 namespace {
-
-constexpr char kSeparator = '#';
 
 // Reads line after line as the library does: the key stream runs on from one hidden line to the
 // next.
@@ -88,12 +87,12 @@ std::string LineReader::Decipher(const std::string& line) {
 
 void LineReader::ReadText(const std::string& text, bool hidden) {
     vel::Record record;
-    if (vel::SplitRecord(ToLibrary(text), kSeparator, record)) {
+    if (vel::SplitRecord(ToLibrary(text), kSourceSeparator, record)) {
         records.push_back({number_, FromLibrary(record)});
         if (record.get_Count() > 0) {
             CheckEnds(text, hidden, record.get_Count());
         }
-    } else if (text.find(kSeparator) != std::string::npos) {
+    } else if (text.find(kSourceSeparator) != std::string::npos) {
         AddWarning(findings_, "skipped-line", Here(),
                    "looks like a record, but the library skips it for the \"?\" or the backslash"
                    " before its first separator: remove that, or the separators of a comment");
@@ -106,7 +105,7 @@ void LineReader::ReadText(const std::string& text, bool hidden) {
 
 void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount) {
     std::size_t first = 0;
-    while (text[first] != kSeparator) {
+    while (text[first] != kSourceSeparator) {
         first += text[first] == '\\' ? 2 : 1;
     }
     const std::string before = text.substr(hidden ? 1 : 0, first - (hidden ? 1 : 0));
@@ -117,7 +116,8 @@ void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount)
     }
     // Two more separators end what the library leaves unfinished, be the first of them escaped.
     vel::Record record;
-    vel::SplitRecord(ToLibrary(text + kSeparator + kSeparator), kSeparator, record);
+    vel::SplitRecord(ToLibrary(text + kSourceSeparator + kSourceSeparator), kSourceSeparator,
+                     record);
     const std::string after = FromLibrary(record[fieldCount]);
     if (!IsBlank(after)) {
         AddWarning(findings_, "text-after-record", Here(),

@@ -4,6 +4,7 @@
 #include "database/multy_value_match.h"
 #include "print.h"
 #include "private_copy.h"
+#include "source_format.h"
 #include "storage/db_reader.h"
 #include "texts.h"
 
@@ -32,7 +33,8 @@ TextRow ColumnNames(const vel::ITable& table) {
 
 vel::Pointer<vel::IDatabase> Load(const std::string& path) {
     const PrivateCopy copy(path);
-    vel::Pointer<vel::IDatabase> database = vel::DBReader(copy.path().c_str(), '#').get_DB();
+    vel::Pointer<vel::IDatabase> database =
+        vel::DBReader(copy.path().c_str(), kSourceSeparator).get_DB();
     if (!database) {
         throw ToolError(path + ": holds no database; velmor check says why");
     }
