@@ -107,11 +107,16 @@ void CallFrame::Line2(const char* label, const vel::String& text) {
     }
 }
 
-long RunInFrame(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
-                void* context) {
+long InFrame(const char* name, long failure, const FrameBody& body) {
     CallFrame frame(name);
     frame.SetResult(failure);
-    const long result = body(context, frame);
+    const long result = body(frame);
     frame.SetResult(result);
+    return result;
+}
+
+long Framed(const char* name, long failure, const FrameBody& body) {
+    long result = failure;
+    Guarded([&] { result = InFrame(name, failure, body); });
     return result;
 }

@@ -46,27 +46,26 @@ class CallFrame {
     bool hasResult_ = false;
 };
 
-// Runs `body(context, frame)` in a frame and returns what it returns. When it throws, the frame
-// reports `failure` and the exception goes on.
-long RunInFrame(const char* name, long failure, long (*body)(void* context, CallFrame& frame),
-                void* context);
+// What is done in a frame: a callable that takes it and returns the result, without its type.
+class FrameBody {
+  public:
+    template <class Body>
+    FrameBody(const Body& body)  // NOLINT(google-explicit-constructor): made where it is passed
+        : body_(&body), call_([](const void* callable, CallFrame& frame) {
+              return (*static_cast<const Body*>(callable))(frame);
+          }) {}
+    long operator()(CallFrame& frame) const { return call_(body_, frame); }
 
-// The same for a callable that takes the frame: for operations that others of the library call, and
-// that must not mistake want of memory for an answer.
-template <class Body>
-long InFrame(const char* name, long failure, Body&& body) {
-    using Callable = std::remove_reference_t<Body>;
-    return RunInFrame(
-        name, failure,
-        [](void* context, CallFrame& frame) { return (*static_cast<Callable*>(context))(frame); },
-        &body);
-}
+  private:
+    const void* body_;
+    long (*call_)(const void* callable, CallFrame& frame);
+};
+
+// Runs the body in a frame and returns what it returns. When it throws, the frame reports `failure`
+// and the exception goes on: for operations that others of the library call, and that must not
+// mistake want of memory for an answer.
+long InFrame(const char* name, long failure, const FrameBody& body);
 
 // The frame of an exported operation: nothing is thrown out of it, and a body that throws has the
 // result `failure`.
-template <class Body>
-long Framed(const char* name, long failure, Body&& body) {
-    long result = failure;
-    Guarded([&] { result = InFrame(name, failure, body); });
-    return result;
-}
+long Framed(const char* name, long failure, const FrameBody& body);

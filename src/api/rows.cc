@@ -2,6 +2,7 @@
 #include "api/rows.h"
 
 #include "database/multy_value_match.h"
+#include "database/table.h"
 
 using vel::IRow;
 using vel::IRowCondition;
@@ -31,20 +32,24 @@ Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
     return row;
 }
 
-Pointer<IRow> RowById(const Velmor::Table& table, const vel::String& id) {
+Pointer<IRow> RowById(const Velmor::Table& table, const vel::TextView& id) {
     Pointer<IRow> row;
     if (table) {
-        table->get_Row(id, *&row);
+        static_cast<const vel::Table&>(*table).get_Row(id, *&row);
     }
     return row;
 }
 
 Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Velmor::Table& table) {
-    return row ? RowById(table, CellText(row, column).ToString()) : Pointer<IRow>();
+    return row ? RowById(table, CellText(row, column)) : Pointer<IRow>();
 }
 
-Velmor::Rows FindRows(const Velmor::Table& table, const Conditions& conditions) {
-    return FindRows(table, Pointer<IRowCondition>::Adopt(new vel::MultyValueMatch(conditions)));
+Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required) {
+    auto match = Pointer<vel::MultyValueMatch>::Adopt(new vel::MultyValueMatch);
+    for (const Required& one : required) {
+        match->Require(one.column, one.text);
+    }
+    return FindRows(table, Pointer<IRowCondition>(match.get()));
 }
 
 Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition) {

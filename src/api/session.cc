@@ -1,12 +1,38 @@
 // SPDX-License-Identifier: MIT
 #include "api/session.h"
 
+#include "api/schema.h"
 #include "api/setting.h"
 #include "storage/db_reader.h"
 
 namespace {
 
 constexpr char kSeparator = '#';  // of the fields in a catalogue file
+
+// The tables that a session holds, in the order in which they are fetched. A session is complete
+// with the required ones.
+const struct {
+    Velmor::Table Velmor::*table;
+    const char* name;
+    bool required;
+} kTables[] = {
+    {&Velmor::phones, schema::kPhones, true},
+    {&Velmor::basicDUNSettings, schema::kBasicDUNSettings, true},
+    {&Velmor::countries, schema::kCountries, true},
+    {&Velmor::manufacturers, schema::kManufacturers, true},
+    {&Velmor::manufacturerIdentification, schema::kManufacturerIdentification, true},
+    {&Velmor::phoneIdentification, schema::kPhoneIdentification, true},
+    {&Velmor::networkIdentification, schema::kNetworkIdentification, true},
+    {&Velmor::basicDUNForPhone, schema::kBasicDUNForPhone, false},
+    {&Velmor::networks, schema::kNetworks, false},
+};
+
+// Those that it lets go of at its end, in this order.
+constexpr Velmor::Table Velmor::*kReleased[] = {
+    &Velmor::manufacturers,    &Velmor::countries,           &Velmor::basicDUNSettings,
+    &Velmor::phones,           &Velmor::phoneIdentification, &Velmor::networkIdentification,
+    &Velmor::basicDUNForPhone,
+};
 
 }  // namespace
 
@@ -19,16 +45,9 @@ void Velmor::Init(const char* aDatabaseFile) {
     traceDepth = 0;
     vel::DBReader reader(aDatabaseFile, kSeparator);
     database = reader.get_DB();
-    phones = FetchTable(schema::kPhones);
-    basicDUNSettings = FetchTable(schema::kBasicDUNSettings);
-    countries = FetchTable(schema::kCountries);
-    manufacturers = FetchTable(schema::kManufacturers);
-    manufacturerIdentification = FetchTable(schema::kManufacturerIdentification);
-    phoneIdentification = FetchTable(schema::kPhoneIdentification);
-    networkIdentification = FetchTable(schema::kNetworkIdentification);
-    basicDUNForPhone = FetchTable(schema::kBasicDUNForPhone);
-    networks = FetchTable(schema::kNetworks);
-
+    for (const auto& held : kTables) {
+        this->*held.table = FetchTable(held.name);
+    }
     const Table variables = FetchTable(schema::kGeneralVariables);
     const char trace = vel::Setting(variables.get()).get_Setting(schema::kTrace).First();
     traceSwitch = trace == 'y' || trace == 'Y';
@@ -43,20 +62,20 @@ Velmor::Table Velmor::FetchTable(const char* name) const {
 }
 
 bool Velmor::IsComplete() const {
-    return manufacturers && countries && basicDUNSettings && phones && database &&
-           manufacturerIdentification && phoneIdentification && networkIdentification;
+    for (const auto& held : kTables) {
+        if (held.required && !(this->*held.table)) {
+            return false;
+        }
+    }
+    return static_cast<bool>(database);
 }
 
 void Velmor::Release() {
     countrySettings.Reset();
     detectedSettings.Reset();
-    manufacturers.Reset();
-    countries.Reset();
-    basicDUNSettings.Reset();
-    phones.Reset();
-    phoneIdentification.Reset();
-    networkIdentification.Reset();
-    basicDUNForPhone.Reset();
+    for (const auto table : kReleased) {
+        (this->*table).Reset();
+    }
     database.Reset();
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "api/schema.h"
 #include "database/interfaces.h"
 
 namespace vel {
@@ -14,14 +13,7 @@ class Setting {
 
     // The value in the first row of that name. The empty text when there is none: a missing setting
     // and an empty one are the same.
-    String get_Setting(const String& name) const {
-        String value;
-        Pointer<IRow> row;
-        if (table_ != nullptr && table_->FindByIndex(schema::kVariable, name, *&row) == 0 && row) {
-            row->get_ColumnValue(schema::kValue, value);
-        }
-        return value;
-    }
+    String get_Setting(const String& name) const;
 
   private:
     ITable* table_;

@@ -10,8 +10,13 @@ namespace vel {
 // given. Refuses a table that lacks one of the columns.
 class MultyValueMatch final : public IRowCondition {
   public:
+    // Matches every row until something is required of it.
+    MultyValueMatch() = default;
     // Column name to required text; copied.
     explicit MultyValueMatch(const Dictionary<String, String>& conditions);
+
+    // Requires a text of a column as well; of two for one column the first counts.
+    void Require(const String& column, const String& text) { conditions_.Add(column, text); }
 
     int Prepare(ITable* table) override;
     bool Matches(const IRow* const& row) const override;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "database/row.h"
 
+#include <cstring>
+
 #include "database/table.h"
 
 namespace vel {
@@ -77,6 +79,15 @@ Row::Cells* Row::MakeCells() const {
         columns_ = std::move(cells);
     }
     return columns_.get();
+}
+
+TextView CellText(const IRow* row, const char* columnName) {
+    TextView text;
+    if (row != nullptr) {
+        const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
+        text = static_cast<const Row*>(row)->Text(name);
+    }
+    return text ? text : TextView("", 1);
 }
 
 void Row::Destroy() {

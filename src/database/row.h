@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstring>
-
 #include "database/column.h"
 #include "foundation/record.h"
 
@@ -48,11 +46,8 @@ class Row final : public IRow, public DatabaseObject {
     int index_;
 };
 
-// The text under a column of a row, in place; none without a row or without such a column.
-inline TextView CellText(const IRow* row, const char* columnName) {
-    const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
-    return row == nullptr ? TextView() : static_cast<const Row*>(row)->Text(name);
-}
+// The text under a column of a row, in place; the empty text without a row or such a column.
+TextView CellText(const IRow* row, const char* columnName);
 inline TextView CellText(const Pointer<IRow>& row, const char* columnName) {
     return CellText(row.get(), columnName);
 }

@@ -33,6 +33,10 @@ int Table::get_Name(String& name) const {
 }
 
 int Table::get_Row(const String& id, IRow*& row) const {
+    return get_Row(TextView(id), row);
+}
+
+int Table::get_Row(const TextView& id, IRow*& row) const {
     row = nullptr;
     for (int i = 0; i < rows_->items.count; ++i) {
         if (rows_->items[i]->Id() == id) {
@@ -103,9 +107,8 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
 
 int Table::FindByIndex(String column, String value, IRow*& row) {
     row = nullptr;
-    Dictionary<String, String> conditions;
-    conditions.Add(column, value);
-    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
+    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
+    match->Require(column, value);
     Pointer<ICollection<IRow*>> results;
     if (Find(match.get(), *&results) != 0) {
         return 1;

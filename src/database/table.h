@@ -26,6 +26,8 @@ class Table final : public ITable, public DatabaseObject {
     int Clear() override;
     void Destroy() override;
 
+    // get_Row for a key that stands in a cell of another table.
+    int get_Row(const TextView& id, IRow*& row) const;
     // CreateRow from the fields of a record, for the reader of catalogues.
     int CreateRow(const Record& values, IRow*& row);
     // Index of the first column of that name, or -1.

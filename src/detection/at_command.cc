@@ -2,6 +2,7 @@
 #include "detection/at_command.h"
 
 #include "api/call_frame.h"
+#include "api/schema.h"
 #include "api/session.h"
 #include "api/setting.h"
 #include "foundation/number.h"
@@ -97,7 +98,12 @@ Answer Receive(const Link& link, String& all, String& last) {
 }
 
 String WithPlainLineEnds(const String& text) {
-    return text.Replace("\r\n", "\n").Replace("\n\r", "\n").Replace("\r", "\n");
+    const String lineFeed("\n");
+    String plain = text;
+    for (const char* lineEnd : {"\r\n", "\n\r", "\r"}) {
+        plain = plain.Replace(lineEnd, lineFeed);
+    }
+    return plain;
 }
 
 // The line of an answer at a position, where the echo of the command and empty lines do not count.

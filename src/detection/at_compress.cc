@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "api/call_frame.h"
+#include "api/schema.h"
 #include "api/session.h"
 #include "api/setting.h"
 

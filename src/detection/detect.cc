@@ -15,21 +15,41 @@ namespace {
 
 constexpr int kLastLine = -1;
 
-// A question to the phone, put in several ways until an answer is known, and the recipe that makes
-// a key of the answer. Commands: 3GPP TS 27.007 (+CGMI, +CGMM), ITU-T V.250 (+GMI, +GMM, I).
+// The rows for the normalised answer of a phone, whose manufacturer is known by then.
+Velmor::Rows ManufacturerRows(const String& answer, const String&) {
+    return FindRows(Velmor::getVelmor()->manufacturerIdentification,
+                    Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(answer)));
+}
+Velmor::Rows PhoneRows(const String& answer, const String& manufacturerId) {
+    return FindRows(Velmor::getVelmor()->phoneIdentification,
+                    {{schema::kManufacturerID, manufacturerId}, {schema::kPhoneResponse, answer}});
+}
+
+// A question to the phone, put in several ways until an answer is known: the recipe that makes a
+// key of the answer, the rows for that key, and the identifier that the first of them holds.
+// Commands: 3GPP TS 27.007 (+CGMI, +CGMM), ITU-T V.250 (+GMI, +GMM, I).
 struct Question {
     struct {
         const char* command;
         int line;
     } attempts[3];
     const char* recipe;
+    Velmor::Rows (*rowsFor)(const String& answer, const String& manufacturerId);
+    const char* idColumn;
+    const char* message;
 };
 
 constexpr Question kManufacturer = {
     {{"AT+CGMI\r", kLastLine}, {"AT+GMI\r", kLastLine}, {"ATI0\r", 0}},
-    schema::kManufacturerRecipe};
+    schema::kManufacturerRecipe,
+    ManufacturerRows,
+    schema::kManufacturerID,
+    "Manufacturer Detected !"};
 constexpr Question kPhone = {{{"AT+CGMM\r", kLastLine}, {"AT+GMM\r", kLastLine}, {"ATI3\r", 0}},
-                             schema::kPhoneRecipe};
+                             schema::kPhoneRecipe,
+                             PhoneRows,
+                             schema::kPhoneID,
+                             "Phone Detected !"};
 
 // The host's buffer for the raw answer to a question.
 struct ResponseBuffer {
@@ -46,47 +66,22 @@ struct Detection {
     Velmor::Rows settings;
 };
 
-// Asks until `rowsFor` finds rows for the normalised answer, and returns the first of them.
-template <class RowsFor>
-Pointer<IRow> Ask(const Question& question, const ResponseBuffer& response, RowsFor&& rowsFor) {
+// The identifier for the first answer that is known, empty when none is.
+String Ask(CallFrame& frame, const Question& question, const String& manufacturerId,
+           const ResponseBuffer& response) {
     for (const auto& attempt : question.attempts) {
         String answer;
         SendATCommand(attempt.command, answer, attempt.line);
         response.Fill(answer);
         MakeKey(answer, question.recipe);
-        auto row = RowAt(rowsFor(answer), 0);
+        const auto row = RowAt(question.rowsFor(answer, manufacturerId), 0);
         if (row) {
-            return row;
+            String id = CellText(row, question.idColumn).ToString();
+            frame.Line2(question.message, id);
+            return id;
         }
     }
     return {};
-}
-
-String DetectManufacturer(CallFrame& frame, const Velmor& session, const ResponseBuffer& response) {
-    const auto row = Ask(kManufacturer, response, [&](const String& answer) {
-        return FindRows(session.manufacturerIdentification,
-                        Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(answer)));
-    });
-    String id = CellText(row, schema::kManufacturerID).ToString();
-    if (row) {
-        frame.Line2("Manufacturer Detected !", id);
-    }
-    return id;
-}
-
-String DetectPhone(CallFrame& frame, const Velmor& session, const ResponseBuffer& response,
-                   const String& manufacturerId) {
-    const auto row = Ask(kPhone, response, [&](const String& answer) {
-        Conditions conditions;
-        conditions.Add(schema::kManufacturerID, manufacturerId);
-        conditions.Add(schema::kPhoneResponse, answer);
-        return FindRows(session.phoneIdentification, conditions);
-    });
-    String id = CellText(row, schema::kPhoneID).ToString();
-    if (row) {
-        frame.Line2("Phone Detected !", id);
-    }
-    return id;
 }
 
 // Appends the first digits of an IMSI: the country code and two digits of the network code.
@@ -112,9 +107,7 @@ void AppendOperatorName(String& key, const String& answer) {
 
 Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
     MakeKey(key, schema::kNetworkRecipe);
-    Conditions conditions;
-    conditions.Add(schema::kNetworkResponse, key);
-    return RowAt(FindRows(session.networkIdentification, conditions), 0);
+    return RowAt(FindRows(session.networkIdentification, {{schema::kNetworkResponse, key}}), 0);
 }
 
 void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
@@ -133,9 +126,7 @@ void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
         return;
     }
     found.networkId = CellText(row, schema::kNetworkID).ToString();
-    Conditions conditions;
-    conditions.Add(schema::kNetworkID, found.networkId);
-    found.settings = FindRows(session.basicDUNSettings, conditions);
+    found.settings = FindRows(session.basicDUNSettings, {{schema::kNetworkID, found.networkId}});
     frame.Line2("Networks detected !", found.networkId);
 }
 
@@ -155,8 +146,8 @@ long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO, long manuR
             return -1;
         }
         Detection found;
-        const String manufacturerId = DetectManufacturer(frame, session, manufacturer);
-        found.phoneId = DetectPhone(frame, session, phone, manufacturerId);
+        const String manufacturerId = Ask(frame, kManufacturer, {}, manufacturer);
+        found.phoneId = Ask(frame, kPhone, manufacturerId, phone);
         DetectNetwork(frame, session, found);
 
         const int count = CountOf(found.settings);

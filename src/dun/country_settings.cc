@@ -16,9 +16,8 @@ long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
         if (!session.countrySettings || key != session.countrySettingsId) {
             session.countrySettings.Reset();
             session.countrySettingsId = key;
-            Conditions conditions;
-            conditions.Add(schema::kCountryID, key);
-            session.countrySettings = FindRows(session.basicDUNSettings, conditions);
+            session.countrySettings =
+                FindRows(session.basicDUNSettings, {{schema::kCountryID, key}});
         }
         return CountOf(session.countrySettings);
     });

@@ -29,8 +29,8 @@ long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index, Velmor_DUNSet
         String networkType;
         if (session.detectedSettings) {
             // Kept: also without a setting row, by empty identifiers then.
-            country = RowById(session.countries, CellText(setting, schema::kCountryID).ToString());
-            networkType = NetworkType(CellText(setting, schema::kNetworkID).ToString());
+            country = RowById(session.countries, CellText(setting, schema::kCountryID));
+            networkType = NetworkType(CellText(setting, schema::kNetworkID));
         }
         const PhoneRows phone(session.detectedPhoneId.c_str(), networkType);
         const DialTexts texts = phone.TextsFor(frame, setting);

@@ -27,10 +27,8 @@ void Trace(CallFrame& frame, const DialTexts& texts) {
 }  // namespace
 
 PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
-    Conditions conditions;
-    conditions.Add(schema::kPhoneID, phoneId);
-    conditions.Add(schema::kNetworkType, networkType);
-    rows_ = FindRows(Velmor::getVelmor()->basicDUNForPhone, conditions);
+    rows_ = FindRows(Velmor::getVelmor()->basicDUNForPhone,
+                     {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}});
 }
 
 DialTexts PhoneRows::TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& setting) const {
@@ -55,7 +53,7 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& s
     return texts;
 }
 
-String NetworkType(const String& networkId) {
+String NetworkType(const vel::TextView& networkId) {
     const auto network = RowById(Velmor::getVelmor()->networks, networkId);
     return CellText(network, schema::kNetworkType).ToString();
 }

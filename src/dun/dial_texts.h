@@ -20,4 +20,4 @@ class PhoneRows {
 };
 
 // The type of a network, empty when it is not in the catalogue.
-vel::String NetworkType(const vel::String& networkId);
+vel::String NetworkType(const vel::TextView& networkId);

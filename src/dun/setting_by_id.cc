@@ -20,13 +20,12 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         if (setting) {
             frame.Line("Setting found for dunId");
         }
-        const auto country =
-            RowById(session.countries, CellText(setting, schema::kCountryID).ToString());
+        const auto country = RowById(session.countries, CellText(setting, schema::kCountryID));
         if (country) {
             frame.Line("Country found");
         }
         const PhoneRows phone(String::FromLong(phoneId),
-                              NetworkType(CellText(setting, schema::kNetworkID).ToString()));
+                              NetworkType(CellText(setting, schema::kNetworkID)));
         if (phone.IsUnique()) {
             frame.Line("init strings found");
         }

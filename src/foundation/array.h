@@ -11,6 +11,20 @@
 
 namespace vel {
 
+// What is the same for the arrays of every type, out of line: a copy in each of them made the
+// library an eighth larger.
+namespace array {
+
+// The capacity of an array that gets `extra` elements more: grown by whole quanta, by the fewest
+// that suffice. Throws std::bad_alloc beyond the range of int.
+int GrownCapacity(int capacity, int count, int extra, int growBy);
+
+// Growing by a fixed quantum would copy a large array over and over, so large buffers are allocated
+// in steps of an eighth of their size and a growth within the step is only counted.
+int SlotsFor(int capacity);
+
+}  // namespace array
+
 // A contiguous, growable, indexed sequence. Its stated capacity is always the first capacity plus a
 // whole multiple of the growth quantum.
 //
@@ -120,42 +134,19 @@ class Array {
     }
 
     // A buffer for a stated capacity; every buffer is made here.
-    static T* NewSlots(int capacity) { return new T[static_cast<std::size_t>(SlotsFor(capacity))]; }
-
-  private:
-    // Growing by a fixed quantum would copy a large array over and over, so large buffers are
-    // allocated in steps of an eighth of their size and a growth within the step is only counted.
-    static int SlotsFor(int capacity) {
-        constexpr int kExact = 256;
-        if (capacity <= kExact) {
-            return capacity;
-        }
-        int step = kExact / 8;
-        while (capacity / step > 16) {
-            step *= 2;
-        }
-        return capacity > INT_MAX - step ? INT_MAX : (capacity + step - 1) / step * step;
+    static T* NewSlots(int capacity) {
+        return new T[static_cast<std::size_t>(array::SlotsFor(capacity))];
     }
 };
 
-// The capacity grows by whole quanta, by the fewest that suffice.
+// New slots take over what the old ones held.
 template <class T>
 bool Array<T>::internalEnsureSpace(int extra) {
-    const std::int64_t needed = std::int64_t{count} + extra;
-    if (needed <= capacity || needed < 1) {
+    const int newCapacity = array::GrownCapacity(capacity, count, extra, growBy);
+    if (newCapacity == capacity) {
         return data != nullptr;
     }
-    const std::int64_t quantum = growBy;
-    const std::int64_t steps = growBy == 0 ? 1 : (needed - capacity + quantum - 1) / quantum;
-    const std::int64_t grown = capacity + quantum * steps;
-    if (grown > INT_MAX) {
-        throw std::bad_alloc();
-    }
-    const int newCapacity = static_cast<int>(grown);
-    if (newCapacity == 0) {
-        return false;
-    }
-    if (data == nullptr || SlotsFor(newCapacity) != SlotsFor(capacity)) {
+    if (data == nullptr || array::SlotsFor(newCapacity) != array::SlotsFor(capacity)) {
         T* slots = NewSlots(newCapacity);
         for (int i = 0; data != nullptr && i < capacity; ++i) {
             slots[i] = std::move(data[i]);
@@ -166,5 +157,7 @@ bool Array<T>::internalEnsureSpace(int extra) {
     capacity = newCapacity;
     return true;
 }
+
+extern template class Array<int>;
 
 }  // namespace vel

@@ -3,6 +3,8 @@
 
 #include <utility>
 
+#include "foundation/unknown.h"
+
 namespace vel {
 
 // Owns one reference to a counted object, or none.
@@ -15,9 +17,7 @@ class Pointer {
     Pointer() = default;
     // Takes a reference of its own.
     Pointer(T* object) : object_(object) {  // NOLINT(google-explicit-constructor)
-        if (object_ != nullptr) {
-            object_->AddRef();
-        }
+        Retain(object_);
     }
     Pointer(const Pointer& other) : Pointer(other.object_) {}
     Pointer(Pointer&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
@@ -27,9 +27,7 @@ class Pointer {
         if (object != object_) {
             Reset();
             object_ = object;
-            if (object_ != nullptr) {
-                object_->AddRef();
-            }
+            Retain(object_);
         }
         return *this;
     }
@@ -52,11 +50,7 @@ class Pointer {
         return &object_;
     }
 
-    void Reset() {
-        if (T* object = std::exchange(object_, nullptr)) {
-            object->Release();
-        }
-    }
+    void Reset() { ReleaseAny(std::exchange(object_, nullptr)); }
 
     // Hands the reference over to the caller.
     T* Detach() { return std::exchange(object_, nullptr); }

@@ -6,6 +6,9 @@
 
 namespace vel {
 
+template class Array<char>;
+template class Array<String>;
+
 namespace {
 
 int CountOf(const char* s) {
@@ -23,9 +26,16 @@ bool StandsAt(const String& text, int at, const String& what, int length) {
 
 }  // namespace
 
+String::String() : String("") {}
+
 String::String(const char* s) : Array(kGrowBy) {
     Array::Assign(s, CountOf(s));
 }
+
+// Out of line, as every function that has a text destroys it on two or more paths.
+String::String(const String& other) = default;
+String::~String() = default;
+String& String::operator=(const String& other) = default;
 
 String String::FromBytes(const char* bytes, int length) {
     String text(nullptr);

@@ -5,6 +5,8 @@
 
 namespace vel {
 
+extern template class Array<char>;
+
 // The library's text: bytes without a notion of encoding, case or locale, always with the
 // terminating NUL inside `count`.
 //
@@ -18,11 +20,11 @@ class String : public Array<char> {
   public:
     static constexpr int kGrowBy = 32;
 
-    String() : String("") {}
+    String();
     String(const char* s);  // NOLINT(google-explicit-constructor): texts are written as literals
-    String(const String& other) = default;
+    String(const String& other);
     String(String&& other) noexcept = default;
-    ~String() = default;
+    ~String();
 
     // A text of the `length` bytes at `bytes`; the capacity is exactly length + 1.
     static String FromBytes(const char* bytes, int length);
@@ -30,7 +32,7 @@ class String : public Array<char> {
     static String FromLong(long value);
 
     // Assignment keeps the growth quantum of this string.
-    String& operator=(const String& other) = default;
+    String& operator=(const String& other);
     String& operator=(String&& other) noexcept = default;
     String& operator=(const char* s);
 
@@ -69,5 +71,7 @@ bool operator==(const String& a, const String& b);
 inline bool operator!=(const String& a, const String& b) {
     return !(a == b);
 }
+
+extern template class Array<String>;
 
 }  // namespace vel

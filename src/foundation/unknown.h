@@ -29,4 +29,9 @@ class IUnknown {
     int refCount = 1;
 };
 
+// Both do nothing without an object. Out of line: they stand in every destructor and every path of
+// an exception, and there they would be a tenth of the library.
+void Retain(IUnknown* object);
+void ReleaseAny(IUnknown* object);
+
 }  // namespace vel
