@@ -13,13 +13,27 @@ namespace {
 // as any fragment that cannot be written.
 void Fragment(const char* a, const char* b, const char* c = "") {
     Guarded([&] {
-        vel::String text = vel::String(a) + b + c;
+        vel::String text(a);
+        text.Append(b, static_cast<int>(std::strlen(b)));
+        text.Append(c, static_cast<int>(std::strlen(c)));
         Trace(text);
     });
 }
 
 void EndLine() {
     Trace("\r\n");
+}
+
+// A line of two fragments: the label with the direction, and the value.
+void Value(const char* prefix, const char* label, const char* direction, const char* text) {
+    Fragment(prefix, label, direction);
+    Trace(text);
+    EndLine();
+}
+void Value(const char* prefix, const char* label, const char* direction, long number) {
+    Fragment(prefix, label, direction);
+    Trace(number);
+    EndLine();
 }
 
 }  // namespace
@@ -44,41 +58,31 @@ void CallFrame::SetResult(long result) {
 
 void CallFrame::In(const char* label, long value) {
     if (IsTracing()) {
-        Fragment(label, " <= ");
-        Trace(value);
-        EndLine();
+        Value("", label, " <= ", value);
     }
 }
 
 void CallFrame::In(const char* label, const char* text) {
     if (IsTracing()) {
-        Fragment(label, " <= ");
-        Trace(text);
-        EndLine();
+        Value("", label, " <= ", text);
     }
 }
 
 void CallFrame::InAddress(const char* label, const void* address) {
     if (IsTracing()) {
-        Fragment("(long)", label, " <= ");
-        Trace(static_cast<long>(reinterpret_cast<std::intptr_t>(address)));
-        EndLine();
+        Value("(long)", label, " <= ", static_cast<long>(reinterpret_cast<std::intptr_t>(address)));
     }
 }
 
 void CallFrame::Out(const char* label, long value) {
     if (IsTracing()) {
-        Fragment(label, " => ");
-        Trace(value);
-        EndLine();
+        Value("", label, " => ", value);
     }
 }
 
 void CallFrame::Out(const char* label, const vel::String& text) {
     if (IsTracing()) {
-        Fragment(label, " => ");
-        Trace(text.c_str());
-        EndLine();
+        Value("", label, " => ", text.c_str());
     }
 }
 

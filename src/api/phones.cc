@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <cstring>
+
 #include "api/call_frame.h"
 #include "api/host_text.h"
 #include "api/rows.h"
@@ -29,9 +31,11 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
         const auto phone = RowAt(RowsOf(session.phones), aPhoneIndex);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
-            FillText(aPhoneDescription, sizeIO,
-                     CellText(manufacturer, schema::kName).ToString() + ": " +
-                         CellText(phone, schema::kName).ToString());
+            vel::String description = CellText(manufacturer, schema::kName).ToString();
+            for (const char* part : {": ", CellText(phone, schema::kName).c_str()}) {
+                description.Append(part, static_cast<int>(std::strlen(part)));
+            }
+            FillText(aPhoneDescription, sizeIO, description);
             id = vel::ReadNumber(CellText(phone, schema::kID).c_str(), -1);
         }
         if (aPhoneId != nullptr) {

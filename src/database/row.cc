@@ -93,7 +93,7 @@ TextView CellText(const IRow* row, const char* columnName) {
 void Row::Destroy() {
     if (columns_) {
         for (int i = 0; i < columns_->items.count; ++i) {
-            columns_->items[i]->Destroy();
+            columns_->At(i)->Destroy();
         }
         columns_->items.Clear();
     }

@@ -8,12 +8,10 @@ namespace vel {
 namespace {
 
 // Applies a row condition to the rows of a scan. Without a condition every row matches.
-class ArrayCompareWithRowCondition final : public _ICondition<Pointer<Row>> {
+class ArrayCompareWithRowCondition final : public _ICondition<Row*> {
   public:
     explicit ArrayCompareWithRowCondition(IRowCondition* condition) : condition_(condition) {}
-    bool Matches(const Pointer<Row>& row) const override {
-        return !condition_ || condition_->Matches(row.get());
-    }
+    bool Matches(Row* const& row) const override { return !condition_ || condition_->Matches(row); }
 
   private:
     Pointer<IRowCondition> condition_;
@@ -39,7 +37,7 @@ int Table::get_Row(const String& id, IRow*& row) const {
 int Table::get_Row(const TextView& id, IRow*& row) const {
     row = nullptr;
     for (int i = 0; i < rows_->items.count; ++i) {
-        if (rows_->items[i]->Id() == id) {
+        if (rows_->At(i)->Id() == id) {
             return rows_->get_Item(i, row);
         }
     }
@@ -93,7 +91,7 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
     const ArrayCompareWithRowCondition compare(condition);
     Array<int> matches(20, 1);
     for (int i = 0; i < rows_->items.count; ++i) {
-        if (compare.Matches(rows_->items[i])) {
+        if (compare.Matches(rows_->At(i))) {
             matches.Append(i);
         }
     }
@@ -125,7 +123,7 @@ int Table::Clear() {
 
 void Table::Destroy() {
     for (int i = 0; i < rows_->items.count; ++i) {
-        rows_->items[i]->Destroy();
+        rows_->At(i)->Destroy();
     }
     rows_->items.Clear();
     database_.Reset();

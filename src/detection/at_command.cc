@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "detection/at_command.h"
 
+#include <cstring>
+
 #include "api/call_frame.h"
 #include "api/schema.h"
 #include "api/session.h"
@@ -15,8 +17,8 @@ namespace {
 enum class Answer { kOpen, kOk, kError, kSilence };
 
 // The final result codes, in the order in which a line is tested for them.
-const struct {
-    const char* ending;
+constexpr struct {
+    char ending[8];
     Answer answer;
 } kFinalLines[] = {{"ERROR\r\n", Answer::kError}, {"OK\r\n", Answer::kOk}};
 
@@ -54,9 +56,9 @@ class Link {
 
 Answer Classify(const String& line) {
     for (const auto& final : kFinalLines) {
-        const String ending(final.ending);
-        const int at = line.Length() - ending.Length();
-        if (at >= 0 && line.FindOne(ending, 0) == at) {
+        const auto length = static_cast<int>(std::strlen(final.ending));
+        const char* const end = line.c_str() + line.Length();
+        if (line.Length() >= length && std::strcmp(end - length, final.ending) == 0) {
             return final.answer;
         }
     }

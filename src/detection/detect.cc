@@ -30,7 +30,7 @@ Velmor::Rows PhoneRows(const String& answer, const String& manufacturerId) {
 // Commands: 3GPP TS 27.007 (+CGMI, +CGMM), ITU-T V.250 (+GMI, +GMM, I).
 struct Question {
     struct {
-        const char* command;
+        char command[12];
         int line;
     } attempts[3];
     const char* recipe;

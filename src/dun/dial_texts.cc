@@ -9,10 +9,10 @@ namespace {
 
 // The placeholders and the columns of a setting that replace them, in this order: a value may bring
 // in a placeholder that comes later.
-const struct {
-    const char* placeholder;
-    const char* column;
-    const char* message;
+constexpr struct {
+    char placeholder[8];
+    char column[8];
+    char message[24];
 } kPlaceholders[] = {
     {"%APN%", "APN", "Replacing %APN% with "},
     {"%NUM%", "NUM", "Replacing %NUM% with "},

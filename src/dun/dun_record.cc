@@ -35,25 +35,26 @@ VELMOR_FIELD_AT(aBasicDUNSettingId, 14);
 static_assert(sizeof(Velmor_DUNSetting) == 3588, "the record has no padding");
 
 // The texts in the order in which they are traced, and the columns of a setting row that fill them.
-const struct {
+// Texts and no pointers to them, in all tables of constants: nothing to relocate at load.
+constexpr struct {
     TextField field;
-    const char* label;   // null: not traced
-    const char* column;  // null: not a column of the setting
+    char label[32];   // empty: not traced
+    char column[24];  // empty: not a column of the setting
 } kTexts[] = {
     {&Velmor_DUNSetting::APN, "settingIO->APN", "APN"},
     {&Velmor_DUNSetting::ClientIP, "settingIO->ClientIP", "ClientIP"},
     {&Velmor_DUNSetting::ContractType, "settingIO->ContractType", "ContractType"},
-    {&Velmor_DUNSetting::Country, "settingIO->Country", nullptr},
+    {&Velmor_DUNSetting::Country, "settingIO->Country", ""},
     {&Velmor_DUNSetting::DefaultPassword, "settingIO->DefaultPassword", "Password"},
     {&Velmor_DUNSetting::DefaultUser, "settingIO->DefaultUser", "User"},
-    {&Velmor_DUNSetting::DialString, "settingIO->DialString", nullptr},
+    {&Velmor_DUNSetting::DialString, "settingIO->DialString", ""},
     {&Velmor_DUNSetting::DisplayName, "settingIO->DisplayName", "Name"},
     {&Velmor_DUNSetting::Dns1, "settingIO->Dns1", "DNS1"},
     {&Velmor_DUNSetting::Dns2, "settingIO->Dns2", "DNS2"},
     {&Velmor_DUNSetting::GatewayIP, "settingIO->GatewayIP", "GatewayIP"},
-    {&Velmor_DUNSetting::InitializationString, "settingIO->InitializationString", nullptr},
+    {&Velmor_DUNSetting::InitializationString, "settingIO->InitializationString", ""},
     {&Velmor_DUNSetting::RequiresUser, "settingIO->RequiresUser", "RequiresUserAndPassword"},
-    {&Velmor_DUNSetting::Default, nullptr, "Default"},
+    {&Velmor_DUNSetting::Default, "", "Default"},
 };
 
 }  // namespace
@@ -68,7 +69,7 @@ void FillRecord(Velmor_DUNSetting& record, const vel::Pointer<vel::IRow>& settin
                 const vel::TextView& country, const DialTexts& texts, std::int32_t id) {
     for (const auto& text : kTexts) {
         FillText(record.*text.field, VELMOR_TEXT_SIZE,
-                 text.column == nullptr ? vel::TextView() : CellText(setting, text.column));
+                 text.column[0] == '\0' ? vel::TextView() : CellText(setting, text.column));
     }
     FillText(record.Country, VELMOR_TEXT_SIZE, country);
     FillText(record.DialString, VELMOR_TEXT_SIZE, texts.dial);
@@ -83,7 +84,7 @@ std::int32_t SettingId(const vel::Pointer<vel::IRow>& setting) {
 void TraceRecord(CallFrame& frame, const Velmor_DUNSetting& record) {
     frame.Out("settingIO->aBasicDUNSettingId", record.aBasicDUNSettingId);
     for (const auto& text : kTexts) {
-        if (text.label != nullptr) {
+        if (text.label[0] != '\0') {
             frame.Out(text.label, record.*text.field, VELMOR_TEXT_SIZE);
         }
     }

@@ -17,7 +17,9 @@ class ICollection : public IUnknown {
     virtual int get_Item(int index, T& item) const = 0;
 };
 
-// The one implementation: holds objects of the class C, shows them as the interface I.
+// The one implementation: holds objects of the class C, shows them as the interface I. The slots
+// are those of any counted object, so that the library has the code of one such array and not of
+// three.
 template <class I, class C>
 class ComArray final : public ICollection<I*> {
   public:
@@ -29,17 +31,20 @@ class ComArray final : public ICollection<I*> {
         return 0;
     }
     int get_Item(int index, I*& item) const override {
-        item = items[index].get();
-        if (item != nullptr) {
-            item->AddRef();
-        }
+        item = At(index);
+        Retain(item);
         return 0;
     }
 
     // Appends an item and takes a reference to it. For the owner only, never for its users.
-    void Add(C* item) { items.Append(Pointer<C>(item)); }
+    void Add(C* item) { items.Append(Pointer<IUnknown>(item)); }
 
-    Array<Pointer<C>> items;
+    // The object in a slot, without a reference for the caller; null when the slot is empty.
+    C* At(int index) const { return static_cast<C*>(items[index].get()); }
+
+    Array<Pointer<IUnknown>> items;
 };
+
+extern template class Array<Pointer<IUnknown>>;
 
 }  // namespace vel

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/unknown.h"
 
+#include "foundation/collection.h"
+
 namespace vel {
+
+template class Array<Pointer<IUnknown>>;
 
 void Retain(IUnknown* object) {
     if (object != nullptr) {

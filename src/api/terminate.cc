@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// Part of the library only where the C++ runtime is linked into it.
+#include <cstdlib>
+
+// What the runtime would call when an exception cannot go on, which no path of the library does.
+// Its own writes the name of the exception, and the code that makes names readable would be a third
+// of the library.
+namespace __gnu_cxx {
+[[noreturn]] void __verbose_terminate_handler() {
+    std::abort();
+}
+}  // namespace __gnu_cxx
