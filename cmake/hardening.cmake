@@ -1,9 +1,14 @@
-# What makes a mistake in the library or the tool harder to exploit, and the library small. The test
-# library.Exports looks at the built file.
-add_compile_options(-fstack-protector-strong -ffunction-sections -fdata-sections)
-add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack -Wl,--gc-sections -Wl,--as-needed)
-if(NOT VELMOR_SANITIZE)
-  # The sanitizers watch the same calls themselves; without optimisation there is nothing to fortify.
-  add_compile_options($<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
-    $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
-endif()
+# What a fault in a device's software must not be good for: library, tool and programs get it all.
+# The test library.FromOutside looks at what came out of it.
+
+# Where the optimiser runs, unless the sanitizers look at the same calls.
+set(velmor_fortified
+  "$<AND:$<CONFIG:Release,RelWithDebInfo,MinSizeRel>,$<NOT:$<BOOL:${VELMOR_SANITIZE}>>>")
+add_compile_options(
+  -fstack-protector-strong
+  "$<${velmor_fortified}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+add_link_options(-Wl,-z,relro,-z,now -Wl,-z,noexecstack -Wl,-z,text)
+
+# What nobody calls is left out.
+add_compile_options(-ffunction-sections -fdata-sections)
+add_link_options(-Wl,--gc-sections -Wl,--as-needed)

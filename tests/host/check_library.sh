@@ -1,18 +1,48 @@
 #!/bin/sh
-# Compares what the built library exports and needs with what it should.
-#   check_library.sh LIBRARY EXPORTS
+# Looks at the built library from outside: what it exports and needs, and how it is hardened.
+#   check_library.sh LIBRARY EXPORTS [unfortified] [sanitized]
+# The last words name how it was built, where that leaves checks out.
 set -eu
 library=$1
 exports=$2
+shift 2
+bad=0
+say() { echo "$*"; bad=1; }
+built() { case " $built " in *" $1 "*) ;; *) return 1 ;; esac; }
+built=$*
 
-nm -DC --defined-only "$library" | cut -d' ' -f3- | LC_ALL=C sort | diff -u "$exports" - || { echo "the exported symbols differ from $exports"; exit 1; }
+nm -DC --defined-only "$library" | cut -d' ' -f3- | LC_ALL=C sort | diff -u "$exports" - ||
+    say "the exported symbols differ from $exports"
 
-needed=$(readelf -dW "$library" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' | grep -v '^lib\(asan\|ubsan\)\.so')
-for name in $needed; do
+dynamic=$(readelf -dW "$library")
+segments=$(readelf -lW "$library")
+imports=$(nm -D --undefined-only "$library" | sed 's/^ *//')
+dynamic() { echo "$dynamic" | grep -Eq "$1"; }
+
+for name in $(echo "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p'); do
     case $name in
         libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | ld-linux*.so.*) ;;
-        *) echo "needs $name"; exit 1 ;;
+        libasan.so.* | libubsan.so.*) built sanitized || say "needs $name" ;;
+        *) say "needs $name" ;;
     esac
 done
-readelf -dW "$library" | grep -q 'SONAME.*\[libvelmor\.so\.1\]' || { echo "wrong SONAME"; exit 1; }
-echo "exports, needed libraries and SONAME are as they should be"
+dynamic '\(SONAME\).*\[libvelmor\.so\.1\]' || say "wrong SONAME"
+dynamic '\(FLAGS\).* BIND_NOW|\(FLAGS_1\).* NOW' || say "binds its imports late"
+! dynamic 'TEXTREL' || say "has text relocations"
+echo "$segments" | grep -q ' GNU_RELRO ' || say "no part is read-only after relocation"
+echo "$segments" | grep -q ' GNU_STACK .* RW ' || say "asks for an executable stack"
+! echo "$segments" | grep -q ' LOAD .* RWE ' || say "has a segment to write and to execute"
+echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack protector"
+
+if built unfortified; then
+    echo "left out: fortified calls"
+else
+    ! echo "$imports" | grep -E '^U v?(f|s|sn|d)?printf(@|$)' || say "is built without _FORTIFY_SOURCE"
+fi
+if built sanitized; then
+    echo "left out: imports that nothing needed has"
+else  # what a needed library has bears its version
+    ! echo "$imports" | grep -E '^U [^@]*$' || say "imports what nothing needed has"
+fi
+[ "$bad" = 0 ] && echo "the library is as it should be"
+exit "$bad"
