@@ -6,6 +6,7 @@
 // Its own writes the name of the exception, and the code that makes names readable would be a third
 // of the library.
 namespace __gnu_cxx {
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name that the runtime looks for
 [[noreturn]] void __verbose_terminate_handler() {
     std::abort();
 }
