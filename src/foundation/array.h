@@ -62,7 +62,9 @@ class Array {
 
     // Makes room for `extra` elements more; throws std::bad_alloc and changes nothing when it
     // cannot. Returns whether there is a buffer afterwards.
-    bool internalEnsureSpace(int extra);
+    bool internalEnsureSpace(int extra) {
+        return extra <= capacity - count ? data != nullptr : Grow(extra);
+    }
 
     // Replaces the elements by copies of `source[0..n)`; the capacity becomes exactly n. A null
     // source leaves no buffer behind the stated count. Changes nothing when it throws.
@@ -126,6 +128,9 @@ class Array {
     T* data = nullptr;
 
   protected:
+    // What internalEnsureSpace does when the room is not there yet.
+    bool Grow(int extra);
+
     // Exchanges everything but the growth quantum.
     void Swap(Array& other) noexcept {
         std::swap(count, other.count);
@@ -139,9 +144,9 @@ class Array {
     }
 };
 
-// New slots take over what the old ones held.
+// The new slots take over what the old ones held.
 template <class T>
-bool Array<T>::internalEnsureSpace(int extra) {
+bool Array<T>::Grow(int extra) {
     const int newCapacity = array::GrownCapacity(capacity, count, extra, growBy);
     if (newCapacity == capacity) {
         return data != nullptr;

@@ -29,12 +29,15 @@ bool operator==(const TextView& view, const char* text) {
 }
 
 Record::Record(const Array<String>& fields) {
+    int bytes = 0;
     for (int i = 0; i < fields.count; ++i) {
-        Reserve(fields[i].Length() + 1);
-        for (int k = 0; k < fields[i].Length(); ++k) {
-            Append(fields[i].data[k]);
-        }
-        EndField();
+        bytes += fields[i].Length() + 1;
+    }
+    char* to = Start(bytes);
+    for (int i = 0; i < fields.count; ++i) {
+        const auto length = static_cast<std::size_t>(fields[i].Length());
+        std::memcpy(to, fields[i].c_str(), length);
+        to = EndField(to + length);
     }
 }
 
@@ -42,13 +45,17 @@ void Record::Clear() {
     bytes_.count = ends_.count = 0;
 }
 
-void Record::DropUnfinished() {
-    bytes_.count = ends_.count == 0 ? 0 : ends_[ends_.count - 1];
+char* Record::Start(int bytes) {
+    Clear();
+    bytes_.internalEnsureSpace(bytes);
+    return bytes_.data;
 }
 
-void Record::EndField() {
-    Append('\0');
+char* Record::EndField(char* end) {
+    *end++ = '\0';
+    bytes_.count = static_cast<int>(end - bytes_.data);
     ends_.Append(bytes_.count);
+    return end;
 }
 
 TextView Record::operator[](int index) const {

@@ -36,13 +36,11 @@ class Record {
 
     // Drops all fields and keeps the buffers.
     void Clear();
-    // Drops what has been appended since the last field ended.
-    void DropUnfinished();
-    // Makes room for `bytes` more in all, fields' ends included.
-    void Reserve(int bytes) { bytes_.internalEnsureSpace(bytes); }
-    // Adds to the field under construction, or ends it. REQUIRES: room for the byte.
-    void Append(char c) { bytes_.data[bytes_.count++] = c; }
-    void EndField();
+    // The same, and returns where the first field is to be written, with room for `bytes` in all,
+    // the fields' ends included.
+    char* Start(int bytes);
+    // Ends a field at `end`. Returns where the next is to be written. REQUIRES: room for a byte.
+    char* EndField(char* end);
 
     int get_Count() const { return ends_.count; }
     // REQUIRES: 0 <= index < get_Count().

@@ -71,6 +71,13 @@ void String::Append(const char* bytes, int length) {
     count = end + 1;
 }
 
+void String::Truncate() {
+    if (data != nullptr) {
+        data[0] = '\0';
+        count = 1;
+    }
+}
+
 String String::operator+(const String& other) const {
     String sum(*this);
     if (other.First() != '\0') {

@@ -41,6 +41,9 @@ class String : public Array<char> {
     void Append(char c) { Append(&c, 1); }
     void Append(const char* bytes, int length);
 
+    // Drops the text and keeps the buffer for the next one.
+    void Truncate();
+
     // This text followed by that of `other`.
     String operator+(const String& other) const;
 

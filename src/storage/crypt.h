@@ -25,9 +25,8 @@ class Crypt {
     bool Decrypt(const String& cipher, String& plain);
 
   protected:
-    // Appends the deciphered form of the characters from `start` on. REQUIRES: a `plain` with
-    // bytes.
-    void DecryptFrom(const String& cipher, int start, String& plain);
+    // Deciphers the characters from `start` on where they stand.
+    void DecryptInPlace(String& text, int start);
 
   private:
     static constexpr std::int32_t kSeed = 592741386;
@@ -48,6 +47,8 @@ class ArrayCrypter : public Crypt {
     // A "D" line has its text deciphered and keeps the "D"; any other is returned unchanged. A
     // deciphered NUL ends the line.
     String Decrypt(const String& line);
+    // The same to the line itself.
+    void DecryptLine(String& line);
 
     // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
     // empty. The whole input is read before the output is opened.

@@ -37,7 +37,7 @@ bool CSVArrayReader::internalGetLineArray() {
         return false;
     }
     // Every line is deciphered, also one that is then skipped: the key stream runs on.
-    line_ = crypter_.Decrypt(line_);
+    crypter_.DecryptLine(line_);
     return SplitRecord(line_, separator_, fields_);
 }
 

@@ -59,12 +59,10 @@ bool File::Fetch() {
 }
 
 bool File::readLine(String* line) {
-    line->Clear();
-    if (stream_ == nullptr || ended_) {
-        return false;
-    }
+    line->Truncate();
+    bool read = stream_ != nullptr && !ended_;
     const char* lineFeed = nullptr;
-    while (lineFeed == nullptr && (Ahead() > 0 || Fetch())) {
+    while (read && lineFeed == nullptr && (Ahead() > 0 || Fetch())) {
         const char* start = ahead_ + aheadAt_;
         const auto size = static_cast<std::size_t>(Ahead());
         lineFeed = static_cast<const char*>(std::memchr(start, '\n', size));
@@ -72,7 +70,11 @@ bool File::readLine(String* line) {
         AppendWithoutReturns(*line, start, length);
         aheadAt_ += length + (lineFeed == nullptr ? 0 : 1);
     }
-    return !failed_ || !line->IsEmpty();
+    if (line->IsEmpty()) {
+        line->Clear();
+        read = read && !failed_;
+    }
+    return read;
 }
 
 bool File::writeLine(String& line) {

@@ -4,25 +4,23 @@
 namespace vel {
 
 bool SplitRecord(const String& line, char separator, Record& fields) {
-    fields.Clear();
-    fields.Reserve(line.Length() + 1);
+    const char* const end = line.c_str() + line.Length();
+    const bool separates = !IsABlankOrTab(separator);
+    char* to = fields.Start(line.Length() + 1);
     bool inPrefix = true;
-    for (int i = 0; i < line.Length(); ++i) {
-        const bool escaped = line.data[i] == '\\';
-        const char c = line.data[escaped ? ++i : i];
-        if (inPrefix && c == '?') {
+    for (const char* from = line.c_str(); from < end; ++from) {
+        const bool escaped = *from == '\\';
+        from += escaped ? 1 : 0;
+        if (inPrefix && *from == '?') {
             return false;
         }
-        if (c == separator && !escaped && !IsABlankOrTab(c)) {
-            if (!inPrefix) {
-                fields.EndField();
-            }
+        if (*from == separator && separates && !escaped) {
+            to = inPrefix ? to : fields.EndField(to);
             inPrefix = false;
         } else if (!inPrefix) {
-            fields.Append(c);
+            *to++ = *from;
         }
     }
-    fields.DropUnfinished();
     return !inPrefix;
 }
 
