@@ -20,3 +20,6 @@ install() {
 build_packages="g++ cmake ninja-build libcli11-dev libpugixml-dev nlohmann-json3-dev"
 test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
     ppp gammu wvdial"
+# Those that the benchmarks compare with.
+bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
+    mobile-broadband-provider-info iso-codes"

@@ -1,0 +1,5 @@
+/* SPDX-License-Identifier: MIT
+ * What any process costs. */
+int main(void) {
+    return 0;
+}
