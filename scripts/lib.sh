@@ -1,4 +1,4 @@
-# Shared by the scripts beside it: installing what is missing.
+# Shared by the scripts beside it: installing what is missing, and building.
 
 # install PACKAGE...: installs the Debian packages that are missing, if any.
 install() {
@@ -14,6 +14,14 @@ install() {
     $sudo env DEBIAN_FRONTEND=noninteractive apt-get update -qq
     # shellcheck disable=SC2086
     $sudo env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+# compile ARGUMENT...: cmake --build with these arguments; shows its last line, or all when it fails.
+compile() {
+    log=$(mktemp)
+    cmake --build "$@" >"$log" 2>&1 || { cat "$log"; rm "$log"; exit 1; }
+    tail -n 1 "$log"
+    rm "$log"
 }
 
 # The packages that build the library, and those that build and run its tests.
