@@ -3,7 +3,7 @@
 
 #include "api/setting.h"
 #include "database/database.h"
-#include "support/allocation.h"
+#include "support/faults.h"
 #include "support/session.h"
 #include "support/texts.h"
 
@@ -111,14 +111,6 @@ TEST_F(Session, DamagedCatalogues) {
     EXPECT_LT(loaded, static_cast<int>(stored.size()) / 2);
 }
 
-TEST_F(Session, CopyCannotBeWritten) {
-    std::filesystem::create_directory("locked");
-    WriteFile("locked/catalogue", SampleSource().text());
-    std::filesystem::create_directory("locked/catalogue.encode");  // stops root as well
-    EXPECT_EQ(Velmor_Initialise("locked/catalogue", Read, Send), 0);
-    EXPECT_EQ(Velmor_GetVersionDatabase(0), 7);
-}
-
 TEST_F(Session, NothingIsLeftBehind) {
     const std::string twice = SampleSource().text() + "x";
     const std::string duplicate =
@@ -136,28 +128,6 @@ TEST_F(Session, NothingIsLeftBehind) {
         Velmor_DeInitialise();
         EXPECT_EQ(allocation::Live(), before);
     }
-}
-
-TEST_F(Session, SurvivesWantOfMemory) {
-    const std::string duplicate =
-        SampleSource()
-            .Replace(
-                "E#$_TABLE_BEGIN_$#Networks",
-                "E#$_TABLE_BEGIN_$#Phones#A#\nE#1#\nE#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#Networks")
-            .text();
-    ASSERT_EQ(Initialise(duplicate), 0);
-    Velmor_DeInitialise();
-    const std::ptrdiff_t before = allocation::Live();
-    std::size_t points = 0;
-    for (bool failed = true; failed; points += failed ? 1 : 0) {
-        allocation::FailAfter(points + 1);
-        const long result = Velmor_Initialise("catalogue", Read, Send);
-        failed = allocation::FailAfter(0);
-        ASSERT_EQ(result, failed ? -1 : 0) << points;
-        Velmor_DeInitialise();
-        ASSERT_EQ(allocation::Live(), before) << points;
-    }
-    EXPECT_GT(points, 1000U);
 }
 
 TEST_F(Session, TraceBeginsWithItsOwnStart) {

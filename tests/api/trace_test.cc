@@ -8,7 +8,7 @@
 #include "api/call_frame.h"
 #include "api/session.h"
 #include "foundation/index_exception.h"
-#include "support/allocation.h"
+#include "support/faults.h"
 #include "support/files.h"
 
 namespace {
@@ -90,41 +90,6 @@ TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {
     EXPECT_EQ(Log(),
               "Enter: Memory\r\nExit: Memory\r\nResult := -1\r\n"
               "Enter: Index\r\nExit: Index\r\nResult := 0\r\n");
-}
-
-// Whichever allocations fail, the call gives its result and only fragments are lost.
-TEST_F(TraceLog, LosesFragmentsWhenMemoryRunsOut) {
-    const auto call = [] {
-        return Framed("Call", -1, [](CallFrame& frame) -> long {
-            frame.In("aHandle", 1);
-            frame.Out("text", "value", 5);
-            return 3;
-        });
-    };
-    std::size_t points = 0;
-    for (const auto mode : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
-        bool failed = true;
-        for (std::size_t n = 1; failed; ++n, ++points) {
-            const std::ptrdiff_t live = allocation::Live();
-            allocation::FailAfter(n, mode);
-            const long result = call();
-            failed = allocation::FailAfter(0);
-            ASSERT_EQ(result, 3) << n;
-            ASSERT_EQ(allocation::Live(), live) << n;
-            ASSERT_EQ(Velmor::getVelmor()->traceDepth, 0) << n;
-        }
-    }
-    EXPECT_GT(points, 40U);
-}
-
-TEST_F(TraceLog, AnUnwritableLogIsIgnored) {
-    std::filesystem::create_directory(kTraceLogPath);
-    EXPECT_EQ(Velmor_GetVersionLibrary(), 150);
-    std::filesystem::remove(kTraceLogPath);
-    EXPECT_EQ(Velmor_GetVersionLibrary(), 150);
-    EXPECT_EQ(
-        Log(),
-        "Enter: Velmor_GetVersionLibrary\r\nExit: Velmor_GetVersionLibrary\r\nResult := 150\r\n");
 }
 
 TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {

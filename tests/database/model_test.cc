@@ -3,7 +3,7 @@
 
 #include "database/database.h"
 #include "database/multy_value_match.h"
-#include "support/allocation.h"
+#include "support/faults.h"
 #include "support/texts.h"
 
 using namespace vel;
@@ -159,37 +159,6 @@ TEST_F(Model, ClearNumbersRowsFromTheStart) {
     int index = -1;
     Create({"3", "blue"})->get_Index(index);
     EXPECT_EQ(index, 0);
-}
-
-TEST_F(Model, NothingIsLostWhenMemoryRunsOut) {
-    Create({"1", "red"});
-    const Pointer<IRow> row = Create({"2", "green"});
-    const Array<String> values = Texts({"3", "blue"});
-    const auto build = [&] {
-        Pointer<IRow> made;
-        Pointer<ITable> another;
-        Pointer<ICollection<IColumn*>> cells;
-        row->get_Columns(*&cells);
-        table->CreateRow(values, *&made);
-        database->CreateTable("Another", values, *&another);
-        Dictionary<String, String> conditions;
-        conditions.Add("Name", "green");
-        auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
-        Rows found;
-        table->Find(match.get(), *&found);
-        EXPECT_EQ(Count(found), 1);
-    };
-    std::size_t points = 0;
-    for (bool failed = true; failed; ++points) {
-        allocation::FailAfter(points + 1);
-        try {
-            build();
-        } catch (const std::bad_alloc&) {
-        }
-        failed = allocation::FailAfter(0);
-        EXPECT_EQ(Value(*row, "Name"), "green");
-    }
-    EXPECT_GT(points, 20U);
 }
 
 // A condition whose answers the test gives.

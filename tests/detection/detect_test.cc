@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
-#include "support/allocation.h"
 #include "support/scripted_phone.h"
 #include "support/session.h"
 
@@ -152,66 +151,6 @@ TEST_F(Detection, Traces) {
     Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
     Velmor_GetDUNSetting(0, 10, 9, &record);
     ExpectLog("detection/failure.log");
-}
-
-// A phone that needs no memory, which the next test takes away.
-const char* canned = "";
-
-long SendCanned(const char* command, long length) {
-    const std::string_view sent(command, static_cast<std::size_t>(length));
-    canned = sent == "AT+CGMI\r"   ? "AT+CGMI\r\r\nAcme\r\n\r\nOK\r\n"
-             : sent == "AT+GMM\r"  ? "AT+GMM\r\r\nACME X100\r\n\r\nOK\r\n"
-             : sent == "AT+CIMI\r" ? "AT+CIMI\r\r\n999011234\r\n\r\nOK\r\n"
-                                   : "\r\nERROR\r\n";
-    return length;
-}
-
-long ReadCanned(char* buffer, long, long) {
-    *buffer = *canned;
-    return *canned++ == '\0' ? 0 : 1;
-}
-
-// Every allocation of a session fails in turn: no crash, nothing lost, the session stays usable.
-TEST_F(Detection, SurvivesWantOfMemory) {
-    ASSERT_EQ(Initialise(SampleSource().text(), ReadCanned, SendCanned), 0);
-    const auto forget = [] {
-        Velmor::getVelmor()->ForgetDetection();
-        Velmor::getVelmor()->countrySettings.Reset();
-        Velmor::getVelmor()->countrySettingsId.Clear();
-    };
-    bool wrong = false;
-    const auto scenario = [&] {
-        Velmor_DUNSetting record;
-        char text[32];
-        long id = 0;
-        long sum = Velmor_DetectPhoneAndNetwork(0, maker, 16, model, 8);
-        // Found whole or not at all: never another phone for want of memory.
-        wrong |= sum == 0 && std::strcmp(Velmor::getVelmor()->detectedPhoneId.c_str(), "10") != 0;
-        sum += Velmor_GetDetectedPhone(0, text, 32, maker, 16) + Settings();
-        sum += Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
-        sum += Velmor_GetDUNSetting(0, 10, 4, &record);
-        sum += Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record);
-        sum += Velmor_GetPhoneByIndex(0, 1, &id, text, 32) + Velmor_GetVersionDatabase(0);
-        return sum;
-    };
-    const long whole = scenario();
-    std::size_t points = 0;
-    for (const auto mode : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
-        bool failed = true;
-        for (std::size_t n = 1; failed; ++n, ++points) {
-            forget();
-            const std::ptrdiff_t live = allocation::Live();
-            allocation::FailAfter(n, mode);
-            const long sum = scenario();
-            failed = allocation::FailAfter(0);
-            ASSERT_TRUE(!wrong && (failed ? sum <= whole : sum == whole)) << n;
-            ASSERT_EQ(Velmor::getVelmor()->traceDepth, 0) << n;
-            forget();
-            ASSERT_EQ(allocation::Live(), live) << n;
-        }
-    }
-    std::cout << points << " failure points\n";
-    EXPECT_GT(points, 300U);
 }
 
 }  // namespace

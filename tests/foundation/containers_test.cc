@@ -3,7 +3,7 @@
 
 #include "foundation/collection.h"
 #include "foundation/dictionary.h"
-#include "support/allocation.h"
+#include "support/faults.h"
 
 using vel::Array;
 using vel::String;

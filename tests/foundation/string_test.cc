@@ -5,7 +5,7 @@
 
 #include <climits>
 
-#include "support/allocation.h"
+#include "support/faults.h"
 
 using vel::String;
 

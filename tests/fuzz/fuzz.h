@@ -9,8 +9,8 @@
 #include <cstring>
 #include <string>
 
-#include "api/session.h"
-#include "support/allocation.h"
+#include "support/end_session.h"
+#include "support/faults.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -64,14 +64,9 @@ struct Buffer {
 // Leaves the library as in a new process; nothing that was allocated in between is left.
 struct FreshSession {
     ~FreshSession() {
-        Velmor_DeInitialise();
-        Velmor& session = *Velmor::getVelmor();
-        session.ForgetDetection();
-        session.countrySettingsId.Clear();
-        session.manufacturerIdentification.Reset();
-        session.networks.Reset();
-        session.traceSwitch = false;
-        REQUIRE(session.traceDepth == 0 && allocation::Live() == before);
+        EndSession();
+        REQUIRE(Velmor::getVelmor()->traceDepth == 0 && allocation::Live() == before);
+        REQUIRE(stdio::Live() == 0);
     }
 
     const std::ptrdiff_t before = allocation::Live();

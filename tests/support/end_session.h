@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "api/session.h"
+
+// Ends the session and leaves the library as in a new process.
+inline void EndSession() {
+    Velmor& session = *Velmor::getVelmor();
+    session.traceSwitch = false;
+    Velmor_DeInitialise();
+    session.ForgetDetection();
+    session.countrySettingsId.Clear();
+    session.manufacturerIdentification.Reset();
+    session.networks.Reset();
+}

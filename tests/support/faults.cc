@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "support/faults.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+void* Allocate(std::size_t size) {
+    const bool granted = allocation::Next() == allocation::Fate::kGranted;
+    void* block = granted ? std::malloc(size == 0 ? 1 : size) : nullptr;
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++allocation::live;
+    return block;
+}
+
+void Free(void* block) {
+    if (block != nullptr) {
+        --allocation::live;
+        std::free(block);
+    }
+}
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+    return Allocate(size);
+}
+void* operator new[](std::size_t size) {
+    return Allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
+    return Allocate(size);
+} catch (const std::bad_alloc&) {
+    return nullptr;
+}
+void operator delete(void* block) noexcept {
+    Free(block);
+}
+void operator delete[](void* block) noexcept {
+    Free(block);
+}
+void operator delete(void* block, std::size_t) noexcept {
+    Free(block);
+}
+void operator delete[](void* block, std::size_t) noexcept {
+    Free(block);
+}
+
+// What the linker makes of a call of fopen, and of fopen itself.
+#define WRAPPED(type, name, ...)     \
+    type __real_##name(__VA_ARGS__); \
+    type __wrap_##name(__VA_ARGS__); \
+    type __wrap_##name(__VA_ARGS__)
+
+extern "C" {
+
+// A call that can only be granted or refused.
+#define REFUSED (stdio::Next() != stdio::Fate::kGranted)
+
+WRAPPED(std::FILE*, fopen, const char* path, const char* mode) {
+    std::FILE* stream = REFUSED ? nullptr : __real_fopen(path, mode);
+    stdio::live += stream == nullptr ? 0 : 1;
+    return stream;
+}
+
+WRAPPED(int, fclose, std::FILE* stream) {
+    const bool refused = REFUSED;
+    --stdio::live;
+    const int result = __real_fclose(stream);
+    return refused ? EOF : result;
+}
+
+WRAPPED(std::size_t, fread, void* to, std::size_t size, std::size_t count, std::FILE* from) {
+    const auto fate = stdio::Next(true);
+    if (fate == stdio::Fate::kGranted) {
+        return __real_fread(to, size, count, from);
+    }
+    const bool halved = fate == stdio::Fate::kHalved;
+    const std::size_t read = halved ? __real_fread(to, size, count, from) / 2 : 0;
+    std::clearerr(from);     // a read error at the end of the file does not tell of the end
+    std::fputc('\0', from);  // sets the error: the stream is not for writing
+    return read;
+}
+
+WRAPPED(std::size_t, fwrite, const void* from, std::size_t size, std::size_t count, std::FILE* to) {
+    const auto fate = stdio::Next(true);
+    const std::size_t granted = fate == stdio::Fate::kGranted  ? count
+                                : fate == stdio::Fate::kHalved ? count / 2
+                                                               : 0;
+    return __real_fwrite(from, size, granted, to);
+}
+
+WRAPPED(int, fseek, std::FILE* stream, long offset, int origin) {
+    return REFUSED ? -1 : __real_fseek(stream, offset, origin);
+}
+
+WRAPPED(long, ftell, std::FILE* stream) {
+    return REFUSED ? -1 : __real_ftell(stream);
+}
+
+}  // extern "C"
