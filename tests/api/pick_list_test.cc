@@ -39,7 +39,7 @@ TEST_F(PickLists, Countries) {
     EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, name, 0), 0);
     EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, nullptr, 8), 0);
     EXPECT_EQ(std::string(name, 8), "Leerland");
-    for (const long index : {-1L, 3L, 1L << 40}) {
+    for (const long index : {-1L, 3L, 1L << (5 * sizeof(long))}) {
         std::memset(name, 'x', sizeof name);
         EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, sizeof name), -1);
         EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));

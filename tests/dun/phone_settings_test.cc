@@ -92,7 +92,7 @@ TEST_F(PhoneSettings, ByIdentifier) {
         {-7, -9, 0, -1, "", ""},
         {10, 5, -1, -1, "", ""},
         {10, -3, 0, -3, "ATD*99#", "minus.example"},
-        {10, 4 + (1L << 32), -1, -1, "", ""},
+        {10, 4 + (1L << (4 * sizeof(long))), -1, -1, "", ""},
     };
     SampleSource source;
     source.AddRow("BasicDUNSettings", "#-3#200#minus.example###############");
