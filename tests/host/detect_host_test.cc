@@ -25,7 +25,8 @@ std::string RunHost(const std::string& profile, int& status) {
     if (host == 0) {
         close(1);
         open("output", O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        execl(VELMOR_DETECT_HOST, "detect_host", VELMOR_SAMPLE_CATALOGUE, device.c_str(), nullptr);
+        execl("/bin/sh", "sh", "-c", "exec " VELMOR_DETECT_HOST " " VELMOR_SAMPLE_CATALOGUE " $0",
+              device.c_str(), nullptr);
         _exit(127);
     }
     while (waitpid(host, &status, WNOHANG) == 0) {
