@@ -24,10 +24,56 @@ compile() {
     rm "$log"
 }
 
+# unpack ARCHITECTURE PACKAGE...: unpacks Debian packages of another architecture in
+# build/packages/ARCHITECTURE, so that the machine's own stay as they are.
+unpack() {
+    into=$PWD/build/packages/$1
+    [ ! -d "$into" ] || return 0
+    echo "== Unpacking for $*"
+    work=$into.work
+    rm -rf "$into.work"
+    mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$work/root"
+    cat >"$work/apt.conf" <<END
+APT::Architecture "$1";
+APT::Architectures { "$1"; };
+APT::Sandbox::User "root";
+Dir::State::Lists "$work/lists";
+Dir::Cache "$work/cache";
+END
+    shift
+    (
+        cd "$work"
+        export APT_CONFIG="$work/apt.conf"
+        # A source may lack the architecture; what matters is whether the packages come.
+        apt-get update -qq || true
+        apt-get download -qq "$@"
+        for package in *.deb; do
+            dpkg-deb -x "$package" root
+        done
+    )
+    : >"$work/root/etc/ld.so.cache"  # or an emulated program looks in the machine's own
+    mv "$work/root" "$into"
+    rm -rf "$into.work"
+}
+
 # The packages that build the library, and those that build and run its tests.
-build_packages="g++ cmake ninja-build libcli11-dev libpugixml-dev nlohmann-json3-dev"
+libraries="libcli11-dev libpugixml-dev nlohmann-json3-dev"
+build_packages="g++ cmake ninja-build $libraries"
 test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
     ppp gammu wvdial"
 # Those that the benchmarks compare with.
 bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
     mobile-broadband-provider-info iso-codes"
+
+# install_for PRESET: installs what its tests take, where they are for another machine too.
+install_for() {
+    install $test_packages
+    case $1 in
+        i686) architecture=i386 compiler=g++-i686-linux-gnu ;;
+        armhf) architecture=armhf compiler=g++-arm-linux-gnueabihf ;;
+        *) return 0 ;;
+    esac
+    install $compiler qemu-user
+    # The C library beside the cross compiler for i386 hangs in a forked child.
+    unpack $architecture libc6 libgcc-s1 libstdc++6 libpugixml1v5 libgtest-dev $libraries
+}

@@ -1,0 +1,7 @@
+# 32-bit Arm with hardware floating point, with Debian's cross compiler: scripts/test armhf
+set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
+set(architecture armhf)
+set(triplet arm-linux-gnueabihf)
+set(emulator qemu-arm)
+include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)
