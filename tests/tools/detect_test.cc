@@ -5,7 +5,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "phone/profile.h"
+#include "check.h"
 #include "support/session.h"
 #include "support/shell.h"
 
@@ -38,9 +38,9 @@ bool Installed(const std::string& program) {
 // profile's. Adds the exit status to the result.
 std::map<std::string, json> DetectAll(const std::string& catalogue) {
     EXPECT_EQ(Shell("for i in $(ls " VELMOR_DATA_DIR "/profiles); do echo ${i%.*}; done | xargs -P "
-                    "6 -I {} sh -c '" VELMOR_COMMAND " detect " +
+                    "12 -I {} sh -c '" VELMOR_COMMAND " detect " +
                     catalogue +
-                    " --phone " VELMOR_DATA_DIR "/profiles/{}.profile --timeout 2 --json >{}.json; "
+                    " --phone " VELMOR_DATA_DIR "/profiles/{}.profile --timeout 1 --json >{}.json; "
                     "echo $? >{}.status'"),
               std::make_pair(0, std::string()));
     std::map<std::string, json> all;
@@ -50,22 +50,6 @@ std::map<std::string, json> DetectAll(const std::string& catalogue) {
         all[name]["status"] = ReadFile(name + ".status");
     }
     return all;
-}
-
-TEST(DetectCommand, DetectsEveryProfile) {
-    WriteFile("all", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
-                         ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                         ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
-    for (const auto& [name, result] : DetectAll("all")) {
-        SCOPED_TRACE(name);
-        const Profile profile = ReadProfile(VELMOR_DATA_DIR "/profiles/" + name + ".profile");
-        const json& phone = result["phone"];
-        const json& settings = result["settings"];
-        const std::string maker = result["manufacturer"]["name"];
-        EXPECT_EQ(phone["id"] < 0 ? "" : maker + ": " + std::string(phone["name"]), profile.phone);
-        EXPECT_EQ(settings.empty() ? "" : settings[0]["name"], profile.network);
-        EXPECT_EQ(result["status"] == "0\n", phone["id"] >= 0 && !settings.empty());
-    }
 }
 
 // The lines that detection advises make a catalogue without fault that knows the phone.
@@ -85,23 +69,26 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
         SCOPED_TRACE(name);
         EXPECT_EQ(result["phone"]["id"] >= 0, !std::string(result["phone"]["key"]).empty());
         EXPECT_EQ(!result["settings"].empty(), !std::string(result["network"]["key"]).empty());
-        EXPECT_EQ(Shell("velmor check " + name).first, 0) << ReadFile("out");
+        for (const Finding& finding : CheckCatalogue(ReadFile(name))) {
+            EXPECT_NE(finding.severity, Severity::kError) << finding.message;
+        }
         complete += result["status"] == "0\n" ? 1 : 0;
     }
     EXPECT_GE(complete, 5);
 }
 
 TEST(DetectCommand, EndsWhateverHappens) {
-    const std::string detect = "velmor detect sample --device $device ";
+    const std::string detect = "velmor detect ../sample --device $device ";
     const std::string slow = kAcme + "delay = 150";
     const std::string slower = kAcme + "delay = 1500";  // busy until long after any start
-    const std::string inUse =
-        "velmor detect sample --device $device & sleep 2; velmor detect "
-        "sample --device $device; result=$?; wait $!; (exit $result)";
+    // A detection that is under way, which then is interrupted.
+    const std::string busy = VELMOR_COMMAND
+        " detect ../sample --device $device 2>said & busy=$!; until [ -s log ]; do sleep 0.05; "
+        "done; ";
+    const std::string inUse = busy + detect + "; result=$?; kill -INT $busy; (exit $result)";
     const std::string restored =
-        "stty -F $device sane; stty -F $device -g >before; timeout --preserve-status -s INT "
-        "2 " VELMOR_COMMAND
-        " detect sample --device $device; result=$?; stty -F $device -g | "
+        "stty -F $device sane; stty -F $device -g >before; " + busy +
+        "kill -INT $busy; wait $busy; result=$?; cat said >&2; stty -F $device -g | "
         "diff before - && ! ls /var/lock/LCK..pts_${device##*/} 2>/dev/null && (exit $result)";
     const std::tuple<std::string, std::string, int, const char*> rows[] = {
         {slow, detect, 0, "Phone         X100 (10)"},
@@ -110,20 +97,28 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {slower, restored, 130, "interrupted"},
         {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
         {kAcme + "disconnect = 40", detect, 2, "the device is gone"},
-        {kAcme + "disconnect = 40", "velmor detect sample --phone profile", 2, "is gone"},
+        {kAcme + "disconnect = 40", "velmor detect ../sample --phone profile", 2, "is gone"},
         {kAcme + "pause = every 1", detect, 0, "ATD*99***1#"},
         {"flood = ERR", detect + "-v", 1, "< ..."},
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+C'", 0, "6\n"},
-        {kAcme, "velmor detect sample --device profile", 2, "profile: is no serial device"},
+        {kAcme, "velmor detect ../sample --device profile", 2, "profile: is no serial device"},
         {"AT+CGMI: X1", detect + "--format ppp", 1, "not known"},
     };
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
-    for (const auto& [profile, lines, status, words] : rows) {
+    std::vector<std::FILE*> running;
+    for (const auto& row : rows) {
+        const std::string folder = std::to_string(running.size());
+        fs::create_directory(folder);
+        WriteFile(folder + "/profile", std::get<0>(row));
+        running.push_back(Start(WithPhone(std::get<1>(row)), folder));
+    }
+    for (std::size_t i = 0; i < running.size(); ++i) {
+        const auto& [profile, lines, status, words] = rows[i];
         SCOPED_TRACE(testing::Message() << profile << "\n" << lines);
-        WriteFile("profile", profile);
-        const auto [ended, errors] = Shell(WithPhone(lines));
+        const auto [ended, errors] = Finish(running[i]);
         EXPECT_EQ(ended, status);
-        EXPECT_NE((ReadFile("out") + errors).find(words), std::string::npos) << errors;
+        const std::string said = ReadFile(std::to_string(i) + "/out") + errors;
+        EXPECT_NE(said.find(words), std::string::npos) << said;
     }
 }
 
@@ -139,39 +134,51 @@ std::string Unquoted(const std::string& text, const std::string& before) {
 
 // Each value is the user, the password, and all of the initialisation string.
 TEST(Dialers, TakeHostileValuesAsData) {
-    const char* const values[] = {"a b\"c'd\\e",  "# ;%s%n^C\\T\\d\\c`id`$HOME",
+    const std::string values[] = {"a b\"c'd\\e",  "# ;%s%n^C\\T\\d\\c`id`$HOME",
                                   "{x} [y] = \\", "'; touch pwned; '",
                                   "\" call x",    "@/etc/passwd",
                                   "EOT"};
     const bool chat = Installed("/usr/sbin/chat");
     const bool wvdial = Installed("wvdial");
-    for (const std::string value : values) {
+    std::map<std::string, std::pair<std::FILE*, std::string>> running;  // by folder, with the value
+    for (const std::string& value : values) {
         SCOPED_TRACE(value);
         const std::string cell = std::regex_replace(value, std::regex("[#\\\\]"), "\\$&");
-        WriteFile("hostile", SampleSource()
-                                 .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
-                                 .Replace("#web#", "#" + cell + "#")
-                                 .Replace("#secret#", "#" + cell + "#")
-                                 .text());
-        WriteFile("profile", "unknown = OK\nATD*: NO DIALTONE");  // or wvdial starts pppd
-        const std::string setting = "velmor setting hostile --phone 10 --setting 1 --force ";
-        ASSERT_EQ(Shell("mkdir -p 'd '\\''x'; " + setting + "--format ppp -o 'd '\\''x'").first, 0);
-        const std::string peers = ReadFile("d 'x/velmor");
+        const std::string folder = std::to_string(&value - values);
+        fs::create_directories(folder + "/d 'x");
+        WriteFile(folder + "/hostile", SampleSource()
+                                           .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
+                                           .Replace("#web#", "#" + cell + "#")
+                                           .Replace("#secret#", "#" + cell + "#")
+                                           .text());
+        const std::string setting = "velmor setting hostile --phone 10 --setting 1 --format ";
+        ASSERT_EQ(Finish(Start(setting + "ppp -o 'd '\\''x'", folder)).first, 0);
+        const std::string peers = ReadFile(folder + "/d 'x/velmor");
         EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
         EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 14);
         if (wvdial) {
-            Shell(WithPhone(setting + "--format wvdial --device $device >w; wvdial -C w velmor"));
-            EXPECT_NE(ReadFile("log").find("> " + value + "\n"), std::string::npos);
-            EXPECT_EQ(Unquoted(ReadFile("w"), "\nPassword = "), value);
+            WriteFile(folder + "/profile", "unknown = OK\nATD*: NO DIALTONE");  // or it starts pppd
+            const std::string dial = "wvdial --device $device >w; wvdial -C w velmor; true";
+            running[folder] = {Start(WithPhone(setting + dial), folder), value};
         }
         if (chat) {
-            WriteFile("profile", "unknown = OK");
-            const std::string connect = Unquoted(peers, "\nconnect ");
-            EXPECT_EQ(Shell(WithPhone("(" + connect + ") <$device >$device")).first, 0);
-            EXPECT_NE(ReadFile("log").find("> " + value + "\n"), std::string::npos);
-            EXPECT_NE(ReadFile("log").find("< CONNECT"), std::string::npos);
+            fs::create_directory(folder + "c");
+            WriteFile(folder + "c/profile", "unknown = OK");
+            const std::string connect = "(" + Unquoted(peers, "\nconnect ") + ") <$device >$device";
+            running[folder + "c"] = {Start(WithPhone(connect), folder + "c"), value};
         }
-        EXPECT_FALSE(FileExists("pwned"));
+    }
+    for (const auto& [folder, started] : running) {
+        const auto& [pipe, value] = started;
+        SCOPED_TRACE(value);
+        EXPECT_EQ(Finish(pipe).first, 0);
+        const std::string log = ReadFile(folder + "/log");
+        EXPECT_NE(log.find("> " + value + "\n"), std::string::npos) << log;
+        EXPECT_NE(log.find(folder.back() == 'c' ? "< CONNECT" : "> ATD"), std::string::npos) << log;
+        if (folder.back() != 'c') {
+            EXPECT_EQ(Unquoted(ReadFile(folder + "/w"), "\nPassword = "), value);
+        }
+        EXPECT_FALSE(FileExists(folder + "/pwned"));
     }
     WriteFile("hostile", SampleSource().Replace("#web#", "#w\x1B#").text());
     EXPECT_EQ(Shell("velmor setting hostile --phone 10 --setting 1 --format ppp").first, 2);
