@@ -7,14 +7,14 @@
 
 #include "command.h"
 #include "record_format.h"
+#include "texts.h"
 
 namespace {
 
 // The value of a field without control characters: a line break would end the AT command or the
 // line that it stands in, and none of the programs has a use for the others.
 std::string Plain(const char* field, const std::string& value) {
-    if (std::any_of(value.begin(), value.end(),
-                    [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; })) {
+    if (std::any_of(value.begin(), value.end(), IsControl)) {
         throw ToolError(std::string(field) +
                         ": holds a line break or another control character, which neither an AT "
                         "command nor a configuration file can hold");

@@ -29,8 +29,7 @@ std::string Normalised(const std::string& answer, const char* recipe) {
 // in a catalogue.
 bool SaysSomething(const std::string& answer, const std::string& command) {
     return answer + "\r" != command && answer != "OK" &&
-           std::none_of(answer.begin(), answer.end(),
-                        [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; });
+           std::none_of(answer.begin(), answer.end(), IsControl);
 }
 
 // The first answer that says something; later ones are for phones that do not know the command.

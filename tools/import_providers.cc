@@ -8,15 +8,12 @@
 #include "command.h"
 #include "input_file.h"
 #include "progress.h"
+#include "texts.h"
 
 namespace {
 
 constexpr char kWhiteSpace[] = " \t\r\n";
 constexpr std::size_t kTextSize = 256;  // of a text in the host's record
-
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
-}
 
 bool IsDigits(const std::string& text) {
     return text.find_first_not_of("0123456789") == std::string::npos;

@@ -6,6 +6,11 @@
 
 #include "foundation/record.h"
 
+// A char is unsigned on some machines.
+inline bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+}
+
 // Between the library's texts and those of the tool.
 
 inline vel::String ToLibrary(const std::string& text) {
