@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "command.h"
 
@@ -15,8 +16,8 @@ OutputFile::OutputFile(std::string path, bool force)
     if (!force && access(path_.c_str(), F_OK) == 0) {
         throw ToolError(path_ + ": exists; --force replaces it");
     }
-    struct stat existing = {};
-    if (stat(path_.c_str(), &existing) == 0 && S_ISDIR(existing.st_mode)) {
+    std::error_code ignored;
+    if (std::filesystem::is_directory(path_, ignored)) {  // a 32-bit stat fails on large inodes
         throw ToolError(path_ + ": is a directory");
     }
     descriptor_ = mkstemp(scratch_.data());
