@@ -34,6 +34,16 @@ echo "$segments" | grep -q ' GNU_STACK .* RW ' || say "asks for an executable st
 ! echo "$segments" | grep -q ' LOAD .* RWE ' || say "has a segment to write and to execute"
 echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack protector"
 
+# The compiler's own start, and where the C++ runtime is linked in, its memory for exceptions.
+set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
+constructors=$((0x$1 / 0x$2))
+if built sanitized; then
+    echo "left out: constructors at load"
+elif dynamic '\(NEEDED\).*libstdc\+\+'; then
+    [ "$constructors" -le 1 ] || say "runs $constructors constructors at load"
+else
+    [ "$constructors" -le 2 ] || say "runs $constructors constructors at load"
+fi
 if built unfortified; then
     echo "left out: fortified calls"
 else
