@@ -28,10 +28,10 @@ compile() {
 # build/packages/ARCHITECTURE, so that the machine's own stay as they are.
 unpack() {
     into=$PWD/build/packages/$1
-    [ ! -d "$into" ] || return 0
+    [ "$(cat "$into/packages" 2>/dev/null)" != "$*" ] || return 0
     echo "== Unpacking for $*"
     work=$into.work
-    rm -rf "$into.work"
+    rm -rf "$into" "$into.work"
     mkdir -p "$work/lists/partial" "$work/cache/archives/partial" "$work/root"
     cat >"$work/apt.conf" <<END
 APT::Architecture "$1";
@@ -40,6 +40,7 @@ APT::Sandbox::User "root";
 Dir::State::Lists "$work/lists";
 Dir::Cache "$work/cache";
 END
+    echo "$*" >"$work/root/packages"
     shift
     (
         cd "$work"
