@@ -1,30 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
-#include "api/host_text.h"
 #include "support/session.h"
 
 namespace {
 
 class PickLists : public SessionTest {};
-
-// Every size from none to more than enough; the bytes behind the size are not touched.
-TEST(FillText, WritesExactlyTheSize) {
-    for (const std::string& text :
-         {std::string(), std::string("a"), std::string("twenty characters ok")}) {
-        for (long size = -1; size <= 24; ++size) {
-            char buffer[32];
-            std::memset(buffer, 0x55, sizeof buffer);
-            FillText(buffer, size, vel::String(text.c_str()));
-            for (long i = 0; i < 32; ++i) {
-                const auto at = static_cast<std::size_t>(i);
-                const char expected = i >= size ? 0x55 : at < text.size() ? text[at] : '\0';
-                ASSERT_EQ(buffer[i], expected) << "size " << size << " byte " << i;
-            }
-        }
-    }
-    FillText(nullptr, 10, vel::String("a"));
-}
 
 TEST_F(PickLists, Countries) {
     char name[8];
@@ -44,10 +25,6 @@ TEST_F(PickLists, Countries) {
         EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, sizeof name), -1);
         EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));
     }
-    ASSERT_EQ(Initialise(SampleSource().Replace("Countries#ID#Name", "Countries#ID#Label").text()),
-              0);
-    EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, name, sizeof name), 0);
-    EXPECT_STREQ(name, "");
 }
 
 TEST_F(PickLists, Phones) {
@@ -85,32 +62,6 @@ TEST_F(PickLists, Phones) {
         EXPECT_EQ(id, -1);
         EXPECT_STREQ(text, "");
     }
-}
-
-TEST_F(PickLists, TraceStopsAtTheBuffersEnd) {
-    ASSERT_EQ(Initialise(SampleSource().Traced().AddRow("Phones", "#7#X#3#").text()), 0);
-    std::filesystem::remove(kTraceLogPath);
-    char text[4] = {};
-    Velmor_GetCountryByIndex(0, 0, text, 2);
-    Velmor_GetPhoneByIndex(0, 0, nullptr, text, 4);
-    EXPECT_EQ(Log(),
-              "Enter: Velmor_GetCountryByIndex\r\n"
-              "   aHandle <=    0   \r\n"
-              "   aCountryIndex <=    0   \r\n"
-              "   (long)aCountryDescription <=    ADDRESS   \r\n"
-              "   sizeIO <=    2   \r\n"
-              "   aCountryDescription =>    No   \r\n"
-              "Exit: Velmor_GetCountryByIndex\r\n"
-              "Result := 0\r\n"
-              "Enter: Velmor_GetPhoneByIndex\r\n"
-              "   aHandle <=    0   \r\n"
-              "   aPhoneIndex <=    0   \r\n"
-              "   (long)aPhoneId <=    0   \r\n"
-              "   (long)aPhoneDescription <=    ADDRESS   \r\n"
-              "   sizeIO <=    4   \r\n"
-              "   aPhoneDescription =>       \r\n"
-              "Exit: Velmor_GetPhoneByIndex\r\n"
-              "Result := -1\r\n");
 }
 
 }  // namespace

@@ -40,49 +40,48 @@ struct Answer {
 vel::String text(nullptr);  // goes into ATCompress and comes out
 const vel::String kCommand("AT+CIMI\r"), kRecipe("PhoneIdentificationVariables");
 
+// ATCompress and ATCommand, whose texts have no bounds.
+long Compress(Answer& a) {
+    const long result = ATCompress(text, kRecipe);
+    FillText(a.first, 20, text);
+    return result;
+}
+long Command(Answer& a) {
+    vel::String response(nullptr);
+    const long result = ATCommand(kCommand, response, 0);
+    if (result == 0) {
+        FillText(a.first, 20, response);
+    }
+    return result;
+}
+
+// The calls in their order, each with its result in case of failure.
+#define STEP(failure, call)                                              \
+    {                                                                    \
+#call, failure, [](Answer & a) -> long { return (void)a, call; } \
+    }
 const struct {
     const char* name;
     long failure;
     long (*call)(Answer& a);
 } kSteps[] = {
-    {"Initialise", -1, [](Answer&) { return Velmor_Initialise("catalogue", Read, Send); }},
-    {"DetectPhoneAndNetwork", -1,
-     [](Answer& a) { return Velmor_DetectPhoneAndNetwork(0, a.first, 4, a.second, 16); }},
-    {"GetDetectedPhone", -1,
-     [](Answer& a) { return Velmor_GetDetectedPhone(0, a.first, 8, a.second, 4); }},
-    {"GetNrDetectedDUNSettings", -1,
-     [](Answer& a) { return Velmor_GetNrDetectedDUNSettings(0, &a.number); }},
-    {"GetDetectedDUNSettingByIndex", -1,
-     [](Answer& a) { return Velmor_GetDetectedDUNSettingByIndex(0, 0, &a.record); }},
-    {"GetDUNSetting", -1, [](Answer& a) { return Velmor_GetDUNSetting(0, 10, 1, &a.record); }},
-    {"GetVersionLibrary", 150, [](Answer&) { return Velmor_GetVersionLibrary(); }},
-    {"GetVersionDatabase", -1, [](Answer&) { return Velmor_GetVersionDatabase(0); }},
-    {"GetNrCountries", 0, [](Answer&) { return Velmor_GetNrCountries(0); }},
-    {"GetCountryByIndex", -1,
-     [](Answer& a) { return Velmor_GetCountryByIndex(0, 1, a.first, 16); }},
-    {"GetNrOfPhones", 0, [](Answer&) { return Velmor_GetNrOfPhones(0); }},
-    {"GetPhoneByIndex", -1,
-     [](Answer& a) { return Velmor_GetPhoneByIndex(0, 1, &a.number, a.first, 20); }},
-    {"OnNetworkListnetworks", 0, [](Answer&) { return OnNetworkListnetworks(), 0L; }},
-    {"GetCountryNrOfBasicDUNSettings", -1,
-     [](Answer&) { return Velmor_GetCountryNrOfBasicDUNSettings(0, 0); }},
-    {"GetCountryBasicDUNSettingByIndex", -1,
-     [](Answer& a) { return Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &a.record); }},
-    {"ATCompress", -1,
-     [](Answer& a) {
-         const long result = ATCompress(text, kRecipe);
-         FillText(a.first, 20, text);
-         return result;
-     }},
-    {"ATCommand", 1,
-     [](Answer& a) {
-         vel::String response(nullptr);
-         const long result = ATCommand(kCommand, response, 0);
-         if (result == 0) {
-             FillText(a.first, 20, response);
-         }
-         return result;
-     }},
+    STEP(-1, Velmor_Initialise("catalogue", Read, Send)),
+    STEP(-1, Velmor_DetectPhoneAndNetwork(0, a.first, 4, a.second, 16)),
+    STEP(-1, Velmor_GetDetectedPhone(0, a.first, 8, a.second, 4)),
+    STEP(-1, Velmor_GetNrDetectedDUNSettings(0, &a.number)),
+    STEP(-1, Velmor_GetDetectedDUNSettingByIndex(0, 0, &a.record)),
+    STEP(-1, Velmor_GetDUNSetting(0, 10, 1, &a.record)),
+    STEP(150, Velmor_GetVersionLibrary()),
+    STEP(-1, Velmor_GetVersionDatabase(0)),
+    STEP(0, Velmor_GetNrCountries(0)),
+    STEP(-1, Velmor_GetCountryByIndex(0, 1, a.first, 16)),
+    STEP(0, Velmor_GetNrOfPhones(0)),
+    STEP(-1, Velmor_GetPhoneByIndex(0, 1, &a.number, a.first, 20)),
+    STEP(0, (OnNetworkListnetworks(), 0)),
+    STEP(-1, Velmor_GetCountryNrOfBasicDUNSettings(0, 0)),
+    STEP(-1, Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &a.record)),
+    STEP(-1, Compress(a)),
+    STEP(1, Command(a)),
 };
 constexpr std::size_t kStepCount = std::size(kSteps), kDetection = 1;
 

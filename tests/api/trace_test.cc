@@ -41,47 +41,6 @@ TEST_F(TraceLog, EveryFragmentIsIndented) {
     EXPECT_EQ(Log(), "      text      -1                  \r\n-2147483648\r\n");
 }
 
-TEST_F(TraceLog, NestedFrames) {
-    const char unterminated[] = {'a', 'b', 'c'};
-    const long result = Framed("Outer", -1, [&](CallFrame& outer) -> long {
-        outer.In("aHandle", 7);
-        outer.In("aPath", "p");
-        outer.In("aText", vel::String(nullptr));
-        outer.InAddress("buffer", nullptr);
-        Framed("Inner", -1, [](CallFrame& inner) -> long {
-            inner.Out("count", -3);
-            return 5;
-        });
-        { CallFrame silent("NoResult"); }
-        outer.Line("one fragment, ", "joined");
-        outer.Line2("two", "fragments");
-        outer.Out("buffer", unterminated, 2);
-        outer.Out("buffer", unterminated, -1);
-        outer.Out("buffer", nullptr, 2);
-        return 0;
-    });
-    EXPECT_EQ(result, 0);
-    EXPECT_EQ(Log(),
-              "Enter: Outer\r\n"
-              "   aHandle <=    7   \r\n"
-              "   aPath <=    p   \r\n"
-              "   aText <=       \r\n"
-              "   (long)buffer <=    0   \r\n"
-              "   Enter: Inner   \r\n"
-              "      count =>       -3      \r\n"
-              "   Exit: Inner   \r\n"
-              "   Result := 5   \r\n"
-              "   Enter: NoResult   \r\n"
-              "   Exit: NoResult   \r\n"
-              "   one fragment, joined   \r\n"
-              "   two   fragments   \r\n"
-              "   buffer =>    ab   \r\n"
-              "   buffer =>       \r\n"
-              "   buffer =>       \r\n"
-              "Exit: Outer\r\n"
-              "Result := 0\r\n");
-}
-
 TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {
     EXPECT_EQ(Framed("Memory", -1, [](CallFrame&) -> long { throw std::bad_alloc(); }), -1);
     EXPECT_EQ(Framed("Index", 0,

@@ -89,26 +89,6 @@ TEST_F(ATCommands, ReadAttemptsAndTimeOut) {
     }
 }
 
-// The host's read is the only bound: a phone that sends on and on is read for as long as it lets.
-TEST_F(ATCommands, LastsAsLongAsTheHostReads) {
-    static long left;
-    static char sends;
-    const auto read = [](char* buffer, long, long) -> long {
-        *buffer = left % 16 == 0 ? sends : 'x';
-        return left-- > 0 ? 1 : 2;  // two bytes are no success
-    };
-    const auto send = [](const char*, long length) { return length; };
-    for (const char kind : {'x', '\n'}) {
-        ASSERT_EQ(Initialise(SampleSource().text(), read, send), 0);
-        left = 1 << 20;
-        sends = kind;
-        String response;
-        EXPECT_EQ(ATCommand("AT+CGMI\r", response, 0), 1);
-        EXPECT_EQ(left, -4);  // AT-RETRY is 3
-        EXPECT_EQ(response.Length(), kind == 'x' ? 0 : 15);
-    }
-}
-
 TEST_F(ATCommands, TraceOfEveryOutcome) {
     Start(SampleSource().Traced());
     for (const char* profile :

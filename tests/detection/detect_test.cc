@@ -77,12 +77,6 @@ TEST_F(Detection, AsksUntilItKnows) {
         EXPECT_STREQ(session.detectedNetworkId.c_str(), row.network);
         EXPECT_EQ(Settings(), row.settings);
     }
-    Start(SampleSource()
-              .AddRow("NetworkIdentification", "#12345HILLTEL#101#")
-              .AddRow("ManufacturerIdentification", "##2#"));
-    EXPECT_EQ(Detect("unknown =\nAT+CIMI: 12345\nAT+COPS?: \"Hill-Tel\"\nAT+CGMM: SWIFT5"), 0);
-    EXPECT_EQ(Commands(), "+CGMI +CGMM +CIMI +COPS? ");  // an empty pattern takes silence too
-    EXPECT_EQ(Settings(), 1);
 }
 
 TEST_F(Detection, ResultsLastUntilTheNext) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "storage/crypt.h"
+#include "support/faults.h"
 #include "support/files.h"
 #include "support/texts.h"
 
@@ -72,13 +74,11 @@ TEST(File, WritesAndAppends) {
         EXPECT_TRUE(file.writeLine(line));
     }
     EXPECT_EQ(ReadFile("written"), "one\noneone\none\n");
-    File full("/dev/full", vel::accessWrite);
+    File full("written", vel::accessWrite);
     ASSERT_TRUE(full.openFile());
-    bool written = true;
-    for (int i = 0; i < 1000000 && written; ++i) {
-        written = full.writeLine(line);
-    }
-    EXPECT_FALSE(written);
+    stdio::FailAfter(1);
+    EXPECT_FALSE(full.writeLine(line));
+    stdio::FailAfter(0);
     EXPECT_FALSE(File("written", static_cast<vel::accesstype>(3)).openFile());
 }
 
@@ -105,6 +105,21 @@ TEST(File, BytesAndPositions) {
     ASSERT_TRUE(file.openFile());  // anew, from the start
     EXPECT_TRUE(file.readLine(&line));
     EXPECT_EQ(line, String("0123456789"));
+}
+
+TEST(ArrayCrypter, FilePass) {
+    const std::string stored = "head\nDkdfdmpdjnh\n\nhead\n";
+    WriteFile("source", "head\r\nE#t\xc3\xb6#\n\nhead");
+    vel::ArrayCrypter crypter;
+    crypter.Random();
+    EXPECT_FALSE(crypter.CryptFile("source", ""));
+    EXPECT_EQ(ReadFile("source.encode"), stored);
+    EXPECT_FALSE(crypter.CryptFile("source.encode", ""));
+    EXPECT_EQ(ReadFile("source.encode.encode"), stored + "\n");  // one more empty line
+    EXPECT_FALSE(crypter.CryptFile("source", "in place"));
+    EXPECT_EQ(ReadFile("source"), stored);
+    EXPECT_TRUE(crypter.CryptFile("missing", ""));
+    EXPECT_FALSE(FileExists("missing.encode"));
 }
 
 }  // namespace

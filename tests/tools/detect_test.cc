@@ -103,6 +103,14 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+C'", 0, "6\n"},
         {kAcme, "velmor detect ../sample --device profile", 2, "profile: is no serial device"},
         {"AT+CGMI: X1", detect + "--format ppp", 1, "not known"},
+#ifdef VELMOR_DETECT_HOST  // the example
+        {kAcme, VELMOR_DETECT_HOST " ../sample $device", 0,
+         "the phone says: Acme, ACME X100\nthis is: Acme X100\n"
+         "Fjordnet #1 (Norland): ready to dial\n"
+         "  AT+CGDCONT=1,\"IP\",\"fjord.example\"\n  ATD*99***1#\n"
+         "  user guest, password back\\slash\n"},
+        {"AT+CIMI: 998", VELMOR_DETECT_HOST " ../sample $device", 1, "the phone says: , \n"},
+#endif
     };
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
     std::vector<std::FILE*> running;
