@@ -131,25 +131,19 @@ bool Allowed(std::size_t step, const Answer& got, const Answer& whole, const Ans
 // A catalogue, and what a session over it is to say.
 class FaultSweep : public SessionTest {
   protected:
-    enum class Form { kPlain, kStored };
-    enum class Trace { kOff, kOn };
-
-    void Use(Form form, Trace trace) {
-        SampleSource source;  // with a table that is refused and taken apart
+    // A plain catalogue that has calls traced, or a stored one, longer than what is read at once.
+    // Both hold a table that is refused and taken apart.
+    void Use(bool traced) {
+        SampleSource source;
         source.Replace("E#$_TABLE_BEGIN_$#Networks#",
                        "E#$_TABLE_BEGIN_$#Phones#A#\nE#1#\nE#$_TABLE_END_$#\n"
                        "E#$_TABLE_BEGIN_$#Networks#");
-        bytes_ = source.text();
-        if (trace == Trace::kOn) {
-            // With fewer settings: a call costs a hundred times as much.
-            bytes_ =
-                std::regex_replace(source.Traced().text(), std::regex("E#[2-4]#[0-9]+#.*\n"), "");
-        }
-        if (form == Form::kStored) {
-            WriteFile("catalogue", bytes_);
-            vel::ArrayCrypter().CryptFile("catalogue", "in place");
-            // Longer than what is read at once, whose end is in a table.
-            bytes_ = std::string(1500, '-') + '\n' + ReadFile("catalogue");
+        WriteFile("catalogue", source.text());
+        vel::ArrayCrypter().CryptFile("catalogue", "in place");
+        bytes_ = std::string(1500, '-') + '\n' + ReadFile("catalogue");
+        if (traced) {  // with fewer settings: a call costs a hundred times as much
+            const std::regex settings("E#[2-4]#[0-9]+#.*\n");
+            bytes_ = std::regex_replace(source.Traced().text(), settings, "");
         }
         refused_ = OfTheFirst(0);
         whole_ = OfTheFirst(bytes_.size());
@@ -249,23 +243,23 @@ class FaultSweep : public SessionTest {
 };
 
 TEST_F(FaultSweep, Allocations) {
-    using Fail = allocation::Fail;
-    Use(Form::kStored, Trace::kOff);
-    Sweep<allocation>("allocations, stored catalogue, once", Fail::kOnce, 1);
-    Sweep<allocation>("allocations, stored catalogue, from there on", Fail::kFromThereOn, 1);
-    Use(Form::kPlain, Trace::kOn);
-    Sweep<allocation>("allocations, plain catalogue and trace, once", Fail::kOnce, 100);
-    Sweep<allocation>("allocations, plain catalogue and trace, on", Fail::kFromThereOn, 100);
+    for (const auto& [how, name] :
+         {std::pair(allocation::Fail::kOnce, "once"), {allocation::Fail::kFromThereOn, "on"}}) {
+        Use(false);
+        Sweep<allocation>(std::string("allocations, ") + name, how, 1);
+        Use(true);
+        Sweep<allocation>(std::string("allocations with trace, ") + name, how, 100);
+    }
 }
 
 TEST_F(FaultSweep, Files) {
     for (const auto& [how, name] : {std::pair(stdio::Fail::kOnce, "once"),
-                                    {stdio::Fail::kFromThereOn, "from there on"},
+                                    {stdio::Fail::kFromThereOn, "on"},
                                     {stdio::Fail::kShort, "short"}}) {
-        Use(Form::kPlain, Trace::kOff);
-        Sweep<stdio>(std::string("stdio, plain catalogue, ") + name, how, 1);
-        Use(Form::kStored, Trace::kOn);
-        Sweep<stdio>(std::string("stdio, stored catalogue and trace, ") + name, how, 100);
+        Use(false);
+        Sweep<stdio>(std::string("stdio, ") + name, how, 1);
+        Use(true);
+        Sweep<stdio>(std::string("stdio with trace, ") + name, how, 100);
     }
 }
 

@@ -119,14 +119,11 @@ TEST_F(ATCommands, Compress) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.answer);
-        Start(SampleSource()
-                  .Without("PhoneIdentificationVariables")
-                  .Replace(
-                      "E#$_TABLE_BEGIN_$#Countries",
-                      std::string("E#$_TABLE_BEGIN_$#PhoneIdentificationVariables#Variable#Value#"
-                                  "\nE#MakeUpperCase#") +
-                          row.upperCase + "#\nE#RemoveCharacters#" + row.remove + "#\nE#Compress#" +
-                          row.compress + "#\nE#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#Countries"));
+        SampleSource source;  // the first row of a name counts
+        const std::string recipe = "PhoneIdentificationVariables";
+        source.AddRow(recipe, std::string("#MakeUpperCase#") + row.upperCase + "#");
+        source.AddRow(recipe, std::string("#RemoveCharacters#") + row.remove + "#");
+        Start(source.AddRow(recipe, std::string("#Compress#") + row.compress + "#"));
         String answer(row.answer);
         EXPECT_EQ(ATCompress(answer, "PhoneIdentificationVariables"), 0);
         EXPECT_EQ(answer, String(row.key));

@@ -77,6 +77,9 @@ TEST_F(Detection, AsksUntilItKnows) {
         EXPECT_STREQ(session.detectedNetworkId.c_str(), row.network);
         EXPECT_EQ(Settings(), row.settings);
     }
+    Start(SampleSource().AddRow("ManufacturerIdentification", "##2#"));
+    EXPECT_EQ(Detect("unknown =\nAT+CGMM: SWIFT5"), 0);
+    EXPECT_EQ(Commands(), "+CGMI +CGMM +CIMI +COPS? ");  // an empty pattern takes silence too
 }
 
 TEST_F(Detection, ResultsLastUntilTheNext) {
@@ -87,23 +90,17 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
     EXPECT_TRUE(ScriptedPhone::sent.empty());
     EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
     EXPECT_EQ(phone(), -1);
-    EXPECT_EQ(Settings(), 0);
     Start();
     EXPECT_EQ(Detect(kAcme + kNorthtel), 0);
     EXPECT_EQ(std::string(maker, 17), std::string("Acme Mobile\0\0\0\0\0\x55", 17));
     EXPECT_EQ(std::string(model, 9), "Acme X-1\x55");  // cut, without a terminator
     EXPECT_EQ(phone(), 10);
-    EXPECT_EQ(std::string(name, 8), std::string("X100\0\0\0\0", 8));
-    EXPECT_EQ(std::string(manufacturer, 5), std::string("Acme\0", 5));
-    Velmor_DUNSetting record;
-    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 1, &record), 0);
+    EXPECT_EQ(std::string(name, 8) + manufacturer, std::string("X100\0\0\0\0Acme", 12));
     EXPECT_EQ(Detect("unknown ="), -1);
     EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
     EXPECT_EQ(phone(), -1);
     EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));
     EXPECT_EQ(Settings(), 0);
-    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), -1);
-    EXPECT_EQ(record.aBasicDUNSettingId, -1);
     EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 8, nullptr, -1), -1);
     EXPECT_EQ(Velmor_GetNrDetectedDUNSettings(0, nullptr), 0);
 }

@@ -111,18 +111,4 @@ TEST_F(PhoneSettings, ByIdentifier) {
     EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, nullptr), -1);
 }
 
-TEST_F(PhoneSettings, WithoutOptionalTables) {
-    for (const char* table : {"Networks", "BasicDUNForPhone"}) {
-        Start(SampleSource().Without(table));
-        Detect("99801");
-        EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), -1);
-        EXPECT_STREQ(record.APN, "sud.example");
-        EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, &record), -1);
-        EXPECT_STREQ(record.APN, "sud.example");
-    }
-    Velmor_DeInitialise();
-    EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, &record), -1);
-    EXPECT_EQ(record.aBasicDUNSettingId, -1);
-}
-
 }  // namespace

@@ -106,14 +106,8 @@ TEST(Dictionary, FirstValueForAKeyIsKept) {
     EXPECT_EQ(texts[0].value, String("Ann"));
     EXPECT_EQ(Texts::emptyInstance().count, 0U);
     vel::List<Texts> list;
-    for (std::size_t n = 1; list.count < 2; ++n) {  // contents are the same, the objects are not
-        allocation::FailAfter(n);
-        try {
-            list.Add(texts);
-        } catch (const std::bad_alloc&) {
-        }
-        allocation::FailAfter(0);
-    }
+    list.Add(texts);
+    list.Add(texts);  // contents are the same, the objects are not
     EXPECT_EQ(list[1][1].value, String("Oslo"));
 }
 

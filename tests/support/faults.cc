@@ -26,28 +26,20 @@ void Free(void* block) {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
+#define DEFINE(type, operation, body) \
+    type operator operation {         \
+        body;                         \
+    }
+DEFINE(void*, new (std::size_t size), return Allocate(size))
+DEFINE(void*, new[](std::size_t size), return Allocate(size))
+DEFINE(void, delete (void* block) noexcept, Free(block))
+DEFINE(void, delete[](void* block) noexcept, Free(block))
+DEFINE(void, delete (void* block, std::size_t) noexcept, Free(block))
+DEFINE(void, delete[](void* block, std::size_t) noexcept, Free(block))
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
     return Allocate(size);
 } catch (const std::bad_alloc&) {
     return nullptr;
-}
-void operator delete(void* block) noexcept {
-    Free(block);
-}
-void operator delete[](void* block) noexcept {
-    Free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    Free(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-    Free(block);
 }
 
 // What the linker makes of a call of fopen, and of fopen itself.
