@@ -55,18 +55,14 @@ TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
     Velmor::getVelmor()->traceSwitch = false;
     const vel::String text("text");
     const std::size_t before = allocation::Count();
-    const long result = Framed("Call", -1, [&](CallFrame& frame) -> long {
-        frame.In("aHandle", 1);
+    Framed("Call", -1, [&](CallFrame& frame) -> long {
         frame.In("text", text);
         frame.InAddress("text", &text);
-        frame.Out("text", text);
         frame.Out("text", "text", 4);
-        frame.Line("text", "text");
         frame.Line2("text", text);
         Trace("text");
-        return Velmor_GetVersionLibrary();
+        return Velmor_GetNrCountries(0);
     });
-    EXPECT_EQ(result, 150);
     EXPECT_EQ(allocation::Count(), before);
     EXPECT_FALSE(FileExists(kTraceLogPath));
 }

@@ -106,23 +106,17 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
 }
 
 TEST_F(Detection, OddPhoneRows) {
-    const struct {
-        const char *before, *after;
-        long result;
-        const char *name, *manufacturer;
-    } rows[] = {
-        {"#10#X100#1#", "#10#X100#7#", 10, "X100", ""},
-        {"#10#X100#1#", "#010#X100#1#", -1, "", ""},
-        {"ACME X100#10#", "ACME X100#no number#", -1, "", ""},
+    const std::tuple<const char*, const char*, long, const char*> rows[] = {
+        {"#10#X100#1#", "#10#X100#7#", 10, "X100 by "},
+        {"#10#X100#1#", "#010#X100#1#", -1, " by "},
+        {"ACME X100#10#", "ACME X100#no number#", -1, " by "},
     };
-    for (const auto& row : rows) {
-        Start(SampleSource().Replace(row.before, row.after));
+    for (const auto& [before, after, result, said] : rows) {
+        Start(SampleSource().Replace(before, after));
         EXPECT_EQ(Detect(kAcme + kNorthtel), 0);
         char name[8];
-        char manufacturer[8];
-        EXPECT_EQ(Velmor_GetDetectedPhone(0, name, 8, manufacturer, 8), row.result) << row.after;
-        EXPECT_STREQ(name, row.name);
-        EXPECT_STREQ(manufacturer, row.manufacturer);
+        EXPECT_EQ(Velmor_GetDetectedPhone(0, name, 8, maker, 8), result) << after;
+        EXPECT_EQ(name + std::string(" by ") + maker, said);
     }
 }
 

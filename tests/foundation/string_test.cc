@@ -5,8 +5,6 @@
 
 #include <climits>
 
-#include "support/faults.h"
-
 using vel::String;
 
 namespace {
@@ -105,22 +103,6 @@ TEST(String, Equality) {
     EXPECT_EQ(Null(), Null());
     EXPECT_NE(Null(), String());
     EXPECT_NE(String(nullptr), String());
-}
-
-TEST(String, UnchangedWhenMemoryRunsOut) {
-    String text("0123456789");
-    const String longer("0123456789012345678901234567890123456789");
-    const auto refused = [&](auto&& action) {
-        allocation::FailAfter(1);
-        EXPECT_THROW(action(), std::bad_alloc);
-        EXPECT_TRUE(allocation::FailAfter(0));
-        ExpectState(text, 11, 11, "0123456789");
-    };
-    refused([&] { text.Append('x'); });
-    refused([&] { text = longer; });
-    refused([&] { text = "other"; });
-    refused([&] { text + longer; });
-    refused([&] { text.Replace("1", "22"); });
 }
 
 }  // namespace

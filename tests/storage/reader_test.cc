@@ -26,17 +26,15 @@ TEST(CSVDictReader, NewestFirst) {
     char path[] = "csv";
     CSVDictReader reader(path, ';');
     for (int i = 0; i < 2; ++i) {
-        List<CSVDictReader::Texts>& list = *reader.get_List();
-        ASSERT_EQ(list.count, 3U);
-        ASSERT_EQ(list[0].count, 2U);
-        EXPECT_EQ(list[0][0].key, String());
-        EXPECT_EQ(list[0][0].value, String());
-        EXPECT_EQ(list[0][1].key, String("name"));
-        EXPECT_EQ(list[0][1].value, String());
-        EXPECT_EQ(list[1].count, 0U);
-        ASSERT_EQ(list[2].count, 2U);
-        EXPECT_EQ(list[2][0].value, String("Ann"));
-        EXPECT_EQ(list[2][1].value, String("Oslo"));
+        std::string all;
+        auto& list = *reader.get_List();
+        for (unsigned d = 0; d < list.count; ++d) {
+            for (unsigned k = 0; k < list[d].count; ++k) {
+                all += Plain(list[d][k].key) + "=" + Plain(list[d][k].value) + " ";
+            }
+            all += "| ";
+        }
+        EXPECT_EQ(all, "= name= | | name=Ann city=Oslo | ");
     }
 }
 
