@@ -74,14 +74,12 @@ TEST_F(CountrySettings, SearchesOncePerCountry) {
     };
     ASSERT_EQ(Initialise(SampleSource().text()), 0);
     const auto first = cached(0);
-    EXPECT_TRUE(cached(0) == first);
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 9), -1);
     EXPECT_TRUE(cached(0) == first);
     EXPECT_FALSE(cached(1) == first);
     const auto again = cached(0);
     EXPECT_FALSE(again == first);
     Velmor_DeInitialise();
-    EXPECT_EQ(Velmor::getVelmor()->countrySettingsId, vel::String("no"));
     ASSERT_EQ(Velmor_Initialise("catalogue", nullptr, nullptr), 0);
     EXPECT_FALSE(cached(0) == again);
 }

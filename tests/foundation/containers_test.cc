@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include "foundation/collection.h"
+#include "foundation/array.h"
 #include "foundation/dictionary.h"
 #include "support/faults.h"
 
@@ -109,38 +109,6 @@ TEST(Dictionary, FirstValueForAKeyIsKept) {
     list.Add(texts);
     list.Add(texts);  // contents are the same, the objects are not
     EXPECT_EQ(list[1][1].value, String("Oslo"));
-}
-
-// A counted object that says how many of its kind are alive.
-class Counted : public vel::IUnknown {
-  public:
-    Counted() { ++alive; }
-    static inline int alive = 0;
-
-  protected:
-    ~Counted() override { --alive; }
-};
-
-TEST(Pointer, OwnsOneReference) {
-    const auto create = [](Counted*& made) { made = new Counted; };
-    vel::Pointer<Counted> first;
-    create(*&first);
-    {
-        vel::Pointer<Counted> second(first);
-        EXPECT_EQ(first->AddRef(), 3);
-        first->Release();
-        second = first.get();
-        second = vel::Pointer<Counted>(second);
-        create(*&second);
-        EXPECT_EQ(Counted::alive, 2);
-        first = second;
-        first = first.get();
-        EXPECT_EQ(Counted::alive, 1);
-    }
-    EXPECT_EQ(first->AddRef(), 2);
-    first->Release();
-    EXPECT_EQ(*&first, nullptr);
-    EXPECT_EQ(Counted::alive, 0);
 }
 
 }  // namespace
