@@ -37,19 +37,13 @@ TEST_F(Session, StartsAndEnds) {
 TEST_F(Session, AnotherCatalogueReplacesTheFirst) {
     ASSERT_EQ(Initialise(SampleSource().text(), Read, Send), 0);
     Velmor::getVelmor()->detectedPhoneId = "kept";
-    const struct {
-        const char* version;
-        long number;
-    } rows[] = {{"12", 12},
-                {" -3x", -3},
-                {"99999999999", INT32_MAX},
-                {"v1", 0},
-                {"-99999999999", INT32_MIN},
-                {"007", 7}};
-    for (const auto& row : rows) {
+    const std::pair<const char*, long> rows[] = {
+        {"12", 12}, {" -3x", -3}, {"99999999999", INT32_MAX},
+        {"v1", 0},  {"007", 7},   {"-99999999999", INT32_MIN}};
+    for (const auto& [version, number] : rows) {
         const std::string begin = "_BEGIN_$#Sample#";
-        ASSERT_EQ(Initialise(SampleSource().Replace(begin + "7", begin + row.version).text()), 0);
-        EXPECT_EQ(Velmor_GetVersionDatabase(0), row.number) << row.version;
+        ASSERT_EQ(Initialise(SampleSource().Replace(begin + "7", begin + version).text()), 0);
+        EXPECT_EQ(Velmor_GetVersionDatabase(0), number) << version;
     }
     EXPECT_EQ(Velmor::getVelmor()->detectedPhoneId, vel::String("kept"));
     EXPECT_EQ(Velmor::getVelmor()->readFunction, nullptr);
@@ -67,14 +61,6 @@ TEST_F(Session, RequiredTables) {
     for (const char* table : {"BasicDUNForPhone", "Networks", "GeneralVariables"}) {
         EXPECT_EQ(Initialise(SampleSource().Without(table).text()), 0) << table;
     }
-}
-
-TEST_F(Session, UnreadableCatalogues) {
-    EXPECT_EQ(Velmor_Initialise(nullptr, Read, Send), -1);
-    EXPECT_EQ(Velmor_Initialise("missing", Read, Send), -1);
-    EXPECT_EQ(Velmor_Initialise(".", Read, Send), -1);
-    EXPECT_EQ(Initialise(""), -1);
-    EXPECT_TRUE(IsEmpty());
 }
 
 TEST_F(Session, TraceBeginsWithItsOwnStart) {

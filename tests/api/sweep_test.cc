@@ -242,24 +242,17 @@ class FaultSweep : public SessionTest {
     std::size_t loading_ = 0;  // the stdio calls that loading it takes
 };
 
-TEST_F(FaultSweep, Allocations) {
-    for (const auto& [how, name] :
-         {std::pair(allocation::Fail::kOnce, "once"), {allocation::Fail::kFromThereOn, "on"}}) {
-        Use(false);
-        Sweep<allocation>(std::string("allocations, ") + name, how, 1);
-        Use(true);
-        Sweep<allocation>(std::string("allocations with trace, ") + name, how, 100);
-    }
-}
-
-TEST_F(FaultSweep, Files) {
-    for (const auto& [how, name] : {std::pair(stdio::Fail::kOnce, "once"),
-                                    {stdio::Fail::kFromThereOn, "on"},
-                                    {stdio::Fail::kShort, "short"}}) {
-        Use(false);
-        Sweep<stdio>(std::string("stdio, ") + name, how, 1);
-        Use(true);
-        Sweep<stdio>(std::string("stdio with trace, ") + name, how, 100);
+TEST_F(FaultSweep, EveryCallOfASession) {
+    for (const bool traced : {false, true}) {
+        Use(traced);
+        const std::string with = traced ? " with trace, " : ", ";
+        const std::size_t every = traced ? 100 : 1;
+        Sweep<allocation>("allocations" + with + "once", allocation::Fail::kOnce, every);
+        Sweep<allocation>("allocations" + with + "from there on", allocation::Fail::kFromThereOn,
+                          every);
+        Sweep<stdio>("stdio" + with + "once", stdio::Fail::kOnce, every);
+        Sweep<stdio>("stdio" + with + "from there on", stdio::Fail::kFromThereOn, every);
+        Sweep<stdio>("stdio" + with + "short", stdio::Fail::kShort, every);
     }
 }
 

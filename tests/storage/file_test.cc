@@ -81,9 +81,6 @@ TEST(File, BytesAndPositions) {
     EXPECT_TRUE(file.readLine(&line));
     EXPECT_EQ(line, String("89"));
     EXPECT_EQ(file.getPosition(), 10);
-    ASSERT_TRUE(file.openFile());  // anew, from the start
-    EXPECT_TRUE(file.readLine(&line));
-    EXPECT_EQ(line, String("0123456789"));
 }
 
 TEST(ArrayCrypter, FilePass) {

@@ -60,8 +60,6 @@ TEST(DBReader, Grammar) {
         {"marker only", "#$_DATABASE_BEGIN_$#", {"<default> 000"}},
         {"empty field keeps the default", "#$_DATABASE_BEGIN_$##7#", {"<default> 7"}},
         {"name and version", "x\n#y#\n#$_DATABASE_BEGIN_$#N#8#z#\n", {"N 8"}},
-        {"no marker", "#$_DATABASE_BEGIN_#\n", kNoDatabase},
-        {"empty", "", kNoDatabase},
         {"unnamed tables are numbered with the named ones",
          begin + "#$_TABLE_BEGIN_$#X#\n" + end + "#$_TABLE_BEGIN_$#\n" + end +
              "#$_TABLE_BEGIN_$##A#\n" + end,
@@ -82,9 +80,6 @@ TEST(DBReader, Grammar) {
         {"nothing is read after the end",
          begin + "#$_DATABASE_END_$#\n" + table + end,
          {"<default> 000"}},
-        {"other records between tables",
-         begin + "#x#\n" + table + end,
-         {"<default> 000", "T: A B"}},
         {"the first of two tables of one name",
          begin + table + "#1#2#\n" + end + "#$_TABLE_BEGIN_$#T#C#\n#3#\n" + end,
          {"<default> 000", "T: A B", "  [1][2]"}},
