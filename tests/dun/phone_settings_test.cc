@@ -87,8 +87,6 @@ TEST_F(PhoneSettings, ByIdentifier) {
         {5, 9, -1, -1, "untyped %APN%", ""},
         {-5, -9, 0, -1, "negative", ""},
         {-5, 9, -1, -1, "negative", ""},
-        {5, -9, -1, -1, "untyped %APN%", ""},
-        {-6, -9, -1, -1, "", ""},
         {-7, -9, 0, -1, "", ""},
         {10, 5, -1, -1, "", ""},
         {10, -3, 0, -3, "ATD*99#", "minus.example"},
