@@ -29,7 +29,6 @@ TEST_F(Session, StartsAndEnds) {
     EXPECT_EQ(Velmor_GetVersionDatabase(0), 7);
     Velmor_DeInitialise();
     EXPECT_TRUE(IsEmpty());
-    EXPECT_EQ(session.sendFunction, Send);
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
     EXPECT_EQ(Velmor_Initialise(VELMOR_SAMPLE_CATALOGUE, Read, Send), 0);
 }

@@ -21,7 +21,7 @@ TEST_F(CountrySettings, FillsEveryField) {
                                         "Y",          "Norland",   1};
     EXPECT_EQ(std::memcmp(&record, &expected, sizeof record), 0);
     ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record), 0);
-    EXPECT_STREQ(record.DisplayName, "Fjordnet #1");
+    EXPECT_STREQ(record.DefaultPassword, "back\\slash");
     ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &record), 0);
     EXPECT_STREQ(record.ClientIP, "203.0.113.7");
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 2), 0);

@@ -52,7 +52,6 @@ TEST_F(PhoneSettings, DialTexts) {
          "<>"},
         {"in turn", "E#10#UMTS#%APN%#%NUM%#\n", "#4#200#%NUM%#%VAR1%%APN%#v#", 0, 0, "v%APN%",
          "v%APN%"},
-        {"unknown placeholder", "E#10#UMTS#%apn%#%X%#\n", values, 0, 0, "%apn%", "%X%"},
         {"no row", "", values, -1, -1, "", ""},
         {"two rows", row + row, values, -1, 0, "", ""},
         {"another type", "E#10#umts#a#b#\n", values, -1, -1, "", ""},

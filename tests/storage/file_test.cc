@@ -52,7 +52,6 @@ TEST(File, WritesAndAppends) {
     EXPECT_FALSE(file.writeLine(line));
     stdio::FailAfter(0);
     file.closeFile();
-    file.closeFile();
     for (int i = 0; i < 2; ++i) {
         File more("written", vel::accessAppend);
         ASSERT_TRUE(more.openFile());
@@ -94,7 +93,6 @@ TEST(ArrayCrypter, FilePass) {
     EXPECT_FALSE(crypter.CryptFile("source", "in place"));
     EXPECT_EQ(ReadFile("source"), stored);
     EXPECT_TRUE(crypter.CryptFile("missing", ""));
-    EXPECT_FALSE(FileExists("missing.encode"));
 }
 
 }  // namespace
