@@ -114,8 +114,8 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_EQ(Count(rows), 0);
     EXPECT_EQ(Count(found), 1);
     Pointer<IDatabase> gone;
-    EXPECT_EQ(table->get_Database(*&gone) + cell->get_Database(*&gone), 0);
-    EXPECT_FALSE(gone);
+    EXPECT_TRUE(table->get_Database(*&gone) == 0 && !gone);
+    EXPECT_TRUE(cell->get_Database(*&gone) == 0 && !gone);
     Pointer<ITable> parent(table);
     EXPECT_EQ(cell->get_Table(*&parent), 0);
     EXPECT_FALSE(parent);

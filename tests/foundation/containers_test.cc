@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "foundation/array.h"
 #include "foundation/dictionary.h"
 #include "support/faults.h"

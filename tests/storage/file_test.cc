@@ -68,7 +68,9 @@ TEST(File, BytesAndPositions) {
     EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(0, SEEK_SET));  // not open
     EXPECT_EQ(file.getPosition(), -1);
     ASSERT_TRUE(file.openFile());
-    EXPECT_TRUE(file.setPosition(4, SEEK_SET));
+    EXPECT_TRUE(file.setPosition(4, SEEK_SET) && file.readBytes(buffer, 2, 1));
+    EXPECT_EQ(file.getPosition(), 6);
+    EXPECT_TRUE(file.setPosition(-2, SEEK_CUR));
     EXPECT_TRUE(file.readBytes(buffer, 2, 3));
     EXPECT_STREQ(buffer, "456789");
     EXPECT_FALSE(file.readBytes(buffer, 4, 0));
