@@ -27,9 +27,9 @@ static void begin(void* data, const char* element, const char** attributes) {
         const size_t length = strlen(mcc);
         matches |= strncmp(network, mcc, length) == 0 &&
                    strcmp(network + length, attribute(attributes, "mnc")) == 0;
-    } else if (strcmp(element, "apn") == 0) {
+    } else if (!found && strcmp(element, "apn") == 0) {
         internet = 0;
-        snprintf(apn, sizeof apn, "%s", found ? apn : attribute(attributes, "value"));
+        snprintf(apn, sizeof apn, "%s", attribute(attributes, "value"));
     } else if (strcmp(element, "usage") == 0) {
         internet = strcmp(attribute(attributes, "type"), "internet") == 0;
     }
