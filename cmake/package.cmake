@@ -25,7 +25,7 @@ string(REGEX REPLACE "/$" "" velmor_pc_prefix ${velmor_pc_prefix})
 configure_file(cmake/velmor.pc.in velmor.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/velmor.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
-install(FILES docs/integration.md docs/catalogue.md docs/trace-log.md
+install(FILES SECURITY.md docs/integration.md docs/catalogue.md docs/trace-log.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libvelmor-dev COMPONENT development)
 foreach(component package IN ZIP_LISTS velmor_components velmor_packages)
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}

@@ -13,7 +13,7 @@ bool RunGuarded(void (*body)(void* context), void* context) {
         delete exception;
     } catch (const abi::__forced_unwind&) {
         throw;  // the host cancels its thread inside a callback; that is no exception to be stopped
-    } catch (...) {  // out of memory; there is no other
+    } catch (...) {  // out of memory; the library has no other, and callbacks throw none
     }
     return false;
 }

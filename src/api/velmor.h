@@ -60,7 +60,9 @@ typedef struct {
     int32_t aBasicDUNSettingId;     /* identifier in the catalogue, -1: none */
 } Velmor_DUNSetting;
 
-/* The host's read callback: waits for the phone's next byte and places it in `buffer`.
+/* Neither callback lets a C++ exception out: the host's runtime and the library's may be two.
+ *
+ * The host's read callback: waits for the phone's next byte and places it in `buffer`.
  *
  * buffer   where the byte goes
  * count    bytes wanted, always 1
