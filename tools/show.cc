@@ -78,11 +78,9 @@ Rows Select(vel::ITable& table, const Options& options) {
     if (equals == std::string::npos) {
         throw ToolError("--where " + options.where + ": is not COLUMN=VALUE");
     }
-    vel::Dictionary<vel::String, vel::String> conditions;
-    conditions.Add(ToLibrary(options.where.substr(0, equals)),
-                   ToLibrary(options.where.substr(equals + 1)));
-    const auto condition =
-        vel::Pointer<vel::IRowCondition>::Adopt(new vel::MultyValueMatch(conditions));
+    const auto condition = vel::Pointer<vel::MultyValueMatch>::Adopt(new vel::MultyValueMatch);
+    condition->Require(ToLibrary(options.where.substr(0, equals)),
+                       ToLibrary(options.where.substr(equals + 1)));
     if (table.Find(condition.get(), *&rows) != 0) {
         throw ToolError(options.catalogue + ": " + options.table + " has no column " +
                         options.where.substr(0, equals));

@@ -14,8 +14,8 @@ namespace {
 void Fragment(const char* a, const char* b, const char* c = "") {
     Guarded([&] {
         vel::String text(a);
-        text.Append(b, static_cast<int>(std::strlen(b)));
-        text.Append(c, static_cast<int>(std::strlen(c)));
+        text.Append(b);
+        text.Append(c);
         Trace(text);
     });
 }

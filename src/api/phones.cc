@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <cstring>
-
 #include "api/call_frame.h"
 #include "api/host_text.h"
 #include "api/rows.h"
@@ -32,9 +30,8 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
             vel::String description = CellText(manufacturer, schema::kName).ToString();
-            for (const char* part : {": ", CellText(phone, schema::kName).c_str()}) {
-                description.Append(part, static_cast<int>(std::strlen(part)));
-            }
+            description.Append(": ");
+            description.Append(CellText(phone, schema::kName).c_str());
             FillText(aPhoneDescription, sizeIO, description);
             id = vel::ReadNumber(CellText(phone, schema::kID).c_str(), -1);
         }

@@ -35,7 +35,7 @@ Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
 Pointer<IRow> RowById(const Velmor::Table& table, const vel::TextView& id) {
     Pointer<IRow> row;
     if (table) {
-        static_cast<const vel::Table&>(*table).get_Row(id, *&row);
+        static_cast<const vel::Table&>(*table).get_Row(id, *&row);  // every table is a Table
     }
     return row;
 }

@@ -103,9 +103,7 @@ class IColumn : public IUnknown {
 template <class I, class T>
 int HandOut(T* object, I*& result) {
     result = object;
-    if (object != nullptr) {
-        object->AddRef();
-    }
+    AddReference(object);
     return 0;
 }
 

@@ -15,12 +15,12 @@ namespace {
 
 constexpr int kLastLine = -1;
 
-// The rows for the normalised answer of a phone, whose manufacturer is known by then.
-Velmor::Rows ManufacturerRows(const String& answer, const String&) {
+// The rows for a normalised answer. The manufacturer's identifier is empty while it is unknown.
+Velmor::Rows RowsForManufacturer(const String& answer, const String&) {
     return FindRows(Velmor::getVelmor()->manufacturerIdentification,
                     Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(answer)));
 }
-Velmor::Rows PhoneRows(const String& answer, const String& manufacturerId) {
+Velmor::Rows RowsForPhone(const String& answer, const String& manufacturerId) {
     return FindRows(Velmor::getVelmor()->phoneIdentification,
                     {{schema::kManufacturerID, manufacturerId}, {schema::kPhoneResponse, answer}});
 }
@@ -42,12 +42,12 @@ struct Question {
 constexpr Question kManufacturer = {
     {{"AT+CGMI\r", kLastLine}, {"AT+GMI\r", kLastLine}, {"ATI0\r", 0}},
     schema::kManufacturerRecipe,
-    ManufacturerRows,
+    RowsForManufacturer,
     schema::kManufacturerID,
     "Manufacturer Detected !"};
 constexpr Question kPhone = {{{"AT+CGMM\r", kLastLine}, {"AT+GMM\r", kLastLine}, {"ATI3\r", 0}},
                              schema::kPhoneRecipe,
-                             PhoneRows,
+                             RowsForPhone,
                              schema::kPhoneID,
                              "Phone Detected !"};
 

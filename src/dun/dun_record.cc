@@ -35,7 +35,7 @@ VELMOR_FIELD_AT(aBasicDUNSettingId, 14);
 static_assert(sizeof(Velmor_DUNSetting) == 3588, "the record has no padding");
 
 // The texts in the order in which they are traced, and the columns of a setting row that fill them.
-// Texts and no pointers to them, in all tables of constants: nothing to relocate at load.
+// Texts and not pointers to them: nothing to relocate at load.
 constexpr struct {
     TextField field;
     char label[32];   // empty: not traced

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/array.h"
 
+#include <climits>
+#include <cstdint>
+#include <new>
+
 namespace vel {
 
 template class Array<int>;

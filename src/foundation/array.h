@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cassert>
-#include <climits>
-#include <cstdint>
-#include <new>
+#include <cstddef>
 #include <utility>
 
 #include "foundation/condition.h"

@@ -32,7 +32,7 @@ class ComArray final : public ICollection<I*> {
     }
     int get_Item(int index, I*& item) const override {
         item = At(index);
-        Retain(item);
+        AddReference(item);
         return 0;
     }
 

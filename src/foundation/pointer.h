@@ -17,7 +17,7 @@ class Pointer {
     Pointer() = default;
     // Takes a reference of its own.
     Pointer(T* object) : object_(object) {  // NOLINT(google-explicit-constructor)
-        Retain(object_);
+        AddReference(object_);
     }
     Pointer(const Pointer& other) : Pointer(other.object_) {}
     Pointer(Pointer&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
@@ -27,7 +27,7 @@ class Pointer {
         if (object != object_) {
             Reset();
             object_ = object;
-            Retain(object_);
+            AddReference(object_);
         }
         return *this;
     }
@@ -50,7 +50,7 @@ class Pointer {
         return &object_;
     }
 
-    void Reset() { ReleaseAny(std::exchange(object_, nullptr)); }
+    void Reset() { DropReference(std::exchange(object_, nullptr)); }
 
     // Hands the reference over to the caller.
     T* Detach() { return std::exchange(object_, nullptr); }

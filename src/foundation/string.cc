@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/string.h"
 
+#include <climits>
 #include <cstdio>
 #include <cstring>
+#include <new>
 
 namespace vel {
 
@@ -71,6 +73,10 @@ void String::Append(const char* bytes, int length) {
     count = end + 1;
 }
 
+void String::Append(const char* text) {
+    Append(text, CountOf(text) - 1);
+}
+
 void String::Truncate() {
     if (data != nullptr) {
         data[0] = '\0';
@@ -81,7 +87,7 @@ void String::Truncate() {
 String String::operator+(const String& other) const {
     String sum(*this);
     if (other.First() != '\0') {
-        sum.Append(other.data, CountOf(other.data) - 1);
+        sum.Append(other.data);
     }
     return sum;
 }

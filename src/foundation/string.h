@@ -36,10 +36,11 @@ class String : public Array<char> {
     String& operator=(String&& other) noexcept = default;
     String& operator=(const char* s);
 
-    // Appends one character, or `length` of them. The capacity grows by the quantum only when there
-    // is no room.
+    // Appends one character, `length` of them, or those of a C text. The capacity grows by the
+    // quantum only when there is no room.
     void Append(char c) { Append(&c, 1); }
     void Append(const char* bytes, int length);
+    void Append(const char* text);
 
     // Drops the text and keeps the buffer for the next one.
     void Truncate();

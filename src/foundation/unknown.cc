@@ -7,13 +7,13 @@ namespace vel {
 
 template class Array<Pointer<IUnknown>>;
 
-void Retain(IUnknown* object) {
+void AddReference(IUnknown* object) {
     if (object != nullptr) {
         object->AddRef();
     }
 }
 
-void ReleaseAny(IUnknown* object) {
+void DropReference(IUnknown* object) {
     if (object != nullptr) {
         object->Release();
     }

@@ -31,7 +31,7 @@ class IUnknown {
 
 // Both do nothing without an object. Out of line: they stand in every destructor and every path of
 // an exception, and there they would be a tenth of the library.
-void Retain(IUnknown* object);
-void ReleaseAny(IUnknown* object);
+void AddReference(IUnknown* object);
+void DropReference(IUnknown* object);
 
 }  // namespace vel

@@ -106,7 +106,7 @@ bool ArrayCrypter::CryptFile(const String& path, const String& target) {
         if (line.First() == 'E') {
             line = Encrypt(line);
         }
-        if (blocks.tail == nullptr || blocks.tail->element.Length() + line.Length() >= kBlockSize) {
+        if (blocks.tail == nullptr || line.Length() >= kBlockSize - blocks.tail->element.Length()) {
             blocks.Add("");
             blocks.tail->element.internalEnsureSpace(kBlockSize);
         }
