@@ -19,6 +19,8 @@ segments=$(readelf -lW "$library")
 imports=$(nm -D --undefined-only "$library" | sed 's/^ *//')
 dynamic() { echo "$dynamic" | grep -Eq "$1"; }
 
+# The dynamic linker is the C library's own: asked for thread-local data, and on Arm for the guard of
+# the stack protector.
 for name in $(echo "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p'); do
     case $name in
         libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | ld-linux*.so.*) ;;
