@@ -60,9 +60,7 @@ typedef struct {
     int32_t aBasicDUNSettingId;     /* identifier in the catalogue, -1: none */
 } Velmor_DUNSetting;
 
-/* Neither callback lets a C++ exception out: the host's runtime and the library's may be two.
- *
- * The host's read callback: waits for the phone's next byte and places it in `buffer`.
+/* The host's read callback: waits for the phone's next byte and places it in `buffer`.
  *
  * buffer   where the byte goes
  * count    bytes wanted, always 1
@@ -87,7 +85,8 @@ typedef long (*Velmor_SendFunction)(const char* buffer, long length);
  * directory say, changes nothing. Settles whether calls are traced, this one included.
  *
  * aDatabaseFile  path of the catalogue
- * aReadFunction, aSendFunction  the link to the phone; needed for detection only
+ * aReadFunction, aSendFunction  the link to the phone; needed for detection only. Neither lets a C++
+ *                exception out: the host's runtime and the library's may be two.
  *
  * Returns 0, or -1 when the file cannot be read or lacks one of the tables Countries, Phones,
  * Manufacturers, BasicDUNSettings, ManufacturerIdentification, PhoneIdentification or
