@@ -7,8 +7,8 @@
 
 #include "api/rows.h"
 #include "api/schema.h"
-#include "source_format.h"
 #include "source_writer.h"
+#include "storage/catalogue_format.h"
 #include "texts.h"
 
 namespace {
@@ -44,7 +44,7 @@ std::string FreeId(const Velmor::Table& table) {
 }
 
 std::string SourceLine(const std::vector<std::string>& fields) {
-    return kHiddenLine + SourceRecord(fields);
+    return vel::kHiddenLine + SourceRecord(fields);
 }
 
 // A name for people from an answer such as `+CGMM: "X100"`.
@@ -84,7 +84,7 @@ class Adviser {
             AddDialStrings(phoneId);
         }
         for (const std::string& name : begun_) {
-            lines_.push_back({name, SourceLine({kTableEnd})});
+            lines_.push_back({name, SourceLine({vel::kTableEnd})});
         }
         return std::move(lines_);
     }
@@ -109,7 +109,7 @@ class Adviser {
             row.push_back(value == values.end() ? "" : value->second);
         }
         if (!table && begun_.insert(name).second) {
-            columns.insert(columns.begin(), {kTableBegin, name});
+            columns.insert(columns.begin(), {vel::kTableBegin, name});
             lines_.push_back({name, SourceLine(columns)});
         }
         lines_.push_back({name, SourceLine(row)});

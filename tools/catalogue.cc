@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "catalogue_lines.h"
-#include "source_format.h"
+#include "storage/catalogue_format.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ void TableBuilder::Add(const CatalogueRecord& record) {
         afterEndLine_ = afterEndLine_ == 0 ? record.line : afterEndLine_;
         return;
     }
-    const bool isEnd = !record.fields.empty() && record.fields[0] == kDatabaseEnd;
+    const bool isEnd = !record.fields.empty() && record.fields[0] == vel::kDatabaseEnd;
     afterLone_ = afterLone_ || (loneLine_ != 0 && !isEnd);
     if (inTable_) {
         AddInside(record);
@@ -59,12 +59,13 @@ void TableBuilder::AddInside(const CatalogueRecord& record) {
         return;
     }
     const std::string& first = record.fields[0];
-    if (first == kTableEnd) {
+    if (first == vel::kTableEnd) {
         EndTable(record.line);
-    } else if (first == kTableBegin || first == kDatabaseBegin || first == kDatabaseEnd) {
+    } else if (first == vel::kTableBegin || first == vel::kDatabaseBegin ||
+               first == vel::kDatabaseEnd) {
         AddError(findings_, "marker-in-table", {table_.name, record.line},
                  first + " inside a table; the library takes it and all up to the next " +
-                     kTableEnd + " for rows: end the table before it");
+                     vel::kTableEnd + " for rows: end the table before it");
         EndTable(record.line - 1);
         AddOutside(record);
     } else if (record.fields.size() != table_.columns.size()) {
@@ -81,11 +82,11 @@ void TableBuilder::AddInside(const CatalogueRecord& record) {
 void TableBuilder::AddOutside(const CatalogueRecord& record) {
     if (record.fields.empty()) {
         loneLine_ = loneLine_ == 0 ? record.line : loneLine_;
-    } else if (record.fields[0] == kDatabaseEnd) {
+    } else if (record.fields[0] == vel::kDatabaseEnd) {
         endLine_ = record.line;
-    } else if (record.fields[0] == kDatabaseBegin) {
+    } else if (record.fields[0] == vel::kDatabaseBegin) {
         BeginDatabase(record);
-    } else if (record.fields[0] == kTableBegin) {
+    } else if (record.fields[0] == vel::kTableBegin) {
         BeginTable(record);
     } else {
         AddWarning(findings_, "stray-record", {"", record.line},
@@ -143,20 +144,20 @@ void TableBuilder::EndTable(int line) {
 void TableBuilder::Finish() {
     if (inTable_) {
         AddError(findings_, "cut-off-table", {table_.name, table_.line},
-                 "the file ends inside this table; the library keeps the rows so far: restore the"
-                 " rest of the file, or end the table with " +
-                     kTableEnd);
+                 std::string("the file ends inside this table; the library keeps the rows so far:"
+                             " restore the rest of the file, or end the table with ") +
+                     vel::kTableEnd);
         EndTable(std::numeric_limits<int>::max());
     } else if (endLine_ == 0 && databaseLine_ != 0) {
         AddWarning(findings_, "no-database-end", {},
-                   "the file ends without " + kDatabaseEnd +
+                   std::string("the file ends without ") + vel::kDatabaseEnd +
                        "; the library does not mind, but nobody can tell that it is complete: add"
                        " the marker");
     }
     if (databaseLine_ == 0) {
         AddError(findings_, "no-database", {"", earlyTableLine_},
-                 "no database marker; the library refuses the catalogue: put " + kDatabaseBegin +
-                     " before the first table");
+                 std::string("no database marker; the library refuses the catalogue: put ") +
+                     vel::kDatabaseBegin + " before the first table");
     } else if (earlyTableLine_ != 0) {
         AddError(findings_, "table-before-database", {"", earlyTableLine_},
                  "a table before the database marker; the library refuses the catalogue: move the"
@@ -165,7 +166,7 @@ void TableBuilder::Finish() {
     }
     if (afterEndLine_ != 0) {
         AddError(findings_, "after-end", {"", afterEndLine_},
-                 "records after " + kDatabaseEnd +
+                 std::string("records after ") + vel::kDatabaseEnd +
                      "; the library never reads them: move the marker"
                      " in line " +
                      std::to_string(endLine_) + " behind them");

@@ -2,7 +2,7 @@
 #include "catalogue_lines.h"
 
 #include "input_file.h"
-#include "source_format.h"
+#include "storage/catalogue_format.h"
 #include "storage/crypt.h"
 #include "storage/record_splitter.h"
 #include "texts.h"
@@ -87,12 +87,12 @@ std::string LineReader::Decipher(const std::string& line) {
 
 void LineReader::ReadText(const std::string& text, bool hidden) {
     vel::Record record;
-    if (vel::SplitRecord(ToLibrary(text), kSourceSeparator, record)) {
+    if (vel::SplitRecord(ToLibrary(text), vel::kSeparator, record)) {
         records.push_back({number_, FromLibrary(record)});
         if (record.get_Count() > 0) {
             CheckEnds(text, hidden, record.get_Count());
         }
-    } else if (text.find(kSourceSeparator) != std::string::npos) {
+    } else if (text.find(vel::kSeparator) != std::string::npos) {
         AddWarning(findings_, "skipped-line", Here(),
                    "looks like a record, but the library skips it for the \"?\" or the backslash"
                    " before its first separator: remove that, or the separators of a comment");
@@ -105,7 +105,7 @@ void LineReader::ReadText(const std::string& text, bool hidden) {
 
 void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount) {
     std::size_t first = 0;
-    while (text[first] != kSourceSeparator) {
+    while (text[first] != vel::kSeparator) {
         first += text[first] == '\\' ? 2 : 1;
     }
     const std::string before = text.substr(hidden ? 1 : 0, first - (hidden ? 1 : 0));
@@ -116,8 +116,7 @@ void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount)
     }
     // Two more separators end what the library leaves unfinished, be the first of them escaped.
     vel::Record record;
-    vel::SplitRecord(ToLibrary(text + kSourceSeparator + kSourceSeparator), kSourceSeparator,
-                     record);
+    vel::SplitRecord(ToLibrary(text + vel::kSeparator + vel::kSeparator), vel::kSeparator, record);
     const std::string after = FromLibrary(record[fieldCount]);
     if (!IsBlank(after)) {
         AddWarning(findings_, "text-after-record", Here(),

@@ -4,7 +4,7 @@
 #include "database/multy_value_match.h"
 #include "print.h"
 #include "private_copy.h"
-#include "source_format.h"
+#include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
 #include "texts.h"
 
@@ -34,7 +34,7 @@ TextRow ColumnNames(const vel::ITable& table) {
 vel::Pointer<vel::IDatabase> Load(const std::string& path) {
     const PrivateCopy copy(path);
     vel::Pointer<vel::IDatabase> database =
-        vel::DBReader(copy.path().c_str(), kSourceSeparator).get_DB();
+        vel::DBReader(copy.path().c_str(), vel::kSeparator).get_DB();
     if (!database) {
         throw ToolError(path + ": holds no database; velmor check says why");
     }

@@ -2,43 +2,43 @@
 #include "source_writer.h"
 
 #include "command.h"
-#include "source_format.h"
+#include "storage/catalogue_format.h"
 
 std::string SourceRecord(const std::vector<std::string>& fields) {
-    std::string text(1, kSourceSeparator);
+    std::string text(1, vel::kSeparator);
     for (const std::string& field : fields) {
         for (const char c : field) {
-            if (c == kSourceSeparator || c == '\\') {
+            if (c == vel::kSeparator || c == '\\') {
                 text += '\\';
             }
             text += c;
         }
-        text += kSourceSeparator;
+        text += vel::kSeparator;
     }
     return text;
 }
 
 SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
     : path_(std::move(path)) {
-    AddRecord({kDatabaseBegin, name, version});
+    AddRecord({vel::kDatabaseBegin, name, version});
 }
 
 void SourceWriter::BeginTable(const std::string& name, const std::vector<std::string>& columns) {
-    std::vector<std::string> fields{kTableBegin, name};
+    std::vector<std::string> fields{vel::kTableBegin, name};
     fields.insert(fields.end(), columns.begin(), columns.end());
     text_ += '\n';
     AddHidden(fields);
 }
 
 void SourceWriter::AddRow(const std::vector<std::string>& row) {
-    if (!row.empty() && row[0] == kTableEnd) {
+    if (!row.empty() && row[0] == vel::kTableEnd) {
         throw ToolError(path_ + ": the value " + row[0] + " would end its table");
     }
     AddHidden(row);
 }
 
 void SourceWriter::EndTable() {
-    AddHidden({kTableEnd});
+    AddHidden({vel::kTableEnd});
 }
 
 void SourceWriter::AddTable(const CatalogueTable& table) {
@@ -51,12 +51,12 @@ void SourceWriter::AddTable(const CatalogueTable& table) {
 
 std::string SourceWriter::Finish() {
     text_ += '\n';
-    AddRecord({kDatabaseEnd});
+    AddRecord({vel::kDatabaseEnd});
     return std::move(text_);
 }
 
 void SourceWriter::AddHidden(const std::vector<std::string>& fields) {
-    text_ += kHiddenLine;
+    text_ += vel::kHiddenLine;
     AddRecord(fields);
 }
 

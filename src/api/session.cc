@@ -3,11 +3,10 @@
 
 #include "api/schema.h"
 #include "api/setting.h"
+#include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
 
 namespace {
-
-constexpr char kSeparator = '#';  // of the fields in a catalogue file
 
 // The tables that a session holds, in the order in which they are fetched. A session is complete
 // with the required ones.
@@ -43,7 +42,7 @@ Velmor* Velmor::getVelmor() {
 
 void Velmor::Init(const char* aDatabaseFile) {
     traceDepth = 0;
-    vel::DBReader reader(aDatabaseFile, kSeparator);
+    vel::DBReader reader(aDatabaseFile, vel::kSeparator);
     database = reader.get_DB();
     for (const auto& held : kTables) {
         this->*held.table = FetchTable(held.name);

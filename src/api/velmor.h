@@ -85,8 +85,8 @@ typedef long (*Velmor_SendFunction)(const char* buffer, long length);
  * directory say, changes nothing. Settles whether calls are traced, this one included.
  *
  * aDatabaseFile  path of the catalogue
- * aReadFunction, aSendFunction  the link to the phone; needed for detection only. Neither lets a C++
- *                exception out: the host's runtime and the library's may be two.
+ * aReadFunction, aSendFunction  the link to the phone; needed for detection only. Neither lets a
+ * C++ exception out: the host's runtime and the library's may be two.
  *
  * Returns 0, or -1 when the file cannot be read or lacks one of the tables Countries, Phones,
  * Manufacturers, BasicDUNSettings, ManufacturerIdentification, PhoneIdentification or

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "storage/db_reader.h"
 
+#include "storage/catalogue_format.h"
+
 namespace vel {
 
 namespace {
-
-constexpr char kDatabaseBegin[] = "$_DATABASE_BEGIN_$";
-constexpr char kDatabaseEnd[] = "$_DATABASE_END_$";
-constexpr char kTableBegin[] = "$_TABLE_BEGIN_$";
-constexpr char kTableEnd[] = "$_TABLE_END_$";
 
 // The table of the section being read. When its name was taken it is in no directory, and whoever
 // made it takes it apart.
