@@ -7,13 +7,13 @@
 #include <cstdio>
 #include <optional>
 
-#include "api/session.h"
-#include "api/trace.h"
-#include "api/velmor.h"
 #include "database/multy_value_match.h"
 #include "phone/simulated_phone.h"
+#include "session/session.h"
+#include "session/trace.h"
 #include "storage/crypt.h"
 #include "storage/record_splitter.h"
+#include "velmor.h"
 #include "world.h"
 
 const char* const kTraceLogPath = "trace.log";

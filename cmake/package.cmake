@@ -11,7 +11,7 @@ endif()
 
 install(TARGETS velmor EXPORT velmorTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
-install(FILES src/api/velmor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(FILES include/velmor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 install(EXPORT velmorTargets NAMESPACE velmor::
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor COMPONENT development)
 configure_package_config_file(cmake/velmorConfig.cmake.in velmorConfig.cmake

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "api/call_frame.h"
-#include "api/host_text.h"
-#include "api/rows.h"
-#include "api/schema.h"
+#include "session/call_frame.h"
+#include "session/host_text.h"
+#include "session/rows.h"
+#include "session/schema.h"
 
 long Velmor_GetNrCountries(long aHandle) {
     return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {

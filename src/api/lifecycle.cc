@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Start and end of the session, and the version of its catalogue.
-#include "api/call_frame.h"
-#include "api/session.h"
 #include "foundation/number.h"
+#include "session/call_frame.h"
+#include "session/session.h"
 
 long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                        Velmor_SendFunction aSendFunction) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "api/call_frame.h"
-#include "api/host_text.h"
-#include "api/rows.h"
-#include "api/schema.h"
 #include "foundation/number.h"
+#include "session/call_frame.h"
+#include "session/host_text.h"
+#include "session/rows.h"
+#include "session/schema.h"
 
 long Velmor_GetNrOfPhones(long aHandle) {
     return Framed("Velmor_GetNrOfPhones", 0, [&](CallFrame& frame) -> long {

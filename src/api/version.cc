@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "api/call_frame.h"
-#include "api/velmor.h"
+#include "session/call_frame.h"
+#include "velmor.h"
 
 namespace {
 

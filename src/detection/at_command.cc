@@ -3,11 +3,11 @@
 
 #include <cstring>
 
-#include "api/call_frame.h"
-#include "api/schema.h"
-#include "api/session.h"
-#include "api/setting.h"
 #include "foundation/number.h"
+#include "session/call_frame.h"
+#include "session/schema.h"
+#include "session/session.h"
+#include "session/setting.h"
 
 using vel::String;
 

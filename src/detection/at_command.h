@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "api/velmor.h"
 #include "foundation/string.h"
+#include "velmor.h"
 
 // Sends one AT command to the phone (3GPP TS 27.007, ITU-T V.250) and reads its answer, byte by
 // byte through the host's callbacks, up to a line that ends "OK\r\n" or "ERROR\r\n".

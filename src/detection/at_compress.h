@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "api/velmor.h"
 #include "foundation/string.h"
+#include "velmor.h"
 
 // Brings an answer of the phone into the form of the catalogue's identification keys, in place, by
 // the recipe in the settings table of that name: removes the characters of "RemoveCharacters",

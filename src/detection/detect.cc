@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "api/call_frame.h"
-#include "api/host_text.h"
-#include "api/rows.h"
-#include "api/schema.h"
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
 #include "detection/manufacturer_selector.h"
+#include "session/call_frame.h"
+#include "session/host_text.h"
+#include "session/rows.h"
+#include "session/schema.h"
 
 using vel::IRow;
 using vel::Pointer;

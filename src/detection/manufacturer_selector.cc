@@ -3,8 +3,8 @@
 
 #include <cstring>
 
-#include "api/schema.h"
 #include "database/row.h"
+#include "session/schema.h"
 
 bool ManufacturerSelector::Matches(const vel::IRow* const& row) const {
     const vel::TextView pattern = vel::CellText(row, schema::kManufacturerResponse);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "api/schema.h"
 #include "dun/dun_record.h"
+#include "session/schema.h"
 
 long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
     return Framed("Velmor_GetCountryNrOfBasicDUNSettings", -1, [&](CallFrame& frame) -> long {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "api/schema.h"
 #include "dun/dial_texts.h"
+#include "session/schema.h"
 
 using vel::String;
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dial_texts.h"
 
-#include "api/schema.h"
+#include "session/schema.h"
 
 using vel::String;
 

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstring>
 
-#include "api/host_text.h"
-#include "api/schema.h"
 #include "foundation/number.h"
+#include "session/host_text.h"
+#include "session/schema.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include <cstdint>
 
-#include "api/call_frame.h"
-#include "api/rows.h"
+#include "session/call_frame.h"
+#include "session/rows.h"
 
 // The dial and initialisation strings of a setting on a phone; empty where the phone does not
 // count.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <cstdio>
 
-#include "api/trace.h"
-#include "api/velmor.h"
+#include "session/trace.h"
+#include "velmor.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "api/schema.h"
 #include "dun/dial_texts.h"
 #include "foundation/number.h"
+#include "session/schema.h"
 
 using vel::String;
 

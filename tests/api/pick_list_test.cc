@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
-#include "support/session.h"
+#include "tests/support/session.h"
 
 namespace {
 

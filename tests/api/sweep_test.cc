@@ -3,13 +3,13 @@
 // stdio call fails in turn.
 #include <cstring>
 
-#include "api/host_text.h"
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
+#include "session/host_text.h"
 #include "storage/crypt.h"
-#include "support/end_session.h"
-#include "support/faults.h"
-#include "support/session.h"
+#include "tests/support/end_session.h"
+#include "tests/support/faults.h"
+#include "tests/support/session.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 
 #include "database/database.h"
 #include "database/multy_value_match.h"
-#include "support/faults.h"
-#include "support/texts.h"
+#include "tests/support/dump.h"
+#include "tests/support/faults.h"
 
 using namespace vel;
 

@@ -2,8 +2,8 @@
 #include "detection/at_command.h"
 
 #include "detection/at_compress.h"
-#include "support/scripted_phone.h"
-#include "support/session.h"
+#include "tests/support/scripted_phone.h"
+#include "tests/support/session.h"
 
 using vel::String;
 

@@ -2,8 +2,8 @@
 #include <cstring>
 #include <thread>
 
-#include "support/scripted_phone.h"
-#include "support/session.h"
+#include "tests/support/scripted_phone.h"
+#include "tests/support/session.h"
 
 namespace {
 

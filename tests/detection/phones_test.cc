@@ -3,9 +3,9 @@
 
 #include <filesystem>
 
-#include "api/velmor.h"
-#include "support/files.h"
-#include "support/scripted_phone.h"
+#include "tests/support/files.h"
+#include "tests/support/scripted_phone.h"
+#include "velmor.h"
 
 namespace {
 

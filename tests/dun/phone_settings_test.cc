@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
-#include "support/scripted_phone.h"
-#include "support/session.h"
+#include "tests/support/scripted_phone.h"
+#include "tests/support/session.h"
 
 namespace {
 

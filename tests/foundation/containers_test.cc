@@ -5,7 +5,7 @@
 
 #include "foundation/array.h"
 #include "foundation/dictionary.h"
-#include "support/faults.h"
+#include "tests/support/faults.h"
 
 using vel::Array;
 using vel::String;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The input is a sequence of calls of all that the library exports, with their arguments and what
 // the phone says meanwhile. In some calls memory runs out.
-#include "api/trace.h"
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
-#include "fuzz/fuzz.h"
-#include "support/files.h"
+#include "session/trace.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/support/files.h"
 
 namespace {
 

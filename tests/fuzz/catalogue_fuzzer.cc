@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The input is a catalogue: as it is, then as the enciphered copy that the library made of it.
-#include "fuzz/fuzz.h"
-#include "support/files.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/support/files.h"
 
 namespace {
 

@@ -2,10 +2,10 @@
 // The cipher and the readers a second time, plainly. The input is a separator and a file.
 #include <algorithm>
 
-#include "fuzz/fuzz.h"
 #include "storage/csv_dict_reader.h"
-#include "support/files.h"
-#include "support/texts.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/support/dump.h"
+#include "tests/support/files.h"
 
 namespace {
 

@@ -9,8 +9,8 @@
 #include <cstring>
 #include <string>
 
-#include "support/end_session.h"
-#include "support/faults.h"
+#include "tests/support/end_session.h"
+#include "tests/support/faults.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

@@ -2,8 +2,8 @@
 // Runs a fuzzer over the inputs in a directory, for compilers without libFuzzer.
 #include <filesystem>
 
-#include "fuzz/fuzz.h"
-#include "support/files.h"
+#include "tests/fuzz/fuzz.h"
+#include "tests/support/files.h"
 
 int main(int, char** argv) {
     int count = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The input is what the phone says; the catalogue is the sample.
-#include "fuzz/fuzz.h"
+#include "tests/fuzz/fuzz.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const long started =

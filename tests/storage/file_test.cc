@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "storage/crypt.h"
-#include "support/faults.h"
-#include "support/files.h"
-#include "support/texts.h"
+#include "tests/support/dump.h"
+#include "tests/support/faults.h"
+#include "tests/support/files.h"
 
 using vel::File;
 using vel::String;

@@ -3,8 +3,8 @@
 
 #include "storage/csv_dict_reader.h"
 #include "storage/db_reader.h"
-#include "support/files.h"
-#include "support/texts.h"
+#include "tests/support/dump.h"
+#include "tests/support/files.h"
 
 using namespace vel;
 

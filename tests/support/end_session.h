@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "api/session.h"
+#include "session/session.h"
 
 // Ends the session and leaves the library as in a new process.
 inline void EndSession() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/faults.h"
+#include "tests/support/faults.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "api/trace.h"
+#include "session/trace.h"
 
 const char* const kTraceLogPath = "trace.log";
 

@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <regex>
 
-#include "api/session.h"
-#include "api/trace.h"
-#include "support/files.h"
+#include "session/session.h"
+#include "session/trace.h"
+#include "tests/support/files.h"
 
 // The sample catalogue in its source form with the given text replaced, a table left out, or lines
 // added after a given one. Plain: the marker of hidden lines is ignored by the reader.

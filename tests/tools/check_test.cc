@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "check.h"
+#include "check/check.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "storage/db_reader.h"
-#include "support/session.h"
-#include "support/texts.h"
+#include "tests/support/dump.h"
+#include "tests/support/session.h"
 
 namespace {
 

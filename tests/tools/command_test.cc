@@ -5,8 +5,8 @@
 #include <random>
 
 #include "storage/crypt.h"
-#include "support/session.h"
-#include "support/shell.h"
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
-#include "check.h"
-#include "support/session.h"
-#include "support/shell.h"
+#include "check/check.h"
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
 
 namespace {
 

@@ -2,9 +2,10 @@
 #include <pugixml.hpp>
 #include <set>
 
-#include "command.h"
-#include "support/scripted_phone.h"
-#include "support/session.h"
+#include "commands/command.h"
+#include "support/error.h"
+#include "tests/support/scripted_phone.h"
+#include "tests/support/session.h"
 
 namespace {
 

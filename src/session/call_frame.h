@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "foundation/string.h"
+#include "session/guard.h"
+
+// The frame in which every exported operation runs: it writes the entry line, keeps the trace
+// depth, and writes the exit line and the result on every way out. Operations see it as the writer
+// of their argument and output lines:
+//
+//     long Velmor_GetNrCountries(long aHandle) {
+//         return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
+//             frame.In("aHandle", aHandle);
+//             return ...;
+//         });
+//     }
+class CallFrame {
+  public:
+    explicit CallFrame(const char* name);
+    ~CallFrame();
+    CallFrame(const CallFrame&) = delete;
+    CallFrame& operator=(const CallFrame&) = delete;
+
+    // "label <= value"; a pointer is written as its address under the label "(long)label".
+    void In(const char* label, long value);
+    void In(const char* label, const char* text);
+    void In(const char* label, const vel::String& text) { In(label, text.c_str()); }
+    void InAddress(const char* label, const void* address);
+
+    // "label => value"; of a host's buffer at most `size` bytes.
+    void Out(const char* label, long value);
+    void Out(const char* label, const vel::String& text);
+    void Out(const char* label, const char* buffer, long size);
+
+    // A line of one fragment, the second text following the first directly.
+    void Line(const char* text, const char* value = "");
+    // A line of two fragments.
+    void Line2(const char* label, const vel::String& text);
+
+    // The result that the frame reports. Without one there is no result line.
+    void SetResult(long result);
+
+  private:
+    const char* name_;
+    long result_ = 0;
+    bool hasResult_ = false;
+};
+
+// What is done in a frame: a callable that takes it and returns the result, without its type.
+class FrameBody {
+  public:
+    template <class Body>
+    FrameBody(const Body& body)  // NOLINT(google-explicit-constructor): made where it is passed
+        : body_(&body), call_([](const void* callable, CallFrame& frame) {
+              return (*static_cast<const Body*>(callable))(frame);
+          }) {}
+    long operator()(CallFrame& frame) const { return call_(body_, frame); }
+
+  private:
+    const void* body_;
+    long (*call_)(const void* callable, CallFrame& frame);
+};
+
+// Runs the body in a frame and returns what it returns. When it throws, the frame reports `failure`
+// and the exception goes on: for operations that others of the library call, and that must not
+// mistake want of memory for an answer.
+long InFrame(const char* name, long failure, const FrameBody& body);
+
+// The frame of an exported operation: nothing is thrown out of it, and a body that throws has the
+// result `failure`.
+long Framed(const char* name, long failure, const FrameBody& body);

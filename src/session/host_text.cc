@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "session/host_text.h"
+
+#include <cstring>
+
+void FillText(char* buffer, long size, const vel::TextView& text) {
+    if (buffer == nullptr || size <= 0) {
+        return;
+    }
+    const auto room = static_cast<std::size_t>(size);
+    const auto bytes = static_cast<std::size_t>(text.count);
+    std::memset(buffer, 0, room);
+    if (text) {
+        std::memcpy(buffer, text.data, bytes < room ? bytes : room);
+    }
+}

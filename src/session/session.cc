@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "session/session.h"
+
+#include "session/schema.h"
+#include "session/setting.h"
+#include "storage/catalogue_format.h"
+#include "storage/db_reader.h"
+
+namespace {
+
+// The tables that a session holds, in the order in which they are fetched. A session is complete
+// with the required ones.
+const struct {
+    Velmor::Table Velmor::*table;
+    const char* name;
+    bool required;
+} kTables[] = {
+    {&Velmor::phones, schema::kPhones, true},
+    {&Velmor::basicDUNSettings, schema::kBasicDUNSettings, true},
+    {&Velmor::countries, schema::kCountries, true},
+    {&Velmor::manufacturers, schema::kManufacturers, true},
+    {&Velmor::manufacturerIdentification, schema::kManufacturerIdentification, true},
+    {&Velmor::phoneIdentification, schema::kPhoneIdentification, true},
+    {&Velmor::networkIdentification, schema::kNetworkIdentification, true},
+    {&Velmor::basicDUNForPhone, schema::kBasicDUNForPhone, false},
+    {&Velmor::networks, schema::kNetworks, false},
+};
+
+// Those that it lets go of at its end, in this order.
+constexpr Velmor::Table Velmor::*kReleased[] = {
+    &Velmor::manufacturers,    &Velmor::countries,           &Velmor::basicDUNSettings,
+    &Velmor::phones,           &Velmor::phoneIdentification, &Velmor::networkIdentification,
+    &Velmor::basicDUNForPhone,
+};
+
+}  // namespace
+
+Velmor* Velmor::getVelmor() {
+    static Velmor velmor;
+    return &velmor;
+}
+
+void Velmor::Init(const char* aDatabaseFile) {
+    traceDepth = 0;
+    vel::DBReader reader(aDatabaseFile, vel::kSeparator);
+    database = reader.get_DB();
+    for (const auto& held : kTables) {
+        this->*held.table = FetchTable(held.name);
+    }
+    const Table variables = FetchTable(schema::kGeneralVariables);
+    const char trace = vel::Setting(variables.get()).get_Setting(schema::kTrace).First();
+    traceSwitch = trace == 'y' || trace == 'Y';
+}
+
+Velmor::Table Velmor::FetchTable(const char* name) const {
+    Table table;
+    if (database) {
+        database->get_Table(name, *&table);
+    }
+    return table;
+}
+
+bool Velmor::IsComplete() const {
+    for (const auto& held : kTables) {
+        if (held.required && !(this->*held.table)) {
+            return false;
+        }
+    }
+    return static_cast<bool>(database);
+}
+
+void Velmor::Release() {
+    countrySettings.Reset();
+    detectedSettings.Reset();
+    for (const auto table : kReleased) {
+        (this->*table).Reset();
+    }
+    database.Reset();
+}
+
+void Velmor::ForgetDetection() {
+    detectedSettings.Reset();
+    detectedNetworkId.Clear();
+    detectedPhoneId.Clear();
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "session/trace.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "foundation/index_exception.h"
+#include "session/call_frame.h"
+#include "session/session.h"
+#include "tests/support/faults.h"
+#include "tests/support/files.h"
+
+namespace {
+
+class TraceLog : public testing::Test {
+  protected:
+    void SetUp() override {
+        Velmor::getVelmor()->traceSwitch = true;
+        std::filesystem::remove_all(kTraceLogPath);
+    }
+    void TearDown() override {
+        EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
+        Velmor::getVelmor()->traceSwitch = false;
+        Velmor::getVelmor()->traceDepth = 0;
+    }
+    static std::string Log() { return ReadFile(kTraceLogPath); }
+};
+
+TEST_F(TraceLog, EveryFragmentIsIndented) {
+    Velmor::getVelmor()->traceDepth = 1;
+    Trace("");
+    Trace(static_cast<const char*>(nullptr));
+    Trace(-2147483647L - 1);
+    Velmor::getVelmor()->traceDepth = 0;
+    EXPECT_EQ(Log(), "         -2147483648");
+}
+
+TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {
+    EXPECT_EQ(Framed("Memory", -1, [](CallFrame&) -> long { throw std::bad_alloc(); }), -1);
+    EXPECT_EQ(Framed("Index", 0,
+                     [](CallFrame&) -> long { throw new vel::CIndexOutOfRangeException(1, 0); }),
+              0);
+    EXPECT_EQ(Log(),
+              "Enter: Memory\r\nExit: Memory\r\nResult := -1\r\n"
+              "Enter: Index\r\nExit: Index\r\nResult := 0\r\n");
+}
+
+TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
+    Velmor::getVelmor()->traceSwitch = false;
+    const vel::String text("text");
+    const std::size_t before = allocation::Count();
+    Framed("Call", -1, [&](CallFrame& frame) -> long {
+        frame.In("text", text);
+        frame.InAddress("text", &text);
+        frame.Out("text", "text", 4);
+        frame.Line2("text", text);
+        Trace("text");
+        return Velmor_GetNrCountries(0);
+    });
+    EXPECT_EQ(allocation::Count(), before);
+    EXPECT_FALSE(FileExists(kTraceLogPath));
+}
+
+}  // namespace

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue.h"
+
+// A record as it stands in a source, without a line end.
+std::string SourceRecord(const std::vector<std::string>& fields);
+
+// Builds the text of a catalogue source: one database, whose tables and rows are lines to be
+// enciphered. Calls come in the order of the file: BeginTable, AddRow..., EndTable, ..., Finish.
+class SourceWriter {
+  public:
+    // `path` is for messages.
+    SourceWriter(std::string path, const std::string& name, const std::string& version);
+
+    void BeginTable(const std::string& name, const std::vector<std::string>& columns);
+    // Throws ToolError when the row would be read as the table's end.
+    void AddRow(const std::vector<std::string>& row);
+    void EndTable();
+    void AddTable(const CatalogueTable& table);
+    // The whole text.
+    std::string Finish();
+
+  private:
+    void AddRecord(const std::vector<std::string>& fields);
+    void AddHidden(const std::vector<std::string>& fields);
+
+    std::string path_;
+    std::string text_;
+};

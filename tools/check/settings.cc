@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <map>
+
+#include "check/check.h"
+#include "session/schema.h"
+#include "velmor.h"
+
+namespace {
+
+using namespace schema;
+
+// A placeholder of the dial and initialisation strings is the name of a column between "%".
+constexpr const char* kPlaceholders[] = {"APN", "NUM", "VAR1"};
+constexpr const char* kTemplates[] = {kDialString, kInitializationString};
+
+// The settings of the networks of one type, as far as they fill a placeholder.
+struct Filling {
+    int emptyCount = 0;
+    int emptyLine = 0;  // of the first of these settings
+    std::size_t longest = 0;
+};
+using Fillings = std::map<std::string, std::map<std::string, Filling>>;  // by type and name
+
+std::string Between(const char* name) {
+    return std::string("%") + name + "%";
+}
+
+void CheckLengths(const Catalogue& catalogue, const char* name,
+                  const std::vector<const char*>& columns, Findings& findings) {
+    const CatalogueTable* table = catalogue.Find(name);
+    if (table == nullptr) {
+        return;
+    }
+    for (const CatalogueRow& row : table->rows) {
+        for (const char* column : columns) {
+            const std::size_t size = row.Cell(table->Column(column)).size();
+            if (size >= VELMOR_TEXT_SIZE) {
+                AddError(findings, "long-value", table->At(row),
+                         std::string(column) + " has " + std::to_string(size) +
+                             " bytes; the library cuts it after 256, without a terminator: shorten"
+                             " it to 255");
+            }
+        }
+    }
+}
+
+Fillings FindFillings(const Catalogue& catalogue) {
+    Fillings fillings;
+    const CatalogueTable* settings = catalogue.Find(kBasicDUNSettings);
+    const CatalogueTable* networks = catalogue.Find(kNetworks);
+    if (settings == nullptr || networks == nullptr) {
+        return fillings;
+    }
+    std::map<std::string, std::string> types;
+    for (const CatalogueRow& row : networks->rows) {
+        types.emplace(row.Cell(0), row.Cell(networks->Column(kNetworkType)));
+    }
+    for (const CatalogueRow& row : settings->rows) {
+        const auto type = types.find(row.Cell(settings->Column(kNetworkID)));
+        for (const char* name : kPlaceholders) {
+            if (type != types.end()) {
+                const std::string value = row.Cell(settings->Column(name));
+                Filling& filling = fillings[type->second][name];
+                filling.emptyLine = filling.emptyCount == 0 ? row.line : filling.emptyLine;
+                filling.emptyCount += value.empty() ? 1 : 0;
+                filling.longest = std::max(filling.longest, value.size());
+            }
+        }
+    }
+    return fillings;
+}
+
+// A word between "%" that is none of the placeholders, the first one in the text; else empty.
+std::string FindUnknown(const std::string& text) {
+    const auto isWord = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+    };
+    for (std::size_t start = 0; (start = text.find('%', start)) != std::string::npos;) {
+        const auto from = text.begin() + static_cast<std::ptrdiff_t>(start) + 1;
+        const auto end = std::find_if_not(from, text.end(), isWord);
+        std::string word(from, end);
+        if (word.empty() || end == text.end() || *end != '%') {
+            ++start;
+            continue;
+        }
+        if (std::find(std::begin(kPlaceholders), std::end(kPlaceholders), word) ==
+            std::end(kPlaceholders)) {
+            return word;
+        }
+        start += word.size() + 2;
+    }
+    return "";
+}
+
+// One dial or initialisation string with the settings that may go into it.
+void CheckTemplate(const Place& place, const char* column, const std::string& text,
+                   std::map<std::string, Filling>& fillings, Findings& findings) {
+    const std::string unknown = FindUnknown(text);
+    if (!unknown.empty()) {
+        AddWarning(findings, "unknown-placeholder", place,
+                   "%" + unknown + "% in " + column +
+                       "; the library leaves it as it is: write %APN%, %NUM% or %VAR1%");
+    }
+    std::size_t longest = text.size();
+    for (const char* name : kPlaceholders) {
+        const std::string placeholder = Between(name);
+        const Filling& filling = fillings[name];
+        std::size_t uses = 0;
+        for (std::size_t at = 0; (at = text.find(placeholder, at)) != std::string::npos;
+             at += placeholder.size()) {
+            ++uses;
+        }
+        longest = longest + uses * filling.longest - uses * placeholder.size();
+        if (uses > 0 && filling.emptyCount > 0) {
+            AddWarning(findings, "empty-placeholder", place,
+                       placeholder + " in " + column + " has no value in " +
+                           std::to_string(filling.emptyCount) +
+                           " setting(s) of this network type; the library puts nothing there: fill"
+                           " the column " +
+                           name + ", first in line " + std::to_string(filling.emptyLine));
+        }
+    }
+    if (text.size() < VELMOR_TEXT_SIZE && longest >= VELMOR_TEXT_SIZE) {
+        AddWarning(findings, "long-value", place,
+                   std::string(column) + " may grow to " + std::to_string(longest) +
+                       " bytes when its placeholders are filled; the library cuts it after 256,"
+                       " without a terminator: shorten it, or the values");
+    }
+}
+
+void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
+    const CatalogueTable* table = catalogue.Find(kBasicDUNForPhone);
+    if (table == nullptr) {
+        return;
+    }
+    Fillings fillings = FindFillings(catalogue);
+    std::map<std::pair<std::string, std::string>, int> seen;
+    for (const CatalogueRow& row : table->rows) {
+        const std::string phone = row.Cell(table->Column(kPhoneID));
+        const std::string type = row.Cell(table->Column(kNetworkType));
+        const auto [first, isNew] = seen.emplace(std::make_pair(phone, type), row.line);
+        if (!isNew) {
+            AddError(findings, "ambiguous-phone-row", table->At(row),
+                     "another row for phone " + Quoted(phone) + " and network type " +
+                         Quoted(type) + " stands in line " + std::to_string(first->second) +
+                         "; the library then uses none of them: remove all but one");
+        }
+        for (const char* column : kTemplates) {
+            CheckTemplate(table->At(row), column, row.Cell(table->Column(column)), fillings[type],
+                          findings);
+        }
+    }
+}
+
+}  // namespace
+
+void CheckSettings(const Catalogue& catalogue, Findings& findings) {
+    CheckLengths(catalogue, kCountries, {kName}, findings);
+    CheckLengths(catalogue, kBasicDUNSettings,
+                 {"APN", "ClientIP", "GatewayIP", "DNS1", "DNS2", kName, "ContractType", "Default",
+                  "User", "Password", "RequiresUserAndPassword"},
+                 findings);
+    CheckLengths(catalogue, kBasicDUNForPhone, {kDialString, kInitializationString}, findings);
+    CheckPhoneRows(catalogue, findings);
+}

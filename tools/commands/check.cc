@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// velmor check: what is wrong with a catalogue, and what the library makes of it.
+#include "check/check.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "commands/command.h"
+#include "support/input_file.h"
+#include "support/print.h"
+
+namespace {
+
+struct Options {
+    std::string catalogue;
+    bool json = false;
+};
+
+const char* Name(Severity severity) {
+    return severity == Severity::kError ? "error" : "warning";
+}
+
+void PrintText(const std::string& path, const Findings& findings, long errors) {
+    for (const Finding& finding : findings) {
+        std::cout << path << ":";
+        if (finding.place.line > 0) {
+            std::cout << finding.place.line << ":";
+        }
+        std::cout << " " << Name(finding.severity) << ": ";
+        if (!finding.place.table.empty()) {
+            std::cout << finding.place.table << ": ";
+        }
+        std::cout << finding.message << " [" << finding.id << "]\n";
+    }
+    std::cout << path << ": " << errors << " error(s), "
+              << static_cast<long>(findings.size()) - errors << " warning(s)\n";
+}
+
+void PrintFindingsJson(const Findings& findings, long errors) {
+    Json list = Json::array();
+    for (const Finding& finding : findings) {
+        list.push_back({{"id", finding.id},
+                        {"severity", Name(finding.severity)},
+                        {"table", finding.place.table},
+                        {"line", finding.place.line},
+                        {"message", finding.message}});
+    }
+    PrintJson({{"findings", list},
+               {"errors", errors},
+               {"warnings", static_cast<long>(findings.size()) - errors}});
+}
+
+int Check(const Options& options) {
+    const Findings findings = CheckCatalogue(ReadInput(options.catalogue));
+    const long errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.severity == Severity::kError;
+    });
+    if (options.json) {
+        PrintFindingsJson(findings, errors);
+    } else {
+        PrintText(options.catalogue, findings, errors);
+    }
+    return errors > 0 ? kExitFindings : kExitOk;
+}
+
+}  // namespace
+
+void AddCheck(CLI::App& app, int& status) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand(
+        "check", "Tells what is wrong with a catalogue, in its source or its stored form.");
+    command->add_option("CATALOGUE", options->catalogue, "file to check")->required();
+    command->add_flag("--json", options->json, "print the findings for machines");
+    command->footer(
+        "Exit status: 0 without errors (warnings count for nothing), 1 with errors, 2 when the file"
+        " cannot be read.\nExample: velmor check my.source\n");
+    command->callback([options, &status] { status = Check(*options); });
+}

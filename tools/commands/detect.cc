@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// velmor detect: finds out which phone is on a serial device, as a host does.
+#include <unistd.h>
+
+#include <iostream>
+#include <optional>
+
+#include "commands/command.h"
+#include "commands/dialer_output.h"
+#include "device/player.h"
+#include "diagnosis/detection.h"
+#include "support/error.h"
+#include "support/interruption.h"
+#include "support/private_copy.h"
+
+namespace {
+
+struct Options {
+    std::string catalogue;
+    DialerLink link;
+    std::string profile;
+    double timeout = 10;
+    long setting = 0;
+    bool verbose = false;
+    OutputFormat format;
+};
+
+void WriteForDialer(const Detection& found, const Options& options) {
+    const Detection::Setting* setting = found.Find(options.setting);
+    if (setting == nullptr) {
+        throw ToolError(options.setting == 0 ? "no setting is ready to dial; --format text says why"
+                                             : "setting " + std::to_string(options.setting) +
+                                                   ": does not fit this network");
+    }
+    if (options.setting == 0 && found.settings.size() > 1) {
+        std::cerr << "velmor: of " << found.settings.size() << " settings that fit, this is number "
+                  << setting->record.aBasicDUNSettingId << "; --setting chooses another\n";
+    }
+    WriteDialerFiles(setting->record, options.link, options.format);
+}
+
+int RunDetect(Options& options) {
+    const Interruption interruption;
+    std::optional<PlayedPhone> phone;
+    if (!options.profile.empty()) {
+        options.link.device = phone.emplace(options.profile).device();
+    }
+    const PrivateSession session(options.catalogue, Dialogue::Read, Dialogue::Send);
+    Detection found;
+    {
+        SerialLine line(options.link.device, options.link.baud);
+        Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
+        found = Detect(dialogue);
+        if (Interruption::Signal() != 0) {
+            std::cerr << "velmor: interrupted\n";
+            return 128 + Interruption::Signal();
+        }
+        if (line.Gone()) {
+            throw ToolError(options.link.device + ": the device is gone");
+        }
+    }
+    if (options.format.name == "text") {
+        PrintDetection(found);
+    } else if (options.format.name == "json") {
+        PrintDetectionJson(found);
+    } else if (found.IsComplete()) {
+        WriteForDialer(found, options);
+    } else {
+        std::cerr << "velmor: " << options.link.device
+                  << ": phone or network is not known; --format text says more\n";
+    }
+    return found.IsComplete() ? kExitOk : kExitFindings;
+}
+
+}  // namespace
+
+void AddDetect(CLI::App& app, int& status) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand(
+        "detect", "Detects the phone on a serial device and shows the settings that fit.");
+    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
+    auto* source = command->add_option_group("phone");
+    source->add_option("--device", options->link.device, "serial device of the phone")
+        ->type_name("PATH");
+    source->add_option("--phone", options->profile, "play this profile instead of a real phone")
+        ->type_name("PROFILE");
+    source->require_option(1);
+    command->add_option("--baud", options->link.baud, "speed of the device; 115200")
+        ->type_name("N");
+    command->add_option("--timeout", options->timeout, "limit for each AT command; 10 seconds")
+        ->check(CLI::Range(0.01, 3600.0))
+        ->type_name("SECONDS");
+    command->add_option("--setting", options->setting, "for ppp and wvdial: not the first setting")
+        ->check(CLI::Range(1L, 2147483647L))
+        ->type_name("ID");
+    command->add_flag("-v,--verbose", options->verbose,
+                      "show the dialogue though standard error is no terminal");
+    AddFormat(*command, options->format);
+    command->footer(
+        "Exit status 1 when phone or network is not known.\n"
+        "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");
+    command->callback([options, &status] { status = RunDetect(*options); });
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "commands/dialer_output.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <iostream>
+
+#include "support/output_file.h"
+
+namespace {
+
+// Where Debian keeps the two files.
+constexpr char kPeers[] = "/etc/ppp/peers/velmor";
+constexpr char kChatScript[] = "/etc/chatscripts/velmor";
+
+}  // namespace
+
+void AddFormat(CLI::App& command, OutputFormat& format) {
+    command.add_option("--format", format.name, "text, json, ppp (pppd and chat) or wvdial")
+        ->check(CLI::IsMember({"text", "json", "ppp", "wvdial"}))
+        ->type_name("FORMAT");
+    command.add_flag_callback(
+        "--json", [&format] { format.name = "json"; }, "the same as --format json");
+    command
+        .add_option("-o,--output", format.directory,
+                    "with --format ppp: write the files velmor and velmor.chat there")
+        ->type_name("DIRECTORY");
+    command.add_flag("--force", format.force, "replace existing files");
+}
+
+void WriteDialerFiles(const Velmor_DUNSetting& record, const DialerLink& link,
+                      const OutputFormat& format) {
+    if (format.name == "wvdial") {
+        std::cout << WvdialSection(record, link);
+    } else if (format.directory.empty()) {
+        const std::string peers = PeersFile(record, link, kChatScript);
+        std::cout << "# ----- " << kPeers << " -----\n"
+                  << peers << "# ----- " << kChatScript << " -----\n"
+                  << ChatScript(record);
+    } else {
+        const std::string path = std::filesystem::absolute(format.directory) / "velmor";
+        const std::string peers = PeersFile(record, link, path + ".chat");
+        const std::string script = ChatScript(record);
+        const mode_t mask = umask(077);  // for the password
+        OutputFile peersFile(path, format.force);
+        OutputFile scriptFile(path + ".chat", format.force);
+        umask(mask);
+        peersFile.Write(peers);
+        scriptFile.Write(script);
+        scriptFile.Commit();
+        peersFile.Commit();
+    }
+}

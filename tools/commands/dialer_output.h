@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "commands/dialer_files.h"
+
+// How a command prints what it has found.
+struct OutputFormat {
+    std::string name = "text";  // or json, ppp, wvdial
+    std::string directory;      // for the files of ppp; empty: standard output
+    bool force = false;         // replaces existing files
+};
+
+// Adds --format, --json, --output and --force.
+void AddFormat(CLI::App& command, OutputFormat& format);
+
+// Prints or writes the dialler's files for a record.
+void WriteDialerFiles(const Velmor_DUNSetting& record, const DialerLink& link,
+                      const OutputFormat& format);

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// velmor import: makes a catalogue source of operators' data and a source of phones.
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <set>
+
+#include "commands/command.h"
+#include "import/country_names.h"
+#include "import/source.h"
+#include "session/schema.h"
+#include "support/error.h"
+#include "support/output_file.h"
+
+namespace {
+
+struct Options {
+    std::string providers;
+    std::string phones;
+    std::string output;
+    std::string iso = "/usr/share/iso-codes/json/iso_3166-1.json";
+    bool force = false;
+};
+
+// The names of the list; those of the data, which are not all English, where it has none; the code
+// where they have none either.
+void NameCountries(std::vector<Country>& countries, const std::string& iso, ImportReport& report) {
+    std::map<std::string, std::string> names;
+    try {
+        names = ReadCountryNames(iso);
+    } catch (const ToolError& error) {
+        std::cerr << "velmor: " << error.what() << "; countries keep the names of the data\n";
+    }
+    for (Country& country : countries) {
+        const auto found = names.find(country.code);
+        if (found != names.end()) {
+            country.name = found->second;
+            continue;
+        }
+        report.Count(ImportCount::kCountriesNotInIso);
+        if (country.name.empty()) {
+            country.name = country.code;
+        }
+    }
+}
+
+Recipe ReadRecipe(const PhonesSource& source, const char* name) {
+    const CatalogueTable& table = source.Get(name);
+    const int variable = source.Column(table, schema::kVariable);
+    const int value = source.Column(table, schema::kValue);
+    const auto setting = [&](const char* wanted) {
+        const auto row =
+            std::find_if(table.rows.begin(), table.rows.end(),
+                         [&](const CatalogueRow& r) { return r.Cell(variable) == wanted; });
+        return row == table.rows.end() ? std::string() : row->Cell(value);
+    };
+    const std::string upperCase = setting(schema::kMakeUpperCase);
+    return {upperCase[0] == 'Y' || upperCase[0] == 'y', setting(schema::kRemoveCharacters),
+            setting(schema::kCompress)};
+}
+
+void CountCountriesWithoutAccess(const Providers& providers, const Networks& networks,
+                                 ImportReport& report) {
+    std::set<std::string> served;
+    for (const Network& network : networks.networks) {
+        for (const AccessPoint* point : network.offers) {
+            served.insert(point->country);
+        }
+    }
+    report.Count(ImportCount::kCountriesWithoutAccess, providers.countries.size() - served.size());
+}
+
+void Import(const Options& options) {
+    OutputFile output(options.output, options.force);
+    ImportReport report;
+    const PhonesSource phones(options.phones);
+    const Recipe recipe = ReadRecipe(phones, schema::kNetworkRecipe);
+    Providers providers = ReadProviders(options.providers, report);
+    NameCountries(providers.countries, options.iso, report);
+    const Networks networks = DecideNetworks(providers, recipe, report);
+    CountCountriesWithoutAccess(providers, networks, report);
+    output.Write(WriteImport(options.output, phones, providers, networks, report));
+    output.Commit();
+    report.Print(std::cout);
+}
+
+}  // namespace
+
+void AddImport(CLI::App& app, int&) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command = app.add_subcommand(
+        "import", "make a catalogue source of mobile operators' data and a source of phones");
+    command
+        ->add_option("SERVICEPROVIDERS.XML", options->providers,
+                     "the operators, as mobile-broadband-provider-info has them")
+        ->required()
+        ->type_name("");
+    command
+        ->add_option("--phones", options->phones,
+                     "manufacturers, phones, their answers and the recipes, in source form")
+        ->required()
+        ->type_name("SOURCE");
+    command->add_option("-o,--output", options->output, "file to write")
+        ->required()
+        ->type_name("SOURCE");
+    command->add_option("--iso", options->iso, "English names of countries, from iso-codes")
+        ->capture_default_str()
+        ->type_name("JSON");
+    command->add_flag("--force", options->force, "replace an existing file");
+    command->footer(
+        "Reports what came in and how often each decision was taken.\n"
+        "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
+    command->callback([options] { Import(*options); });
+}

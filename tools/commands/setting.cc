@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// velmor setting: one setting for one phone, for those who know both.
+#include <iostream>
+
+#include "catalogue/setting_format.h"
+#include "commands/command.h"
+#include "commands/dialer_output.h"
+#include "support/error.h"
+#include "support/private_copy.h"
+
+namespace {
+
+struct Options {
+    std::string catalogue;
+    long phone = 0;
+    long setting = 0;
+    DialerLink link;
+    OutputFormat format;
+};
+
+int ShowSetting(const Options& options) {
+    const PrivateSession session(options.catalogue);
+    Velmor_DUNSetting record;
+    const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &record) == 0 &&
+                       !HostText(record.DialString).empty();
+    if (record.aBasicDUNSettingId < 0) {
+        throw ToolError(options.catalogue + ": has no setting " + std::to_string(options.setting));
+    }
+    if (options.format.name == "json") {
+        PrintJson(DescribeRecord(record, ready));
+    } else if (options.format.name == "text") {
+        PrintAligned(RecordRows(record));
+    } else if (ready) {
+        WriteDialerFiles(record, options.link, options.format);
+    }
+    if (!ready) {
+        std::cerr << "velmor: " << options.catalogue << ": does not say how phone " << options.phone
+                  << " dials with setting " << options.setting << "\n";
+    }
+    return ready ? kExitOk : kExitFindings;
+}
+
+}  // namespace
+
+void AddSetting(CLI::App& app, int& status) {
+    auto options = std::make_shared<Options>();
+    CLI::App* command =
+        app.add_subcommand("setting", "Shows a dial-up setting for a phone, ready to dial.");
+    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
+    command->add_option("--phone", options->phone, "identifier as velmor phones prints it")
+        ->required()
+        ->type_name("ID");
+    command->add_option("--setting", options->setting, "identifier as velmor settings prints it")
+        ->required()
+        ->type_name("ID");
+    command
+        ->add_option("--device", options->link.device,
+                     "for ppp and wvdial: serial device of the phone")
+        ->type_name("PATH");
+    command->add_option("--baud", options->link.baud, "its speed; 115200")->type_name("N");
+    AddFormat(*command, options->format);
+    command->footer(
+        "Exit status 1 when the catalogue does not say how the phone dials.\n"
+        "Example: velmor setting my.catalogue --phone 10 --setting 1 --format ppp\n");
+    command->callback([options, &status] { status = ShowSetting(*options); });
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "device/lock.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+
+#include "support/error.h"
+
+namespace {
+
+// The other process that holds a lock file; 0 when it is gone or the file names none.
+pid_t Holder(const std::string& path) {
+    long process = 0;
+    std::ifstream(path) >> process;
+    const bool alive = process > 0 && process != getpid() &&
+                       (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
+    return alive ? static_cast<pid_t>(process) : 0;
+}
+
+// Writes the process number into a file; whether that worked.
+bool WriteNumber(const std::string& path) {
+    std::FILE* file = std::fopen(path.c_str(), "wx");
+    if (file == nullptr) {
+        return false;
+    }
+    const bool written = std::fprintf(file, "%10ld\n", static_cast<long>(getpid())) > 0;
+    return std::fclose(file) == 0 && written;
+}
+
+}  // namespace
+
+UucpLock::UucpLock(const std::string& device) {
+    std::string name = device.compare(0, 5, "/dev/") == 0 ? device.substr(5) : device;
+    std::replace(name.begin(), name.end(), '/', '_');
+    const std::string path = "/var/lock/LCK.." + name;
+    const std::string own = "/var/lock/LTMP." + std::to_string(getpid());
+    if (!WriteNumber(own)) {
+        unlink(own.c_str());
+        return;
+    }
+    // Linking makes the lock appear at once and whole; a second try follows a stale one.
+    for (int attempt = 0; attempt < 2 && path_.empty(); ++attempt) {
+        if (link(own.c_str(), path.c_str()) == 0) {
+            path_ = path;
+        } else if (const pid_t holder = Holder(path); holder != 0) {
+            unlink(own.c_str());
+            throw ToolError(device + ": in use by process " + std::to_string(holder));
+        } else {
+            unlink(path.c_str());
+        }
+    }
+    unlink(own.c_str());
+}
+
+UucpLock::~UucpLock() {
+    if (!path_.empty()) {
+        unlink(path_.c_str());
+    }
+}

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "device/serial_line.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+#include "support/error.h"
+#include "support/interruption.h"
+
+namespace {
+
+const struct {
+    unsigned baud;
+    speed_t speed;
+} kSpeeds[] = {
+    {1200, B1200},       {2400, B2400},       {4800, B4800},     {9600, B9600},
+    {19200, B19200},     {38400, B38400},     {57600, B57600},   {115200, B115200},
+    {230400, B230400},   {460800, B460800},   {921600, B921600}, {1000000, B1000000},
+    {2000000, B2000000}, {3000000, B3000000},
+};
+
+long long Now() {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+[[noreturn]] void Fail(const std::string& path, const std::string& what) {
+    throw ToolError(path + ": " + what);
+}
+
+}  // namespace
+
+SerialLine::SerialLine(const std::string& path, unsigned baud) {
+    const std::unique_ptr<char, void (*)(void*)> device(realpath(path.c_str(), nullptr), std::free);
+    if (!device) {
+        Fail(path, std::string("cannot be opened: ") + std::strerror(errno));
+    }
+    Open(device.get());
+    try {
+        if (isatty(descriptor_) == 0) {
+            Fail(path, "is no serial device");
+        }
+        lock_ = std::make_unique<UucpLock>(device.get());
+        if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+            Fail(path, "in use by another program");
+        }
+        MakeRaw(path, baud);
+    } catch (...) {
+        close(descriptor_);
+        throw;
+    }
+}
+
+SerialLine::~SerialLine() {
+    if (changed_) {
+        tcflush(descriptor_, TCIOFLUSH);
+        tcsetattr(descriptor_, TCSANOW, &saved_);
+        ioctl(descriptor_, TIOCNXCL);
+    }
+    close(descriptor_);
+}
+
+void SerialLine::Open(const std::string& path) {
+    descriptor_ = open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor_ < 0) {
+        Fail(path, errno == EBUSY ? "in use by another program"
+                                  : std::string("cannot be opened: ") + std::strerror(errno));
+    }
+}
+
+void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
+    const auto* speed = std::find_if(std::begin(kSpeeds), std::end(kSpeeds),
+                                     [&](const auto& row) { return row.baud == baud; });
+    if (speed == std::end(kSpeeds)) {
+        throw ToolError("--baud " + std::to_string(baud) + ": is no speed of serial devices");
+    }
+    if (tcgetattr(descriptor_, &saved_) != 0) {
+        Fail(path, std::string("has no line settings: ") + std::strerror(errno));
+    }
+    struct termios raw = saved_;
+    cfmakeraw(&raw);
+    raw.c_iflag &= ~static_cast<tcflag_t>(IXOFF | IXANY);
+    raw.c_cflag &= ~static_cast<tcflag_t>(CRTSCTS | CSTOPB);
+    raw.c_cflag |= CLOCAL | CREAD;
+    raw.c_cc[VMIN] = 1;
+    raw.c_cc[VTIME] = 0;
+    cfsetspeed(&raw, speed->speed);
+    ioctl(descriptor_, TIOCEXCL);
+    changed_ = true;
+    if (tcsetattr(descriptor_, TCSAFLUSH, &raw) != 0) {
+        Fail(path, std::string("takes no line settings: ") + std::strerror(errno));
+    }
+}
+
+bool SerialLine::Wait(short event, long long until) {
+    struct pollfd waiting = {descriptor_, event, 0};
+    const long long left = std::clamp<long long>(until - Now(), 0, INT_MAX);
+    const int ready = Interruption::Wait(&waiting, 1, static_cast<int>(left));
+    if (ready == 1 && (waiting.revents & event) == 0) {
+        gone_ = true;
+    }
+    return ready == 1 && !gone_;
+}
+
+bool SerialLine::Read(char& byte, int milliseconds) {
+    if (next_ == count_) {
+        if (gone_ || !Wait(POLLIN, Now() + milliseconds)) {
+            return false;
+        }
+        const ssize_t got = read(descriptor_, received_, sizeof received_);
+        gone_ = got == 0 || (got < 0 && errno != EAGAIN && errno != EINTR);
+        if (got <= 0) {
+            return false;
+        }
+        count_ = static_cast<std::size_t>(got);
+        next_ = 0;
+    }
+    byte = received_[next_++];
+    return true;
+}
+
+std::size_t SerialLine::Write(const std::string& bytes, int milliseconds) {
+    const long long until = Now() + milliseconds;
+    next_ = count_ = 0;
+    tcflush(descriptor_, TCIFLUSH);
+    std::size_t done = 0;
+    while (!gone_ && done < bytes.size() && Wait(POLLOUT, until)) {
+        const ssize_t written = write(descriptor_, bytes.data() + done, bytes.size() - done);
+        gone_ = written < 0 && errno != EAGAIN && errno != EINTR;
+        done += written > 0 ? static_cast<std::size_t>(written) : 0;
+    }
+    return done;
+}

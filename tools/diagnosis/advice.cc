@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "diagnosis/advice.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "catalogue/source_writer.h"
+#include "session/rows.h"
+#include "session/schema.h"
+#include "storage/catalogue_format.h"
+#include "support/texts.h"
+
+namespace {
+
+using Values = std::vector<std::pair<std::string, std::string>>;  // by column
+
+std::vector<vel::Pointer<vel::IRow>> RowList(const Velmor::Table& table) {
+    std::vector<vel::Pointer<vel::IRow>> list;
+    const Velmor::Rows rows = RowsOf(table);
+    const int count = CountOf(rows);
+    list.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        list.push_back(RowAt(rows, i));
+    }
+    return list;
+}
+
+std::string Cell(const vel::Pointer<vel::IRow>& row, const char* column) {
+    return FromLibrary(CellText(row, column));
+}
+
+// A positive number that is nobody's identifier in a table.
+std::string FreeId(const Velmor::Table& table) {
+    std::set<std::string> taken;
+    for (const auto& row : RowList(table)) {
+        taken.insert(Cell(row, schema::kID));
+    }
+    std::size_t id = taken.size() + 1;
+    while (taken.count(std::to_string(id)) != 0) {
+        ++id;
+    }
+    return std::to_string(id);
+}
+
+std::string SourceLine(const std::vector<std::string>& fields) {
+    return vel::kHiddenLine + SourceRecord(fields);
+}
+
+// A name for people from an answer such as `+CGMM: "X100"`.
+std::string NameFrom(std::string answer) {
+    const std::size_t colon = answer.find(": ");
+    if (answer[0] == '+' && colon != std::string::npos) {
+        answer.erase(0, colon + 2);
+    }
+    answer.erase(std::remove(answer.begin(), answer.end(), '"'), answer.end());
+    return answer;
+}
+
+// Collects the lines, table by table.
+class Adviser {
+  public:
+    Adviser(const Velmor& session, const Identification& found)
+        : session_(session), found_(found) {}
+
+    std::vector<AdvisedLine> Lines() {
+        std::string phoneId = FromLibrary(session_.detectedPhoneId);
+        if (phoneId.empty() && found_.phone.IsUsable()) {
+            phoneId = AddPhone();
+        }
+        std::string networkId = FromLibrary(session_.detectedNetworkId);
+        if (networkId.empty() && found_.network.IsUsable()) {
+            networkId = AddNetwork();
+        }
+        if (!networkId.empty() && CountOf(session_.detectedSettings) == 0) {
+            Add(session_.basicDUNSettings, schema::kBasicDUNSettings,
+                {{schema::kID, FreeId(session_.basicDUNSettings)},
+                 {schema::kNetworkID, networkId},
+                 {schema::kName, NetworkName()},
+                 {"APN", kAdvisedApn},
+                 {schema::kCountryID, Cell(RowAt(RowsOf(session_.countries), 0), schema::kID)}});
+        }
+        if (!phoneId.empty()) {
+            AddDialStrings(phoneId);
+        }
+        for (const std::string& name : begun_) {
+            lines_.push_back({name, SourceLine({vel::kTableEnd})});
+        }
+        return std::move(lines_);
+    }
+
+  private:
+    // A row with these values in the table's own order of columns.
+    void Add(const Velmor::Table& table, const std::string& name, const Values& values) {
+        std::vector<std::string> columns;
+        if (table) {
+            vel::Array<vel::String> names;
+            table->get_ColumnNames(names);
+            columns = FromLibrary(vel::Record(names));
+        } else {
+            for (const auto& value : values) {
+                columns.push_back(value.first);
+            }
+        }
+        std::vector<std::string> row;
+        for (const std::string& column : columns) {
+            const auto value = std::find_if(values.begin(), values.end(),
+                                            [&](const auto& v) { return v.first == column; });
+            row.push_back(value == values.end() ? "" : value->second);
+        }
+        if (!table && begun_.insert(name).second) {
+            columns.insert(columns.begin(), {vel::kTableBegin, name});
+            lines_.push_back({name, SourceLine(columns)});
+        }
+        lines_.push_back({name, SourceLine(row)});
+    }
+
+    std::string AddPhone() {
+        std::string phoneId = FreeId(session_.phones);
+        std::string manufacturerId = found_.manufacturerId;
+        if (manufacturerId.empty()) {
+            manufacturerId = FreeId(session_.manufacturers);
+            const bool named = found_.manufacturer.IsUsable();
+            Add(session_.manufacturers, schema::kManufacturers,
+                {{schema::kID, manufacturerId},
+                 {schema::kName, named ? NameFrom(found_.manufacturer.answer) : "Unknown"}});
+            if (named) {
+                Add(session_.manufacturerIdentification, schema::kManufacturerIdentification,
+                    {{schema::kManufacturerResponse, found_.manufacturer.key},
+                     {schema::kManufacturerID, manufacturerId}});
+            }
+        }
+        Add(session_.phones, schema::kPhones,
+            {{schema::kID, phoneId},
+             {schema::kName, NameFrom(found_.phone.answer)},
+             {schema::kManufacturerID, manufacturerId}});
+        const bool identified = found_.manufacturer.IsUsable() || !found_.manufacturerId.empty();
+        Add(session_.phoneIdentification, schema::kPhoneIdentification,
+            {{schema::kManufacturerID, identified ? manufacturerId : ""},
+             {schema::kPhoneResponse, found_.phone.key},
+             {schema::kPhoneID, phoneId}});
+        return phoneId;
+    }
+
+    std::string AddNetwork() {
+        std::string networkId = FreeId(session_.networks);
+        Add(session_.networks, schema::kNetworks,
+            {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
+        Add(session_.networkIdentification, schema::kNetworkIdentification,
+            {{schema::kNetworkResponse, found_.network.key}, {schema::kNetworkID, networkId}});
+        return networkId;
+    }
+
+    // How other phones dial most often, for each type of network for which this one has no strings.
+    void AddDialStrings(const std::string& phoneId) {
+        std::set<std::string> types = {CommonType()};
+        for (const auto& row : RowList(session_.networks)) {
+            types.insert(Cell(row, schema::kNetworkType));
+        }
+        std::map<std::pair<std::string, std::string>, int> uses;
+        for (const auto& row : RowList(session_.basicDUNForPhone)) {
+            ++uses[{Cell(row, schema::kDialString), Cell(row, schema::kInitializationString)}];
+            if (Cell(row, schema::kPhoneID) == phoneId) {
+                types.erase(Cell(row, schema::kNetworkType));
+            }
+        }
+        uses.insert({{"ATD*99***1#", "AT+CGDCONT=1,\"IP\",\"%APN%\""}, 0});
+        const auto most =
+            std::max_element(uses.begin(), uses.end(),
+                             [](const auto& a, const auto& b) { return a.second < b.second; });
+        for (const std::string& type : types) {
+            Add(session_.basicDUNForPhone, schema::kBasicDUNForPhone,
+                {{schema::kPhoneID, phoneId},
+                 {schema::kNetworkType, type},
+                 {schema::kDialString, most->first.first},
+                 {schema::kInitializationString, most->first.second}});
+        }
+    }
+
+    // The type of the first network; most catalogues have but one.
+    std::string CommonType() const {
+        const auto row = RowAt(RowsOf(session_.networks), 0);
+        return row ? Cell(row, schema::kNetworkType) : "GPRS";
+    }
+
+    std::string NetworkName() const {
+        return found_.operatorName.empty() ? "Network " + found_.network.answer
+                                           : found_.operatorName;
+    }
+
+    const Velmor& session_;
+    const Identification& found_;
+    std::vector<AdvisedLine> lines_;
+    std::set<std::string> begun_;  // tables that the catalogue lacks
+};
+
+}  // namespace
+
+std::vector<AdvisedLine> Advise(const Identification& found) {
+    return Adviser(*Velmor::getVelmor(), found).Lines();
+}

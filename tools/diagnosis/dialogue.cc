@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "diagnosis/dialogue.h"
+
+#include <algorithm>
+
+#include "detection/at_command.h"
+#include "support/interruption.h"
+#include "support/texts.h"
+
+namespace {
+
+// Real answers have some hundred bytes.
+constexpr std::size_t kMostBytes = 16384;
+// What a missing AT-TIME-OUT stands for. Its unit is the millisecond.
+constexpr double kDefaultWait = 1000;
+
+Dialogue* current = nullptr;
+
+}  // namespace
+
+Dialogue::Dialogue(SerialLine& line, double secondsPerCommand, bool silent)
+    : line_(line), limit_(secondsPerCommand), log_(silent) {
+    current = this;
+}
+
+Dialogue::~Dialogue() {
+    current = nullptr;
+}
+
+long Dialogue::Read(char* buffer, long count, long timeout) {
+    return current != nullptr && count == 1 && current->ReadByte(*buffer, timeout) ? 1 : 0;
+}
+
+long Dialogue::Send(const char* buffer, long length) {
+    const std::string command(buffer, static_cast<std::size_t>(length));
+    return current != nullptr && current->SendCommand(command) ? length : 0;
+}
+
+bool Dialogue::ReadByte(char& byte, long timeout) {
+    if (ended_) {
+        const bool more = playing_ != nullptr && played_ < playing_->answer.size();
+        byte = more ? playing_->answer[played_++] : '\0';
+        return more;
+    }
+    Exchange& exchange = exchanges_.back();
+    const double left = (exchange.sent + limit_ - log_.Seconds()) * 1000;
+    const double wait = std::min(timeout < 0 ? kDefaultWait : static_cast<double>(timeout), left);
+    if (left <= 0 || exchange.answer.size() >= kMostBytes || Interruption::Signal() != 0 ||
+        !line_.Read(byte, static_cast<int>(wait))) {
+        return false;
+    }
+    exchange.answer += byte;
+    exchange.answered = log_.Seconds();
+    log_.Answer(byte);
+    return true;
+}
+
+bool Dialogue::SendCommand(const std::string& command) {
+    if (ended_) {
+        const auto found =
+            std::find_if(exchanges_.begin(), exchanges_.end(),
+                         [&](const Exchange& exchange) { return exchange.command == command; });
+        playing_ = found == exchanges_.end() ? nullptr : &*found;
+        played_ = 0;
+        return playing_ != nullptr;
+    }
+    if (Interruption::Signal() != 0 || line_.Gone()) {
+        return false;
+    }
+    log_.Command(command);
+    exchanges_.push_back({command, "", log_.Seconds(), log_.Seconds()});
+    return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();
+}
+
+void Dialogue::End() {
+    log_.EndAnswer();
+    ended_ = true;
+}
+
+Answer Dialogue::Recall(const std::string& command, int line) {
+    vel::String answer;
+    const bool ok = ATCommand(ToLibrary(command), answer, line) == 0;
+    return {ok, FromLibrary(answer)};
+}

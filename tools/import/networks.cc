@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include "import/networks.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+namespace {
+
+constexpr std::size_t kKeyDigits = 5;  // detection keeps no more of the subscriber's number
+
+// An operator that holds a key.
+struct Holder {
+    std::size_t index;  // of the operator
+    bool wholeNumber;   // one of its numbers is just the key
+};
+
+class NetworkPlan {
+  public:
+    NetworkPlan(const Providers& providers, const Recipe& recipe, ImportReport& report)
+        : operators_(providers.operators), recipe_(recipe), report_(report) {}
+
+    void AddNumberKeys();
+    void AddNameKeys();
+    Networks Take() { return std::move(result_); }
+
+  private:
+    using Holders = std::vector<Holder>;
+
+    std::map<std::string, Holders> HoldersOfKeys();
+    std::size_t NetworkOf(const std::vector<std::size_t>& owners);
+    Network Describe(const std::vector<std::size_t>& owners);
+    void AddKey(const std::string& text, std::size_t network);
+
+    const std::vector<Operator>& operators_;
+    const Recipe& recipe_;
+    ImportReport& report_;
+    Networks result_;
+    std::map<std::vector<std::size_t>, std::size_t> known_;    // operators to their network
+    std::map<std::size_t, std::set<std::size_t>> networksOf_;  // operator to its networks
+    std::set<std::string> texts_;                              // of all keys
+};
+
+// Every operator with a number, one without access points too, in the order of the data.
+std::map<std::string, NetworkPlan::Holders> NetworkPlan::HoldersOfKeys() {
+    std::map<std::string, Holders> keys;
+    std::set<std::string> numbers;
+    for (std::size_t i = 0; i < operators_.size(); ++i) {
+        for (const std::string& number : operators_[i].numbers) {
+            numbers.insert(number);
+            Holders& holders = keys[recipe_.Apply(number.substr(0, kKeyDigits))];
+            if (holders.empty() || holders.back().index != i) {
+                holders.push_back({i, false});
+            }
+            holders.back().wholeNumber |= number.size() == kKeyDigits;
+        }
+    }
+    keys.erase("");  // a recipe that removes digits
+    report_.Count(ImportCount::kNumbers, numbers.size());
+    return keys;
+}
+
+void NetworkPlan::AddNumberKeys() {
+    for (auto& [key, holders] : HoldersOfKeys()) {
+        holders.erase(std::remove_if(holders.begin(), holders.end(),
+                                     [this](const Holder& holder) {
+                                         return !operators_[holder.index].Imported();
+                                     }),
+                      holders.end());
+        if (holders.empty()) {
+            report_.Count(ImportCount::kNumberKeysWithoutAccess);
+            continue;
+        }
+        const auto rank = [this](const Holder& holder) {
+            return std::make_tuple(!operators_[holder.index].primary, !holder.wholeNumber,
+                                   holder.index);
+        };
+        std::sort(holders.begin(), holders.end(),
+                  [&](const Holder& a, const Holder& b) { return rank(a) < rank(b); });
+        std::vector<std::size_t> owners;
+        for (const Holder& holder : holders) {
+            owners.push_back(holder.index);
+        }
+        report_.Count(ImportCount::kNumberKeys);
+        report_.Count(ImportCount::kNumberKeysShared, owners.size() > 1 ? 1 : 0);
+        AddKey(key, NetworkOf(owners));
+    }
+}
+
+std::size_t NetworkPlan::NetworkOf(const std::vector<std::size_t>& owners) {
+    const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
+    if (isNew) {
+        report_.Count(ImportCount::kNetworks);
+        result_.networks.push_back(Describe(owners));
+    }
+    for (const std::size_t owner : owners) {
+        networksOf_[owner].insert(entry->second);
+    }
+    return entry->second;
+}
+
+Network NetworkPlan::Describe(const std::vector<std::size_t>& owners) {
+    Network network;
+    for (const std::size_t owner : owners) {
+        network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
+        for (const AccessPoint& point : operators_[owner].accessPoints) {
+            const bool repeated =
+                std::any_of(network.offers.begin(), network.offers.end(),
+                            [&](const AccessPoint* other) { return *other == point; });
+            report_.Count(repeated ? ImportCount::kSettingsRepeated : ImportCount::kSettings);
+            if (!repeated) {
+                network.offers.push_back(&point);
+            }
+        }
+    }
+    return network;
+}
+
+// A name stands for a network only when every operator of that name is in this network and in no
+// other. An operator that was left out is in none, which makes its name as doubtful.
+void NetworkPlan::AddNameKeys() {
+    std::map<std::string, std::vector<std::size_t>> names;
+    for (std::size_t i = 0; i < operators_.size(); ++i) {
+        names[recipe_.Apply(operators_[i].name)].push_back(i);
+    }
+    for (const auto& [name, bearers] : names) {
+        const auto imported = [this](std::size_t i) { return operators_[i].Imported(); };
+        if (std::none_of(bearers.begin(), bearers.end(), imported)) {
+            continue;
+        }
+        std::set<std::size_t> networks;
+        for (const std::size_t bearer : bearers) {
+            networks.insert(networksOf_[bearer].begin(), networksOf_[bearer].end());
+        }
+        if (name.empty()) {
+            report_.Count(ImportCount::kNamesEmpty);
+        } else if (networks.size() > 1 || texts_.count(name) > 0 ||
+                   !std::all_of(bearers.begin(), bearers.end(), imported)) {
+            report_.Count(ImportCount::kNamesShared);
+        } else {
+            report_.Count(ImportCount::kNameKeys);
+            AddKey(name, *networks.begin());
+        }
+    }
+}
+
+void NetworkPlan::AddKey(const std::string& text, std::size_t network) {
+    texts_.insert(text);
+    result_.keys.push_back({text, network});
+}
+
+}  // namespace
+
+Networks DecideNetworks(const Providers& providers, const Recipe& recipe, ImportReport& report) {
+    NetworkPlan plan(providers, recipe, report);
+    plan.AddNumberKeys();
+    plan.AddNameKeys();
+    return plan.Take();
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include "import/phones.h"
+
+#include "support/error.h"
+#include "support/input_file.h"
+
+PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
+    Findings findings;
+    catalogue_ = ReadCatalogue(ReadInput(path_), findings);
+    for (const Finding& finding : findings) {
+        if (finding.severity == Severity::kError && finding.id != "no-database") {
+            throw ToolError(path_ + ":" + std::to_string(finding.place.line) + ": " +
+                            finding.message);
+        }
+    }
+}
+
+const CatalogueTable& PhonesSource::Get(const std::string& table) const {
+    const CatalogueTable* found = catalogue_.Find(table);
+    if (found == nullptr) {
+        throw ToolError(path_ + ": has no table " + table);
+    }
+    return *found;
+}
+
+int PhonesSource::Column(const CatalogueTable& table, const std::string& column) const {
+    const int found = table.Column(column);
+    if (found < 0) {
+        throw ToolError(path_ + ": the table " + table.name + " has no column " + column);
+    }
+    return found;
+}

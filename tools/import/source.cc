@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "import/source.h"
+
+#include <set>
+
+#include "catalogue/source_writer.h"
+#include "session/schema.h"
+
+namespace {
+
+// The network type of everything that is imported, and what a phone dials there that the phones'
+// source says nothing about: the dial string and initialisation string of 3GPP TS 27.007.
+constexpr char kImportedType[] = "GPRS";
+constexpr char kDefaultDialString[] = "ATD*99***1#";
+constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"IP","%APN%")";
+constexpr char kContext[] = "1";  // for %NUM%
+
+// Network and setting identifiers count from 1.
+std::string Identifier(std::size_t index) {
+    return std::to_string(index + 1);
+}
+
+class ImportWriter {
+  public:
+    ImportWriter(const std::string& path, const PhonesSource& phones, ImportReport& report)
+        : phones_(phones),
+          report_(report),
+          writer_(path, phones.Tables().name.empty() ? "Imported" : phones.Tables().name,
+                  phones.Tables().version.empty() ? "1" : phones.Tables().version) {}
+
+    void Copy(const char* table) { writer_.AddTable(phones_.Get(table)); }
+    void AddCountries(const std::vector<Country>& countries);
+    void AddNetworks(const std::vector<Network>& networks);
+    void AddKeys(const std::vector<NetworkKey>& keys);
+    void AddPhoneRows();
+    void AddSettings(const std::vector<Network>& networks);
+    std::string Finish() { return writer_.Finish(); }
+
+  private:
+    void CopyPhoneRows(std::set<std::string>& dialsImportedType);
+
+    const PhonesSource& phones_;
+    ImportReport& report_;
+    SourceWriter writer_;
+};
+
+void ImportWriter::AddCountries(const std::vector<Country>& countries) {
+    writer_.BeginTable(schema::kCountries, {schema::kID, schema::kName});
+    for (const Country& country : countries) {
+        writer_.AddRow({country.code, country.name});
+    }
+    writer_.EndTable();
+}
+
+void ImportWriter::AddNetworks(const std::vector<Network>& networks) {
+    writer_.BeginTable(schema::kNetworks, {schema::kID, schema::kName, schema::kNetworkType});
+    for (std::size_t i = 0; i < networks.size(); ++i) {
+        writer_.AddRow({Identifier(i), networks[i].name, kImportedType});
+    }
+    writer_.EndTable();
+}
+
+void ImportWriter::AddKeys(const std::vector<NetworkKey>& keys) {
+    writer_.BeginTable(schema::kNetworkIdentification,
+                       {schema::kNetworkResponse, schema::kNetworkID});
+    for (const NetworkKey& key : keys) {
+        writer_.AddRow({key.text, Identifier(key.network)});
+    }
+    writer_.EndTable();
+}
+
+// The library takes two rows of a phone and network type for none, so only the first is written.
+void ImportWriter::AddPhoneRows() {
+    writer_.BeginTable(schema::kBasicDUNForPhone,
+                       {schema::kPhoneID, schema::kNetworkType, schema::kDialString,
+                        schema::kInitializationString});
+    std::set<std::string> dialsImportedType;  // phones
+    CopyPhoneRows(dialsImportedType);
+    const CatalogueTable& phones = phones_.Get(schema::kPhones);
+    const int id = phones_.Column(phones, schema::kID);
+    report_.Count(ImportCount::kPhones, phones.rows.size());
+    for (const CatalogueRow& phone : phones.rows) {
+        if (dialsImportedType.insert(phone.Cell(id)).second) {
+            writer_.AddRow(
+                {phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
+            report_.Count(ImportCount::kPhonesWithDefault);
+        }
+    }
+    writer_.EndTable();
+}
+
+void ImportWriter::CopyPhoneRows(std::set<std::string>& dialsImportedType) {
+    const CatalogueTable* rows = phones_.Tables().Find(schema::kBasicDUNForPhone);
+    if (rows == nullptr) {
+        return;
+    }
+    const int phone = phones_.Column(*rows, schema::kPhoneID);
+    const int type = phones_.Column(*rows, schema::kNetworkType);
+    const int dial = phones_.Column(*rows, schema::kDialString);
+    const int init = phones_.Column(*rows, schema::kInitializationString);
+    std::set<std::pair<std::string, std::string>> known;
+    for (const CatalogueRow& row : rows->rows) {
+        if (!known.emplace(row.Cell(phone), row.Cell(type)).second) {
+            report_.Count(ImportCount::kPhoneRowsRepeated);
+            continue;
+        }
+        writer_.AddRow({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});
+        if (row.Cell(type) == kImportedType) {
+            dialsImportedType.insert(row.Cell(phone));
+        }
+    }
+}
+
+void ImportWriter::AddSettings(const std::vector<Network>& networks) {
+    writer_.BeginTable(schema::kBasicDUNSettings,
+                       {schema::kID, schema::kNetworkID, "APN", "NUM", "VAR1", "ClientIP",
+                        "GatewayIP", "DNS1", "DNS2", schema::kName, "ContractType", "Default",
+                        schema::kCountryID, "User", "Password", "RequiresUserAndPassword"});
+    std::size_t settings = 0;
+    for (std::size_t i = 0; i < networks.size(); ++i) {
+        bool first = true;
+        for (const AccessPoint* point : networks[i].offers) {
+            const bool needsUser = !point->user.empty() || !point->password.empty();
+            writer_.AddRow({Identifier(settings++), Identifier(i), point->apn, kContext, "", "",
+                            point->gateway, point->dns1, point->dns2, point->displayName,
+                            point->contract, first ? "Y" : "N", point->country, point->user,
+                            point->password, needsUser ? "Y" : "N"});
+            first = false;
+        }
+    }
+    writer_.EndTable();
+}
+
+}  // namespace
+
+std::string WriteImport(const std::string& path, const PhonesSource& phones,
+                        const Providers& providers, const Networks& networks,
+                        ImportReport& report) {
+    ImportWriter writer(path, phones, report);
+    for (const char* table : {schema::kGeneralVariables, schema::kManufacturerRecipe,
+                              schema::kPhoneRecipe, schema::kNetworkRecipe}) {
+        writer.Copy(table);
+    }
+    writer.AddCountries(providers.countries);
+    for (const char* table : {schema::kManufacturers, schema::kManufacturerIdentification,
+                              schema::kPhones, schema::kPhoneIdentification}) {
+        writer.Copy(table);
+    }
+    writer.AddNetworks(networks.networks);
+    writer.AddKeys(networks.keys);
+    writer.AddPhoneRows();
+    writer.AddSettings(networks.networks);
+    return writer.Finish();
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "support/interruption.h"
+
+#include <cerrno>
+#include <csignal>
+
+namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
+volatile std::sig_atomic_t caught = 0;
+sigset_t outside;  // the signals that were blocked before
+
+void Note(int signal) {
+    caught = signal;
+}
+
+}  // namespace
+
+// The signals are blocked but for the waiting: none gets lost between a question and a poll.
+Interruption::Interruption() {
+    caught = 0;
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    for (const int signal : kSignals) {
+        struct sigaction action = {};
+        action.sa_handler = Note;
+        sigaction(signal, &action, nullptr);
+        sigaddset(&blocked, signal);
+    }
+    sigprocmask(SIG_BLOCK, &blocked, &outside);
+}
+
+Interruption::~Interruption() {
+    for (const int signal : kSignals) {
+        struct sigaction action = {};
+        action.sa_handler = SIG_DFL;
+        sigaction(signal, &action, nullptr);
+    }
+    sigprocmask(SIG_SETMASK, &outside, nullptr);
+}
+
+int Interruption::Signal() {
+    return caught;
+}
+
+int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseconds) {
+    if (caught != 0) {
+        errno = EINTR;
+        return -1;
+    }
+    const struct timespec limit = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
+    return ppoll(descriptors, count, &limit, &outside);
+}
