@@ -16,12 +16,12 @@
 #include "velmor.h"
 #include "world.h"
 
-const char* const kTraceLogPath = "trace.log";
+const char* const vel::kTraceLogPath = "trace.log";
 
 namespace {
 
 std::string worldSource;
-std::optional<SimulatedPhone> phone;
+std::optional<tool::SimulatedPhone> phone;
 long commands = 0;
 
 long Read(char* buffer, long, long) {
@@ -165,10 +165,10 @@ void Detect(benchmark::State& state) {
     const World world(worldSource, 1, static_cast<int>(state.range(0)));
     Start(state, world);
     phone.emplace(
-        ParseProfile("AT+CGMI: Unheard of\nAT+GMI: Unheard of\nATI0: Cinterion\n"
-                     "AT+CGMM: No model\nAT+GMM: No model\nATI3: MC55i\n"
-                     "AT+COPS?: +COPS: 0,0,\"Warid\"\n",
-                     "bench"));
+        tool::ParseProfile("AT+CGMI: Unheard of\nAT+GMI: Unheard of\nATI0: Cinterion\n"
+                           "AT+CGMM: No model\nAT+GMM: No model\nATI3: MC55i\n"
+                           "AT+COPS?: +COPS: 0,0,\"Warid\"\n",
+                           "bench"));
     while (state.KeepRunning()) {
         commands = 0;
         if (Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0) != 0 || commands != 8) {
@@ -190,7 +190,7 @@ void Call(benchmark::State& state) {
     Report(state, 0);
     Velmor_DeInitialise();
     Velmor::getVelmor()->traceSwitch = false;
-    std::remove(kTraceLogPath);
+    std::remove(vel::kTraceLogPath);
 }
 BENCHMARK(Call)->ArgName("traced")->Arg(0)->Arg(1);
 

@@ -4,6 +4,8 @@
 #include "session/rows.h"
 #include "session/schema.h"
 
+using namespace vel;
+
 long Velmor_GetNrCountries(long aHandle) {
     return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);

@@ -4,6 +4,8 @@
 #include "session/call_frame.h"
 #include "session/session.h"
 
+using namespace vel;
+
 long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                        Velmor_SendFunction aSendFunction) {
     // Loaded before anything is traced: the catalogue says whether this very call is.
@@ -37,8 +39,8 @@ long Velmor_GetVersionDatabase(long aHandle) {
         if (!session.database) {
             return -1;
         }
-        vel::String version;
+        String version;
         session.database->get_Version(version);
-        return vel::ReadNumber(version.c_str(), 0);
+        return ReadNumber(version.c_str(), 0);
     });
 }

@@ -5,6 +5,8 @@
 #include "session/rows.h"
 #include "session/schema.h"
 
+using namespace vel;
+
 long Velmor_GetNrOfPhones(long aHandle) {
     return Framed("Velmor_GetNrOfPhones", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
@@ -29,11 +31,11 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
         const auto phone = RowAt(RowsOf(session.phones), aPhoneIndex);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
-            vel::String description = CellText(manufacturer, schema::kName).ToString();
+            String description = CellText(manufacturer, schema::kName).ToString();
             description.Append(": ");
             description.Append(CellText(phone, schema::kName).c_str());
             FillText(aPhoneDescription, sizeIO, description);
-            id = vel::ReadNumber(CellText(phone, schema::kID).c_str(), -1);
+            id = ReadNumber(CellText(phone, schema::kID).c_str(), -1);
         }
         if (aPhoneId != nullptr) {
             *aPhoneId = id;

@@ -2,6 +2,8 @@
 #include "session/call_frame.h"
 #include "velmor.h"
 
+using namespace vel;
+
 namespace {
 
 constexpr long kLibraryVersion = 150;

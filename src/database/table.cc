@@ -4,7 +4,6 @@
 #include "database/multy_value_match.h"
 
 namespace vel {
-
 namespace {
 
 // Applies a row condition to the rows of a scan. Without a condition every row matches.

@@ -1,35 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "detection/at_command.h"
 
-#include <cstring>
-
+#include "detection/at_answer.h"
 #include "foundation/number.h"
 #include "session/call_frame.h"
 #include "session/schema.h"
 #include "session/session.h"
 #include "session/setting.h"
 
-using vel::String;
-
+namespace vel {
 namespace {
-
-// How an answer ended.
-enum class Answer { kOpen, kOk, kError, kSilence };
-
-// The final result codes, in the order in which a line is tested for them.
-constexpr struct {
-    char ending[8];
-    Answer answer;
-} kFinalLines[] = {{"ERROR\r\n", Answer::kError}, {"OK\r\n", Answer::kOk}};
 
 // The host's link to the phone with the catalogue's limits for it.
 class Link {
   public:
     explicit Link(const Velmor& session) : session_(session) {
         const Velmor::Table variables = session.FetchTable(schema::kGeneralVariables);
-        const vel::Setting setting(variables.get());
-        retries_ = vel::ReadNumber(setting.get_Setting(schema::kAtRetry).c_str(), -1);
-        timeOut_ = vel::ReadNumber(setting.get_Setting(schema::kAtTimeOut).c_str(), -1);
+        const Setting setting(variables.get());
+        retries_ = ReadNumber(setting.get_Setting(schema::kAtRetry).c_str(), -1);
+        timeOut_ = ReadNumber(setting.get_Setting(schema::kAtTimeOut).c_str(), -1);
     }
 
     bool Send(const String& command) const {
@@ -37,9 +26,9 @@ class Link {
                session_.sendFunction(command.c_str(), command.Length()) == command.Length();
     }
 
-    // Tries once and again for each retry.
+    // Tries once, and again for each retry.
     bool Read(char& byte) const {
-        std::int64_t failures = 0;
+        std::int64_t failures = 0;  // 64 bits: it exceeds AT-RETRY, which may be the largest int32
         while (session_.readFunction == nullptr || session_.readFunction(&byte, 1, timeOut_) != 1) {
             if (++failures > retries_) {
                 return false;
@@ -54,75 +43,14 @@ class Link {
     std::int32_t timeOut_ = -1;
 };
 
-Answer Classify(const String& line) {
-    for (const auto& final : kFinalLines) {
-        const auto length = static_cast<int>(std::strlen(final.ending));
-        const char* const end = line.c_str() + line.Length();
-        if (line.Length() >= length && std::strcmp(end - length, final.ending) == 0) {
-            return final.answer;
-        }
+// Reads an answer to its end, or up to a byte that does not come.
+ATAnswer Receive(const Link& link) {
+    ATAnswer answer;
+    char byte = '\0';
+    while (answer.get_State() == ATAnswer::State::kOpen && link.Read(byte)) {
+        answer.Take(byte);
     }
-    return Answer::kOpen;
-}
-
-// The line up to its first carriage return or line feed.
-String WithoutLineEnd(const String& line) {
-    int length = 0;
-    while (length < line.Length() && line.data[length] != '\r' && line.data[length] != '\n') {
-        ++length;
-    }
-    return line.Mid(0, length);
-}
-
-// Reads an answer to its end. Keeps all bytes in `all`, the last line that says something in
-// `last`.
-Answer Receive(const Link& link, String& all, String& last) {
-    String line;
-    for (;;) {
-        char byte = '\0';
-        if (!link.Read(byte)) {
-            return Answer::kSilence;
-        }
-        all.Append(byte);
-        line.Append(byte);
-        if (byte != '\n') {
-            continue;
-        }
-        const Answer answer = Classify(line);
-        if (answer != Answer::kOpen) {
-            return answer;
-        }
-        if (line.Length() >= 3) {
-            last = WithoutLineEnd(line);
-        }
-        line = "";
-    }
-}
-
-String WithPlainLineEnds(const String& text) {
-    const String lineFeed("\n");
-    String plain = text;
-    for (const char* lineEnd : {"\r\n", "\n\r", "\r"}) {
-        plain = plain.Replace(lineEnd, lineFeed);
-    }
-    return plain;
-}
-
-// The line of an answer at a position, where the echo of the command and empty lines do not count.
-String LineAt(const String& all, const String& command, int position) {
-    const String text = WithPlainLineEnds(all);
-    const String echo = WithPlainLineEnds(command);
-    const String lineFeed("\n");
-    int counter = -1;
-    int start = 0;
-    for (int end = text.FindOne(lineFeed, 0); end > 0; end = text.FindOne(lineFeed, start)) {
-        const String piece = text.Mid(start, end - start + 1);
-        if (piece != echo && piece.Length() > 1 && ++counter == position) {
-            return piece.Mid(0, piece.Length() - 1);
-        }
-        start = end + 1;
-    }
-    return {};
+    return answer;
 }
 
 void TraceBlock(CallFrame& frame, const char* title, const String& text) {
@@ -144,36 +72,34 @@ int SendATCommand(const String& cmd, String& responseO, int lineI) {
             frame.Out("responseO", responseO);
             return 1;
         }
-        String all;
-        switch (Receive(link, all, responseO)) {
-            case Answer::kError:
-                responseO = "";
+        const ATAnswer answer = Receive(link);
+        responseO = answer.Line(cmd, lineI);
+        switch (answer.get_State()) {
+            case ATAnswer::State::kError:
                 frame.Line("AT Error");
-                TraceBlock(frame, "received Data {", all);
+                TraceBlock(frame, "received Data {", answer.All());
                 return 1;
-            case Answer::kOk:
-                if (lineI >= 0) {
-                    responseO = LineAt(all, cmd, lineI);
-                }
+            case ATAnswer::State::kOk:
                 frame.Line("AT Done");
-                TraceBlock(frame, "received Data {", all);
+                TraceBlock(frame, "received Data {", answer.All());
                 TraceBlock(frame, "relevant Data {", responseO);
                 frame.Out("responseO", responseO);
                 return 0;
-            case Answer::kSilence:
-            case Answer::kOpen:
+            case ATAnswer::State::kOpen:
                 break;
         }
         frame.Line("AT Communication error");
-        TraceBlock(frame, "allData {", all);
+        TraceBlock(frame, "allData {", answer.All());
         frame.Out("responseO", responseO);
         return 1;
     };
     return static_cast<int>(InFrame("ATCommand", 1, exchange));
 }
 
-int ATCommand(const String& cmd, String& responseO, int lineI) {
+}  // namespace vel
+
+int ATCommand(const vel::String& cmd, vel::String& responseO, int lineI) {
     int status = 1;
-    Guarded([&] { status = SendATCommand(cmd, responseO, lineI); });
+    vel::Guarded([&] { status = vel::SendATCommand(cmd, responseO, lineI); });
     return status;
 }

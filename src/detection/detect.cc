@@ -2,58 +2,42 @@
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
 #include "detection/manufacturer_selector.h"
+#include "detection/questions.h"
 #include "session/call_frame.h"
 #include "session/host_text.h"
 #include "session/rows.h"
 #include "session/schema.h"
 
-using vel::IRow;
-using vel::Pointer;
-using vel::String;
+using namespace vel;
 
 namespace {
 
-constexpr int kLastLine = -1;
-
-// The rows for a normalised answer. The manufacturer's identifier is empty while it is unknown.
-Velmor::Rows RowsForManufacturer(const String& answer, const String&) {
+// The rows for the key of an answer. The manufacturer's identifier is empty while it is unknown.
+Velmor::Rows RowsForManufacturer(const String& key, const String&) {
     return FindRows(Velmor::getVelmor()->manufacturerIdentification,
-                    Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(answer)));
+                    Pointer<IRowCondition>::Adopt(new ManufacturerSelector(key)));
 }
-Velmor::Rows RowsForPhone(const String& answer, const String& manufacturerId) {
+Velmor::Rows RowsForPhone(const String& key, const String& manufacturerId) {
     return FindRows(Velmor::getVelmor()->phoneIdentification,
-                    {{schema::kManufacturerID, manufacturerId}, {schema::kPhoneResponse, answer}});
+                    {{schema::kManufacturerID, manufacturerId}, {schema::kPhoneResponse, key}});
 }
 
-// A question to the phone, put in several ways until an answer is known: the recipe that makes a
-// key of the answer, the rows for that key, and the identifier that the first of them holds.
-// Commands: 3GPP TS 27.007 (+CGMI, +CGMM), ITU-T V.250 (+GMI, +GMM, I).
-struct Question {
-    struct {
-        char command[12];
-        int line;
-    } attempts[3];
-    const char* recipe;
-    Velmor::Rows (*rowsFor)(const String& answer, const String& manufacturerId);
+// A search for an identifier: the question, the rows for a key, the column of the first row that
+// holds the identifier, and the message for the trace.
+struct Search {
+    const Question& question;
+    Velmor::Rows (*rowsFor)(const String& key, const String& manufacturerId);
     const char* idColumn;
     const char* message;
 };
 
-constexpr Question kManufacturer = {
-    {{"AT+CGMI\r", kLastLine}, {"AT+GMI\r", kLastLine}, {"ATI0\r", 0}},
-    schema::kManufacturerRecipe,
-    RowsForManufacturer,
-    schema::kManufacturerID,
-    "Manufacturer Detected !"};
-constexpr Question kPhone = {{{"AT+CGMM\r", kLastLine}, {"AT+GMM\r", kLastLine}, {"ATI3\r", 0}},
-                             schema::kPhoneRecipe,
-                             RowsForPhone,
-                             schema::kPhoneID,
-                             "Phone Detected !"};
+constexpr Search kManufacturer = {kManufacturerQuestion, RowsForManufacturer,
+                                  schema::kManufacturerID, "Manufacturer Detected !"};
+constexpr Search kPhone = {kPhoneQuestion, RowsForPhone, schema::kPhoneID, "Phone Detected !"};
 
 // The host's buffer for the raw answer to a question.
 struct ResponseBuffer {
-    void Fill(const vel::TextView& text) const { FillText(bytes, size, text); }
+    void Fill(const TextView& text) const { FillText(bytes, size, text); }
 
     char* bytes;
     long size;
@@ -66,43 +50,27 @@ struct Detection {
     Velmor::Rows settings;
 };
 
-// The identifier for the first answer that is known, empty when none is.
-String Ask(CallFrame& frame, const Question& question, const String& manufacturerId,
+String AnswerTo(const Attempt& attempt) {
+    String answer;
+    SendATCommand(attempt.command, answer, attempt.line);
+    return answer;
+}
+
+// The identifier for the first answer that is known; empty when none is.
+String Ask(CallFrame& frame, const Search& search, const String& manufacturerId,
            const ResponseBuffer& response) {
-    for (const auto& attempt : question.attempts) {
-        String answer;
-        SendATCommand(attempt.command, answer, attempt.line);
+    for (const Attempt& attempt : search.question.attempts) {
+        String answer = AnswerTo(attempt);
         response.Fill(answer);
-        MakeKey(answer, question.recipe);
-        const auto row = RowAt(question.rowsFor(answer, manufacturerId), 0);
+        MakeKey(answer, search.question.recipe);
+        const auto row = RowAt(search.rowsFor(answer, manufacturerId), 0);
         if (row) {
-            String id = CellText(row, question.idColumn).ToString();
-            frame.Line2(question.message, id);
+            String id = CellText(row, search.idColumn).ToString();
+            frame.Line2(search.message, id);
             return id;
         }
     }
     return {};
-}
-
-// Appends the first digits of an IMSI: the country code and two digits of the network code.
-void AppendImsiDigits(String& key, const String& imsi) {
-    constexpr int kKeyDigits = 5;
-    for (int i = 0; i < imsi.Length() && key.Length() < kKeyDigits; ++i) {
-        if (imsi.data[i] >= '0' && imsi.data[i] <= '9') {
-            key.Append(imsi.data[i]);
-        }
-    }
-}
-
-// Appends the operator's name, which stands between the first two double quotes.
-void AppendOperatorName(String& key, const String& answer) {
-    int i = 0;
-    while (i < answer.Length() && answer.data[i] != '"') {
-        ++i;
-    }
-    for (++i; i < answer.Length() && answer.data[i] != '"'; ++i) {
-        key.Append(answer.data[i]);
-    }
 }
 
 Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
@@ -111,15 +79,12 @@ Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
 }
 
 void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
-    String key;
-    String imsi;
-    SendATCommand("AT+CIMI\r", imsi, kLastLine);
-    AppendImsiDigits(key, imsi);
+    String key = ImsiDigits(AnswerTo(kImsiQuestion));
     auto row = FindNetwork(session, key);
     if (!row) {
-        String name;
-        SendATCommand("AT+COPS?\r", name, kLastLine);
-        AppendOperatorName(key, name);  // Kept: behind the digits, if there were any
+        // For compatibility the name follows the digits, if there were any.
+        const String name = OperatorName(AnswerTo(kOperatorQuestion));
+        key.Append(name.c_str(), name.Length());
         row = FindNetwork(session, key);
     }
     if (!row) {

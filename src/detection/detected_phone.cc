@@ -5,6 +5,8 @@
 #include "session/rows.h"
 #include "session/schema.h"
 
+using namespace vel;
+
 long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char* manuIO,
                              long manu_sizeIO) {
     return Framed("Velmor_GetDetectedPhone", -1, [&](CallFrame& frame) -> long {
@@ -27,6 +29,6 @@ long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char*
         frame.Out("name_sizeIO", name_sizeIO);
         frame.Out("manuIO", manuIO, manu_sizeIO);
         frame.Out("manu_sizeIO", manu_sizeIO);
-        return phone ? vel::ReadNumber(session.detectedPhoneId.c_str(), -1) : -1;
+        return phone ? ReadNumber(session.detectedPhoneId.c_str(), -1) : -1;
     });
 }

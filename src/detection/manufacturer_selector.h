@@ -3,8 +3,8 @@
 
 #include "database/row_condition.h"
 
-// Matches the rows whose manufacturer pattern occurs in the phone's normalised answer. Kept: an
-// empty pattern occurs in every answer, that of a silent phone included.
+// Matches the rows whose manufacturer pattern occurs in the key of the phone's answer. For
+// compatibility an empty pattern occurs in every key, that of a silent phone included.
 class ManufacturerSelector final : public vel::IRowCondition {
   public:
     explicit ManufacturerSelector(const vel::String& answer) : answer_(answer) {}

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "dun/dun_record.h"
+#include "dun/dun_setting.h"
 #include "session/schema.h"
+
+using namespace vel;
 
 long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
     return Framed("Velmor_GetCountryNrOfBasicDUNSettings", -1, [&](CallFrame& frame) -> long {
@@ -11,7 +13,7 @@ long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
         if (!country) {
             return -1;
         }
-        vel::String key;
+        String key;
         country->get_ID(key);
         if (!session.countrySettings || key != session.countrySettingsId) {
             session.countrySettings.Reset();
@@ -31,16 +33,16 @@ long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aCountryIndex,
         frame.In("aCountryIndex", aCountryIndex);
         frame.In("aBasicDUNSettingIndex", aBasicDUNSettingIndex);
         frame.InAddress("settingIO", settingIO);
-        RecordOutput record(settingIO);
+        SettingOutput output(settingIO);
 
         const bool known = Velmor_GetCountryNrOfBasicDUNSettings(aHandle, aCountryIndex) >= 0;
         const Velmor& session = *Velmor::getVelmor();
-        const auto setting = known ? RowAt(session.countrySettings, aBasicDUNSettingIndex)
-                                   : vel::Pointer<vel::IRow>();
-        const auto country = RowNamedBy(setting, schema::kCountryID, session.countries);
-        FillRecord(*record, setting, CellText(country, schema::kName), {}, SettingId(setting));
-        TraceRecord(frame, *record);
-        const bool found = setting && settingIO != nullptr;
+        const auto row =
+            known ? RowAt(session.countrySettings, aBasicDUNSettingIndex) : Pointer<IRow>();
+        const auto country = RowNamedBy(row, schema::kCountryID, session.countries);
+        FillSetting(*output, row, CellText(country, schema::kName), {}, SettingId(row));
+        TraceSetting(frame, *output);
+        const bool found = row && settingIO != nullptr;
         frame.Line(found ? "Success" : "ERROR since no setting");
         return found ? 0 : -1;
     });

@@ -2,7 +2,7 @@
 #include "dun/dial_texts.h"
 #include "session/schema.h"
 
-using vel::String;
+using namespace vel;
 
 long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO) {
     return Framed("Velmor_GetNrDetectedDUNSettings", -1, [&](CallFrame& frame) -> long {
@@ -22,20 +22,20 @@ long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index, Velmor_DUNSet
         frame.In("aHandle", aHandle);
         frame.In("index", index);
         frame.InAddress("settingIO", settingIO);
-        RecordOutput record(settingIO);
+        SettingOutput output(settingIO);
         const Velmor& session = *Velmor::getVelmor();
-        const auto setting = RowAt(session.detectedSettings, index);
-        vel::Pointer<vel::IRow> country;
+        const auto row = RowAt(session.detectedSettings, index);
+        Pointer<IRow> country;
         String networkType;
         if (session.detectedSettings) {
-            // Kept: also without a setting row, by empty identifiers then.
-            country = RowById(session.countries, CellText(setting, schema::kCountryID));
-            networkType = NetworkType(CellText(setting, schema::kNetworkID));
+            // For compatibility also without a row: the identifiers are empty then.
+            country = RowById(session.countries, CellText(row, schema::kCountryID));
+            networkType = NetworkType(CellText(row, schema::kNetworkID));
         }
         const PhoneRows phone(session.detectedPhoneId.c_str(), networkType);
-        const DialTexts texts = phone.TextsFor(frame, setting);
-        FillRecord(*record, setting, CellText(country, schema::kName), texts, SettingId(setting));
-        TraceRecord(frame, *record);
-        return setting && phone.IsUnique() && settingIO != nullptr ? 0 : -1;
+        const DialTexts texts = phone.TextsFor(frame, row);
+        FillSetting(*output, row, CellText(country, schema::kName), texts, SettingId(row));
+        TraceSetting(frame, *output);
+        return row && phone.IsUnique() && settingIO != nullptr ? 0 : -1;
     });
 }

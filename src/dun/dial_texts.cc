@@ -3,23 +3,10 @@
 
 #include "session/schema.h"
 
-using vel::String;
-
+namespace vel {
 namespace {
 
-// The placeholders and the columns of a setting that replace them, in this order: a value may bring
-// in a placeholder that comes later.
-constexpr struct {
-    char placeholder[8];
-    char column[8];
-    char message[24];
-} kPlaceholders[] = {
-    {"%APN%", "APN", "Replacing %APN% with "},
-    {"%NUM%", "NUM", "Replacing %NUM% with "},
-    {"%VAR1%", "VAR1", "Replacing %VAR1% with "},
-};
-
-void Trace(CallFrame& frame, const DialTexts& texts) {
+void TraceTexts(CallFrame& frame, const DialTexts& texts) {
     frame.Line(texts.initialization.c_str());
     frame.Line(texts.dial.c_str());
 }
@@ -31,7 +18,7 @@ PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
                      {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}});
 }
 
-DialTexts PhoneRows::TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& setting) const {
+DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& setting) const {
     DialTexts texts;
     if (!IsUnique()) {
         return texts;
@@ -42,18 +29,20 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& s
     if (!setting) {
         return texts;
     }
-    Trace(frame, texts);
+    TraceTexts(frame, texts);
     for (const auto& [placeholder, column, message] : kPlaceholders) {
         const String value = CellText(setting, column).ToString();
         frame.Line(message, value.c_str());
         texts.initialization = texts.initialization.Replace(placeholder, value);
         texts.dial = texts.dial.Replace(placeholder, value);
     }
-    Trace(frame, texts);
+    TraceTexts(frame, texts);
     return texts;
 }
 
-String NetworkType(const vel::TextView& networkId) {
+String NetworkType(const TextView& networkId) {
     const auto network = RowById(Velmor::getVelmor()->networks, networkId);
     return CellText(network, schema::kNetworkType).ToString();
 }
+
+}  // namespace vel

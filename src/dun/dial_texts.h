@@ -1,23 +1,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "dun/dun_record.h"
+#include "dun/dun_setting.h"
+#include "session/schema.h"
 
-// The rows that hold a phone's texts for a kind of network. Two or more are as good as none: nobody
-// could say which one counts.
+namespace vel {
+
+// The placeholders in a phone's texts and the columns that replace them, in this order: a value may
+// hold a placeholder that is replaced later.
+struct Placeholder {
+    char text[8];
+    const char* column;
+    char message[24];  // for the trace
+};
+inline constexpr Placeholder kPlaceholders[] = {
+    {"%APN%", schema::kAPN, "Replacing %APN% with "},
+    {"%NUM%", schema::kNUM, "Replacing %NUM% with "},
+    {"%VAR1%", schema::kVAR1, "Replacing %VAR1% with "},
+};
+
+// The rows that hold a phone's texts for a type of network. Two or more rows count as none: they
+// are ambiguous.
 class PhoneRows {
   public:
-    PhoneRows(const vel::String& phoneId, const vel::String& networkType);
+    PhoneRows(const String& phoneId, const String& networkType);
 
     int get_Count() const { return CountOf(rows_); }
     bool IsUnique() const { return get_Count() == 1; }
-    // The dial and initialisation strings of a unique row, empty otherwise; with a setting row its
-    // values take the places of "%APN%", "%NUM%" and "%VAR1%", in this order, which is traced.
-    DialTexts TextsFor(CallFrame& frame, const vel::Pointer<vel::IRow>& setting) const;
+    // The dial and initialisation strings of a unique row; empty otherwise. With a row of
+    // BasicDUNSettings its values replace "%APN%", "%NUM%" and "%VAR1%", in this order, which is
+    // traced.
+    DialTexts TextsFor(CallFrame& frame, const Pointer<IRow>& setting) const;
 
   private:
     Velmor::Rows rows_;
 };
 
-// The type of a network, empty when it is not in the catalogue.
-vel::String NetworkType(const vel::TextView& networkId);
+// The type of a network; empty when the network is not in the catalogue.
+String NetworkType(const TextView& networkId);
+
+}  // namespace vel

@@ -4,9 +4,12 @@
 #include "session/trace.h"
 #include "velmor.h"
 
+using namespace vel;
+
 namespace {
 
-constexpr long kListedLibraryVersion = 99;  // Kept: not the library's version, readers expect it
+constexpr long kListedLibraryVersion =
+    99;  // for compatibility not the library's version: readers expect it
 
 void TraceLine(const char* text) {
     Trace(text);
@@ -14,8 +17,8 @@ void TraceLine(const char* text) {
 }
 
 void ListSetting(long country, long setting) {
-    Velmor_DUNSetting record;
-    const bool found = Velmor_GetCountryBasicDUNSettingByIndex(0, country, setting, &record) == 0;
+    Velmor_DUNSetting listed;
+    const bool found = Velmor_GetCountryBasicDUNSettingByIndex(0, country, setting, &listed) == 0;
     char line[80];
     std::snprintf(line, sizeof line, "%s getting DUN (%ld, %ld)", found ? "OK" : "ERROR", country,
                   setting);

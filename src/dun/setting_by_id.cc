@@ -3,7 +3,7 @@
 #include "foundation/number.h"
 #include "session/schema.h"
 
-using vel::String;
+using namespace vel;
 
 long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
                           Velmor_DUNSetting* settingIO) {
@@ -12,31 +12,30 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         frame.In("aPhoneId", aPhoneId);
         frame.In("aBasicDUNSettingId", aBasicDUNSettingId);
         frame.InAddress("settingIO", settingIO);
-        RecordOutput record(settingIO);
-        const std::int32_t phoneId = vel::Saturate(aPhoneId);
-        const std::int32_t settingId = vel::Saturate(aBasicDUNSettingId);
+        SettingOutput output(settingIO);
+        const std::int32_t phoneId = Saturate(aPhoneId);
+        const std::int32_t settingId = Saturate(aBasicDUNSettingId);
         const Velmor& session = *Velmor::getVelmor();
-        const auto setting = RowById(session.basicDUNSettings, String::FromLong(settingId));
-        if (setting) {
+        const auto row = RowById(session.basicDUNSettings, String::FromLong(settingId));
+        if (row) {
             frame.Line("Setting found for dunId");
         }
-        const auto country = RowById(session.countries, CellText(setting, schema::kCountryID));
+        const auto country = RowById(session.countries, CellText(row, schema::kCountryID));
         if (country) {
             frame.Line("Country found");
         }
         const PhoneRows phone(String::FromLong(phoneId),
-                              NetworkType(CellText(setting, schema::kNetworkID)));
+                              NetworkType(CellText(row, schema::kNetworkID)));
         if (phone.IsUnique()) {
             frame.Line("init strings found");
         }
-        const DialTexts texts = phone.TextsFor(frame, setting);
-        FillRecord(*record, setting, CellText(country, schema::kName), texts,
-                   setting ? settingId : -1);
-        TraceRecord(frame, *record);
-        // Kept: several rows for the phone are no failure here, and neither are negative
-        // identifiers for which there is a phone row but no setting.
+        const DialTexts texts = phone.TextsFor(frame, row);
+        FillSetting(*output, row, CellText(country, schema::kName), texts, row ? settingId : -1);
+        TraceSetting(frame, *output);
+        // For compatibility several rows for the phone are no failure here. Two negative
+        // identifiers need no row of the setting, only rows for the phone.
         const bool refused = settingIO == nullptr || phone.get_Count() == 0;
-        const bool known = setting || (phoneId < 0 && settingId < 0);
+        const bool known = row || (phoneId < 0 && settingId < 0);
         return !refused && known ? 0 : -1;
     });
 }

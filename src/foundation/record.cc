@@ -4,7 +4,6 @@
 #include <cstring>
 
 namespace vel {
-
 namespace {
 
 // The text at `index` of a block in which text i ends before byte ends[i].

@@ -7,13 +7,14 @@
 #include "session/session.h"
 #include "session/trace.h"
 
+namespace vel {
 namespace {
 
-// Writes one fragment made of up to three texts. When there is no memory to join them it is lost,
-// as any fragment that cannot be written.
+// Writes one fragment made of up to three texts. It is lost when there is no memory to join them,
+// like any fragment that cannot be written.
 void Fragment(const char* a, const char* b, const char* c = "") {
     Guarded([&] {
-        vel::String text(a);
+        String text(a);
         text.Append(b);
         text.Append(c);
         Trace(text);
@@ -47,7 +48,7 @@ CallFrame::~CallFrame() {
     --Velmor::getVelmor()->traceDepth;
     Line("Exit: ", name_);
     if (hasResult_ && IsTracing()) {
-        Guarded([&] { Line("Result := ", vel::String::FromLong(result_).c_str()); });
+        Guarded([&] { Line("Result := ", String::FromLong(result_).c_str()); });
     }
 }
 
@@ -80,7 +81,7 @@ void CallFrame::Out(const char* label, long value) {
     }
 }
 
-void CallFrame::Out(const char* label, const vel::String& text) {
+void CallFrame::Out(const char* label, const String& text) {
     if (IsTracing()) {
         Value("", label, " => ", text.c_str());
     }
@@ -91,7 +92,7 @@ void CallFrame::Out(const char* label, const char* buffer, long size) {
         Guarded([&] {
             const bool empty = buffer == nullptr || size <= 0;
             const auto length = empty ? 0 : strnlen(buffer, static_cast<std::size_t>(size));
-            Out(label, vel::String::FromBytes(empty ? "" : buffer, static_cast<int>(length)));
+            Out(label, String::FromBytes(empty ? "" : buffer, static_cast<int>(length)));
         });
     }
 }
@@ -103,7 +104,7 @@ void CallFrame::Line(const char* text, const char* value) {
     }
 }
 
-void CallFrame::Line2(const char* label, const vel::String& text) {
+void CallFrame::Line2(const char* label, const String& text) {
     if (IsTracing()) {
         Trace(label);
         Trace(text.c_str());
@@ -124,3 +125,5 @@ long Framed(const char* name, long failure, const FrameBody& body) {
     Guarded([&] { result = InFrame(name, failure, body); });
     return result;
 }
+
+}  // namespace vel

@@ -4,9 +4,11 @@
 #include "foundation/string.h"
 #include "session/guard.h"
 
-// The frame in which every exported operation runs: it writes the entry line, keeps the trace
-// depth, and writes the exit line and the result on every way out. Operations see it as the writer
-// of their argument and output lines:
+namespace vel {
+
+// The frame in which every exported operation runs. It writes the entry line, keeps the trace
+// depth, and writes the exit line and the result on every way out. Operations write their argument
+// and output lines through it:
 //
 //     long Velmor_GetNrCountries(long aHandle) {
 //         return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
@@ -24,18 +26,18 @@ class CallFrame {
     // "label <= value"; a pointer is written as its address under the label "(long)label".
     void In(const char* label, long value);
     void In(const char* label, const char* text);
-    void In(const char* label, const vel::String& text) { In(label, text.c_str()); }
+    void In(const char* label, const String& text) { In(label, text.c_str()); }
     void InAddress(const char* label, const void* address);
 
-    // "label => value"; of a host's buffer at most `size` bytes.
+    // "label => value"; at most `size` bytes of a host's buffer.
     void Out(const char* label, long value);
-    void Out(const char* label, const vel::String& text);
+    void Out(const char* label, const String& text);
     void Out(const char* label, const char* buffer, long size);
 
     // A line of one fragment, the second text following the first directly.
     void Line(const char* text, const char* value = "");
     // A line of two fragments.
-    void Line2(const char* label, const vel::String& text);
+    void Line2(const char* label, const String& text);
 
     // The result that the frame reports. Without one there is no result line.
     void SetResult(long result);
@@ -46,26 +48,16 @@ class CallFrame {
     bool hasResult_ = false;
 };
 
-// What is done in a frame: a callable that takes it and returns the result, without its type.
-class FrameBody {
-  public:
-    template <class Body>
-    FrameBody(const Body& body)  // NOLINT(google-explicit-constructor): made where it is passed
-        : body_(&body), call_([](const void* callable, CallFrame& frame) {
-              return (*static_cast<const Body*>(callable))(frame);
-          }) {}
-    long operator()(CallFrame& frame) const { return call_(body_, frame); }
+// What is done in a frame; returns the result.
+using FrameBody = FunctionRef<long(CallFrame&)>;
 
-  private:
-    const void* body_;
-    long (*call_)(const void* callable, CallFrame& frame);
-};
-
-// Runs the body in a frame and returns what it returns. When it throws, the frame reports `failure`
-// and the exception goes on: for operations that others of the library call, and that must not
-// mistake want of memory for an answer.
+// Runs the body in a frame and returns what it returns. When the body throws, the frame reports
+// `failure` and the exception goes on: for operations that the library itself calls, which must not
+// take a lack of memory for an answer.
 long InFrame(const char* name, long failure, const FrameBody& body);
 
-// The frame of an exported operation: nothing is thrown out of it, and a body that throws has the
+// The frame of an exported operation: nothing is thrown out of it. A body that throws has the
 // result `failure`.
 long Framed(const char* name, long failure, const FrameBody& body);
+
+}  // namespace vel

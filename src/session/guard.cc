@@ -5,17 +5,21 @@
 
 #include "foundation/index_exception.h"
 
-// The C++ runtime hands out a cancelled thread as a reference to nothing, at which its sanitizer
-// stops.
-__attribute__((no_sanitize("null"))) bool RunGuarded(void (*body)(void* context), void* context) {
+namespace vel {
+
+// The C++ runtime hands out a cancelled thread as a reference to nothing, and its sanitizer would
+// stop there.
+__attribute__((no_sanitize("null"))) bool Guarded(const FunctionRef<void()>& body) {
     try {
-        body(context);
+        body();
         return true;
-    } catch (const vel::CIndexOutOfRangeException* exception) {
+    } catch (const CIndexOutOfRangeException* exception) {
         delete exception;
     } catch (const abi::__forced_unwind&) {
-        throw;  // the host cancels its thread inside a callback; that is no exception to be stopped
-    } catch (...) {  // out of memory; the library has no other, and callbacks throw none
+        throw;       // the host cancels its thread inside a callback; that must not be stopped
+    } catch (...) {  // out of memory: the library has no other exception, and callbacks throw none
     }
     return false;
 }
+
+}  // namespace vel

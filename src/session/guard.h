@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <type_traits>
+#include "foundation/function_ref.h"
 
-// The one place where exceptions end. Runs `body(context)`; false when it threw.
-bool RunGuarded(void (*body)(void* context), void* context);
+namespace vel {
 
-// Runs a callable that takes no arguments; false when it threw.
-template <class Body>
-bool Guarded(Body&& body) {
-    using Callable = std::remove_reference_t<Body>;
-    return RunGuarded([](void* context) { (*static_cast<Callable*>(context))(); }, &body);
-}
+// The one place where exceptions end. Runs the body; false when it threw.
+bool Guarded(const FunctionRef<void()>& body);
+
+}  // namespace vel

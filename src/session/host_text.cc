@@ -3,7 +3,9 @@
 
 #include <cstring>
 
-void FillText(char* buffer, long size, const vel::TextView& text) {
+namespace vel {
+
+void FillText(char* buffer, long size, const TextView& text) {
     if (buffer == nullptr || size <= 0) {
         return;
     }
@@ -14,3 +16,5 @@ void FillText(char* buffer, long size, const vel::TextView& text) {
         std::memcpy(buffer, text.data, bytes < room ? bytes : room);
     }
 }
+
+}  // namespace vel

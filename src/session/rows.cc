@@ -4,9 +4,7 @@
 #include "database/multy_value_match.h"
 #include "database/table.h"
 
-using vel::IRow;
-using vel::IRowCondition;
-using vel::Pointer;
+namespace vel {
 
 Velmor::Rows RowsOf(const Velmor::Table& table) {
     Velmor::Rows rows;
@@ -32,10 +30,10 @@ Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
     return row;
 }
 
-Pointer<IRow> RowById(const Velmor::Table& table, const vel::TextView& id) {
+Pointer<IRow> RowById(const Velmor::Table& table, const TextView& id) {
     Pointer<IRow> row;
     if (table) {
-        static_cast<const vel::Table&>(*table).get_Row(id, *&row);  // every table is a Table
+        static_cast<const Table&>(*table).get_Row(id, *&row);  // every table is a Table
     }
     return row;
 }
@@ -45,7 +43,7 @@ Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Vel
 }
 
 Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required) {
-    auto match = Pointer<vel::MultyValueMatch>::Adopt(new vel::MultyValueMatch);
+    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
     for (const Required& one : required) {
         match->Require(one.column, one.text);
     }
@@ -59,3 +57,5 @@ Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& 
     }
     return rows;
 }
+
+}  // namespace vel

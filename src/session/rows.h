@@ -6,24 +6,25 @@
 #include "database/row.h"
 #include "session/session.h"
 
-// The look-ups that the exported operations share. A table or a collection that is missing has no
-// rows.
+namespace vel {
+
+// The look-ups that the exported operations share. A missing table or collection has no rows.
 
 Velmor::Rows RowsOf(const Velmor::Table& table);
 int CountOf(const Velmor::Rows& rows);
-// The row at an index, none when it is out of range.
-vel::Pointer<vel::IRow> RowAt(const Velmor::Rows& rows, long index);
+// The row at an index; none when the index is out of range.
+Pointer<IRow> RowAt(const Velmor::Rows& rows, long index);
 // The row whose key is the text.
-vel::Pointer<vel::IRow> RowById(const Velmor::Table& table, const vel::TextView& id);
+Pointer<IRow> RowById(const Velmor::Table& table, const TextView& id);
 // The row whose key stands in a cell of another row; none without the other row.
-vel::Pointer<vel::IRow> RowNamedBy(const vel::Pointer<vel::IRow>& row, const char* column,
-                                   const Velmor::Table& table);
+Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Velmor::Table& table);
 // The rows whose columns hold the given texts.
 struct Required {
     const char* column;
-    const vel::String& text;
+    const String& text;
 };
 Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required);
 // The rows that match a condition, which is made for this query and released by it.
-Velmor::Rows FindRows(const Velmor::Table& table,
-                      const vel::Pointer<vel::IRowCondition>& condition);
+Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition);
+
+}  // namespace vel

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The tables and columns of a catalogue, and the settings in it, by the names that the library
-// looks for. docs/catalogue.md says what they hold.
-namespace schema {
+// The names of the tables, columns and settings that the library looks for in a catalogue.
+// docs/catalogue.md says what they hold.
+namespace vel::schema {
 
 inline constexpr char kCountries[] = "Countries";
 inline constexpr char kPhones[] = "Phones";
@@ -29,6 +29,18 @@ inline constexpr char kNetworkType[] = "NetworkType";
 inline constexpr char kManufacturerResponse[] = "Response(AT+CGMI)";
 inline constexpr char kPhoneResponse[] = "Response(AT+CGMM)";
 inline constexpr char kNetworkResponse[] = "Response(AT+COPS)";
+inline constexpr char kAPN[] = "APN";
+inline constexpr char kNUM[] = "NUM";
+inline constexpr char kVAR1[] = "VAR1";
+inline constexpr char kClientIP[] = "ClientIP";
+inline constexpr char kGatewayIP[] = "GatewayIP";
+inline constexpr char kDNS1[] = "DNS1";
+inline constexpr char kDNS2[] = "DNS2";
+inline constexpr char kContractType[] = "ContractType";
+inline constexpr char kDefault[] = "Default";
+inline constexpr char kUser[] = "User";
+inline constexpr char kPassword[] = "Password";
+inline constexpr char kRequiresUser[] = "RequiresUserAndPassword";
 inline constexpr char kDialString[] = "DialString";
 inline constexpr char kInitializationString[] = "InitializationString";
 inline constexpr char kVariable[] = "Variable";
@@ -41,4 +53,4 @@ inline constexpr char kMakeUpperCase[] = "MakeUpperCase";
 inline constexpr char kRemoveCharacters[] = "RemoveCharacters";
 inline constexpr char kCompress[] = "Compress";
 
-}  // namespace schema
+}  // namespace vel::schema

@@ -6,6 +6,8 @@
 #include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
 
+using namespace vel;
+
 namespace {
 
 // The tables that a session holds, in the order in which they are fetched. A session is complete
@@ -26,7 +28,7 @@ const struct {
     {&Velmor::networks, schema::kNetworks, false},
 };
 
-// Those that it lets go of at its end, in this order.
+// The tables that a session releases at its end, in this order.
 constexpr Velmor::Table Velmor::*kReleased[] = {
     &Velmor::manufacturers,    &Velmor::countries,           &Velmor::basicDUNSettings,
     &Velmor::phones,           &Velmor::phoneIdentification, &Velmor::networkIdentification,
@@ -42,13 +44,13 @@ Velmor* Velmor::getVelmor() {
 
 void Velmor::Init(const char* aDatabaseFile) {
     traceDepth = 0;
-    vel::DBReader reader(aDatabaseFile, vel::kSeparator);
+    DBReader reader(aDatabaseFile, kSeparator);
     database = reader.get_DB();
     for (const auto& held : kTables) {
         this->*held.table = FetchTable(held.name);
     }
     const Table variables = FetchTable(schema::kGeneralVariables);
-    const char trace = vel::Setting(variables.get()).get_Setting(schema::kTrace).First();
+    const char trace = Setting(variables.get()).get_Setting(schema::kTrace).First();
     traceSwitch = trace == 'y' || trace == 'Y';
 }
 

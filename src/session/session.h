@@ -4,8 +4,8 @@
 #include "database/interfaces.h"
 #include "velmor.h"
 
-// The one session of the process: all state of the library. The exported operations are its only
-// users; between them they read and fill it openly.
+// The one session of the process: all state of the library. Only the exported operations use it;
+// they read and write its fields directly.
 class Velmor {
   public:
     using Table = vel::Pointer<vel::ITable>;
@@ -17,13 +17,13 @@ class Velmor {
     Velmor(const Velmor&) = delete;
     Velmor& operator=(const Velmor&) = delete;
 
-    // Loads the catalogue and fetches its tables; what the file lacks becomes null. Keeps the
-    // cached and detected rows, the identifiers and the callbacks.
+    // Loads the catalogue and fetches its tables; a table that the file lacks becomes null. Keeps
+    // the cached and detected rows, the identifiers and the callbacks.
     void Init(const char* aDatabaseFile);
-    // Whether everything is there without which nothing can be answered.
+    // Whether the database and every table that the exported operations require are there.
     bool IsComplete() const;
-    // Lets go of the catalogue and of the rows kept from it. Kept: two tables that no query needs
-    // without the others, the identifiers and the callbacks stay as they are.
+    // Releases the catalogue and the rows kept from it. For compatibility two tables, which no
+    // query uses without the others, stay, and so do the identifiers and the callbacks.
     void Release();
     // Drops what the last detection found.
     void ForgetDetection();
@@ -41,16 +41,16 @@ class Velmor {
     Table basicDUNForPhone;
     Table networks;
 
-    Rows countrySettings;  // the settings of the country last asked about,
-    // The three identifiers start as no text and are dropped to none: a session comes into being
-    // and forgets without needing memory.
-    vel::String countrySettingsId{nullptr};  // and the key of that country
+    // The three identifiers start without a buffer and are emptied to that state: making a session
+    // and forgetting a detection need no memory.
+    Rows countrySettings;                    // the settings of the country last asked about
+    vel::String countrySettingsId{nullptr};  // the key of that country
     Rows detectedSettings;                   // what the last detection found
     vel::String detectedPhoneId{nullptr};
     vel::String detectedNetworkId{nullptr};
 
     bool traceSwitch = false;  // whether calls are written to the trace log
-    int traceDepth = 0;        // framed calls under way; kept by CallFrame
+    int traceDepth = 0;        // calls that have not returned yet; kept by CallFrame
 
     Velmor_ReadFunction readFunction = nullptr;
     Velmor_SendFunction sendFunction = nullptr;

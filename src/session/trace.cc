@@ -5,17 +5,18 @@
 #include "session/session.h"
 #include "storage/file.h"
 
+namespace vel {
 namespace {
 
-constexpr int kIndent = 3;  // blanks for each level
+constexpr int kIndent = 3;  // blanks for each call that has not returned yet
 
-void WriteFragment(const vel::String& text, int depth) {
-    vel::String line;
+void WriteFragment(const String& text, int depth) {
+    String line;
     for (int i = 0; i < kIndent * depth; ++i) {
         line.Append(' ');
     }
     line = line + text;
-    vel::File log(kTraceLogPath, vel::accessAppend);
+    File log(kTraceLogPath, accessAppend);
     if (log.openFile()) {
         log.writeLine(line);
     }
@@ -27,7 +28,11 @@ bool IsTracing() {
     return Velmor::getVelmor()->traceSwitch;
 }
 
-void Trace(vel::String& text) {
+}  // namespace vel
+
+using namespace vel;
+
+void Trace(String& text) {
     Guarded([&] {
         if (IsTracing()) {
             WriteFragment(text, Velmor::getVelmor()->traceDepth);
@@ -38,7 +43,7 @@ void Trace(vel::String& text) {
 void Trace(long number) {
     Guarded([&] {
         if (IsTracing()) {
-            vel::String text = vel::String::FromLong(number);
+            String text = String::FromLong(number);
             Trace(text);
         }
     });
@@ -47,7 +52,7 @@ void Trace(long number) {
 void Trace(const char* text) {
     Guarded([&] {
         if (IsTracing()) {
-            vel::String fragment(text);
+            String fragment(text);
             Trace(fragment);
         }
     });

@@ -4,19 +4,21 @@
 #include "foundation/string.h"
 #include "velmor.h"
 
-// The trace log: plain text, appended fragment by fragment, each opened, written and closed on its
-// own so that the log is complete whatever becomes of the host. Every fragment, the line end "\r\n"
-// included, is preceded by three blanks for each framed call under way.
+// The trace log: plain text, appended fragment by fragment. The file is opened and closed for each
+// fragment, so that the log is complete even if the host crashes. Three blanks for each call that
+// has not returned yet precede every fragment, the line end "\r\n" included.
 //
-// Silent: a fragment that cannot be written, for want of memory or of a writable log, is lost and
-// nothing else changes. With the session's trace switch off the writers return at once.
+// Silent: a fragment that cannot be written, because memory or a writable log is missing, is lost
+// and nothing else changes. With the session's trace switch off the writers return at once.
 
-// Writes the text up to its first NUL; one without a buffer leaves the indentation alone.
+// Writes the text up to its first NUL; only the indentation when the text has no buffer.
 VELMOR_EXPORT void Trace(vel::String& text);
 // Writes the number in decimal.
 VELMOR_EXPORT void Trace(long number);
-// Writes the text; null leaves the indentation alone.
+// Writes the text; only the indentation when it is null.
 VELMOR_EXPORT void Trace(const char* text);
+
+namespace vel {
 
 // Whether the session traces at all.
 bool IsTracing();
@@ -24,3 +26,5 @@ bool IsTracing();
 // Path of the log. Defined in a file of its own, so that a program which links the library's
 // objects can have its log elsewhere.
 extern const char* const kTraceLogPath;
+
+}  // namespace vel

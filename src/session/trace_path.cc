@@ -1,4 +1,4 @@
 // SPDX-License-Identifier: MIT
 #include "session/trace.h"
 
-const char* const kTraceLogPath = VELMOR_TRACE_LOG;
+const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;

@@ -7,7 +7,6 @@
 #include "storage/file.h"
 
 namespace vel {
-
 namespace {
 
 constexpr std::int32_t kModulus = 2147483647;  // 2^31 - 1

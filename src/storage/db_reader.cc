@@ -4,7 +4,6 @@
 #include "storage/catalogue_format.h"
 
 namespace vel {
-
 namespace {
 
 // The table of the section being read. When its name was taken it is in no directory, and whoever

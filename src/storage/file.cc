@@ -4,7 +4,6 @@
 #include <cstring>
 
 namespace vel {
-
 namespace {
 
 void AppendWithoutReturns(String& line, const char* bytes, int length) {

@@ -43,14 +43,14 @@ const vel::String kCommand("AT+CIMI\r"), kRecipe("PhoneIdentificationVariables")
 // ATCompress and ATCommand, whose texts have no bounds.
 long Compress(Answer& a) {
     const long result = ATCompress(text, kRecipe);
-    FillText(a.first, 20, text);
+    vel::FillText(a.first, 20, text);
     return result;
 }
 long Command(Answer& a) {
     vel::String response(nullptr);
     const long result = ATCommand(kCommand, response, 0);
     if (result == 0) {
-        FillText(a.first, 20, response);
+        vel::FillText(a.first, 20, response);
     }
     return result;
 }
@@ -183,7 +183,7 @@ class FaultSweep : public SessionTest {
     template <class Kind>
     void Fault(std::size_t step, std::size_t n, typename Kind::Fail how, bool goOn, bool& failed) {
         constexpr bool kFiles = std::is_same_v<Kind, stdio>;
-        std::filesystem::remove(kTraceLogPath);
+        std::filesystem::remove(vel::kTraceLogPath);
         std::size_t read = bytes_.size();
         if constexpr (kFiles) {
             read = step == 0 ? ReadUntil(n, how) : read;

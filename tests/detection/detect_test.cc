@@ -144,7 +144,7 @@ TEST_F(Detection, Traces) {
     Velmor_GetDetectedDUNSettingByIndex(0, 1, &record);
     Velmor_GetDUNSetting(0, 10, 4, &record);
     ExpectLog("detection/success.log");
-    std::filesystem::remove(kTraceLogPath);
+    std::filesystem::remove(vel::kTraceLogPath);
     Detect("AT+CGMI: Acme\nAT+CIMI: 12345");
     Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
     Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);

@@ -65,7 +65,7 @@ TEST(Profiles, AreDetectedAsTheySay) {
     int known = 0;
     for (const auto& file : std::filesystem::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
         SCOPED_TRACE(file.path().filename());
-        const Profile profile = ReadProfile(file.path());
+        const tool::Profile profile = tool::ReadProfile(file.path());
         ScriptedPhone::Play(profile);
         EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80),
                   (profile.phone + profile.network).empty() ? -1 : 0);

@@ -17,14 +17,14 @@ class TraceLog : public testing::Test {
   protected:
     void SetUp() override {
         Velmor::getVelmor()->traceSwitch = true;
-        std::filesystem::remove_all(kTraceLogPath);
+        std::filesystem::remove_all(vel::kTraceLogPath);
     }
     void TearDown() override {
         EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
         Velmor::getVelmor()->traceSwitch = false;
         Velmor::getVelmor()->traceDepth = 0;
     }
-    static std::string Log() { return ReadFile(kTraceLogPath); }
+    static std::string Log() { return ReadFile(vel::kTraceLogPath); }
 };
 
 TEST_F(TraceLog, EveryFragmentIsIndented) {
@@ -37,9 +37,11 @@ TEST_F(TraceLog, EveryFragmentIsIndented) {
 }
 
 TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {
-    EXPECT_EQ(Framed("Memory", -1, [](CallFrame&) -> long { throw std::bad_alloc(); }), -1);
-    EXPECT_EQ(Framed("Index", 0,
-                     [](CallFrame&) -> long { throw new vel::CIndexOutOfRangeException(1, 0); }),
+    EXPECT_EQ(vel::Framed("Memory", -1, [](vel::CallFrame&) -> long { throw std::bad_alloc(); }),
+              -1);
+    EXPECT_EQ(vel::Framed(
+                  "Index", 0,
+                  [](vel::CallFrame&) -> long { throw new vel::CIndexOutOfRangeException(1, 0); }),
               0);
     EXPECT_EQ(Log(),
               "Enter: Memory\r\nExit: Memory\r\nResult := -1\r\n"
@@ -50,7 +52,7 @@ TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
     Velmor::getVelmor()->traceSwitch = false;
     const vel::String text("text");
     const std::size_t before = allocation::Count();
-    Framed("Call", -1, [&](CallFrame& frame) -> long {
+    vel::Framed("Call", -1, [&](vel::CallFrame& frame) -> long {
         frame.In("text", text);
         frame.InAddress("text", &text);
         frame.Out("text", "text", 4);
@@ -59,7 +61,7 @@ TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
         return Velmor_GetNrCountries(0);
     });
     EXPECT_EQ(allocation::Count(), before);
-    EXPECT_FALSE(FileExists(kTraceLogPath));
+    EXPECT_FALSE(FileExists(vel::kTraceLogPath));
 }
 
 }  // namespace

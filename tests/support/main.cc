@@ -7,7 +7,7 @@
 
 #include "session/trace.h"
 
-const char* const kTraceLogPath = "trace.log";
+const char* const vel::kTraceLogPath = "trace.log";
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);

@@ -6,18 +6,18 @@
 // A simulated phone behind the host's callbacks: pass ScriptedPhone::Read and ScriptedPhone::Send
 // to Velmor_Initialise. There is one; Play replaces it and clears the records.
 struct ScriptedPhone {
-    static inline std::optional<SimulatedPhone> phone;
+    static inline std::optional<tool::SimulatedPhone> phone;
     static inline long reads = 0;                 // calls of Read, the failed ones included
     static inline long timeout = 0;               // what the last one got
     static inline std::vector<std::string> sent;  // what each call of Send got
 
-    static void Play(const Profile& profile) {
+    static void Play(const tool::Profile& profile) {
         phone.emplace(profile);
         reads = timeout = 0;
         sent.clear();
     }
     // The text of a profile, for instance "echo = off\nAT+CGMI: Acme\n".
-    static void Play(const std::string& text) { Play(ParseProfile(text, "script")); }
+    static void Play(const std::string& text) { Play(tool::ParseProfile(text, "script")); }
 
     static long Read(char* buffer, long count, long readTimeout) {
         ++reads;

@@ -50,7 +50,7 @@ class SessionTest : public testing::Test {
         Velmor& session = *Velmor::getVelmor();
         EXPECT_EQ(session.traceDepth, 0);
         session.traceSwitch = false;
-        std::filesystem::remove_all(kTraceLogPath);
+        std::filesystem::remove_all(vel::kTraceLogPath);
     }
     static long Initialise(const std::string& bytes, Velmor_ReadFunction read = nullptr,
                            Velmor_SendFunction send = nullptr) {
@@ -59,7 +59,7 @@ class SessionTest : public testing::Test {
     }
     static std::string Log() {
         static const std::regex address("(\\(long\\)[a-zA-Z_]+ <= +)-?[1-9][0-9]*");
-        return std::regex_replace(ReadFile(kTraceLogPath), address, "$1ADDRESS");
+        return std::regex_replace(ReadFile(vel::kTraceLogPath), address, "$1ADDRESS");
     }
     // Compares the log with a checked-in one; with VELMOR_RENEW_LOGS set, replaces that.
     static void ExpectLog(const std::string& name) {

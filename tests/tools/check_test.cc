@@ -9,6 +9,8 @@
 #include "tests/support/dump.h"
 #include "tests/support/session.h"
 
+using namespace tool;
+
 namespace {
 
 using namespace std::string_literals;

@@ -9,6 +9,8 @@
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 
+using namespace tool;
+
 namespace {
 
 using nlohmann::json;

@@ -7,6 +7,8 @@
 #include "tests/support/scripted_phone.h"
 #include "tests/support/session.h"
 
+using namespace tool;
+
 namespace {
 
 const std::string kRealFile = "/usr/share/mobile-broadband-provider-info/serviceproviders.xml";
@@ -15,10 +17,9 @@ const std::string kPhones = kHere + "phones.source";
 
 // Runs the command, which writes "out.source".
 void Import(const std::string& providers, const std::string& phones, const std::string& more) {
-    CLI::App app;
-    int status = kExitOk;
-    AddImport(app, status);
-    app.parse("import " + providers + " --phones " + phones + " -o out.source" + more);
+    CommandLine line;
+    AddImport(line);
+    line.app.parse("import " + providers + " --phones " + phones + " -o out.source" + more);
 }
 
 TEST(Import, DecidesWhatTheDataLeaveOpen) {

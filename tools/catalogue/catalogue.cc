@@ -7,6 +7,7 @@
 #include "catalogue/lines.h"
 #include "storage/catalogue_format.h"
 
+namespace tool {
 namespace {
 
 // Puts the records of a catalogue together to tables.
@@ -211,3 +212,5 @@ Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {
     }
     return catalogue;
 }
+
+}  // namespace tool

@@ -3,6 +3,8 @@
 
 #include "catalogue/finding.h"
 
+namespace tool {
+
 // A row of a table, which has a cell for each of its columns.
 struct CatalogueRow {
     int line = 0;
@@ -40,3 +42,5 @@ struct Catalogue {
 // Takes the bytes of a catalogue apart, be it a source, the stored form or plain, and adds what is
 // wrong with its lines and their order.
 Catalogue ReadCatalogue(const std::string& bytes, Findings& findings);
+
+}  // namespace tool

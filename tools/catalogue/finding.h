@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace tool {
+
 enum class Severity { kWarning, kError };
 
 // Where a finding is: a line of the file, 0 for the file as a whole, and the table it belongs to.
@@ -36,6 +38,8 @@ inline void AddWarning(Findings& findings, const char* id, const Place& place,
     AddFinding(findings, id, Severity::kWarning, place, std::move(message));
 }
 
-inline std::string Quoted(const std::string& text) {
+inline std::string InQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
+
+}  // namespace tool

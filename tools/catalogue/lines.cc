@@ -7,6 +7,7 @@
 #include "support/input_file.h"
 #include "support/texts.h"
 
+namespace tool {
 namespace {
 
 // Reads line after line as the library does: the key stream runs on from one hidden line to the
@@ -111,7 +112,7 @@ void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount)
     const std::string before = text.substr(hidden ? 1 : 0, first - (hidden ? 1 : 0));
     if (!IsBlank(before)) {
         AddWarning(findings_, "text-before-record", Here(),
-                   "the library ignores the text " + Quoted(before) +
+                   "the library ignores the text " + InQuotes(before) +
                        " before the first separator: remove it, or put a separator before it");
     }
     // Two more separators end what the library leaves unfinished, be the first of them escaped.
@@ -120,7 +121,7 @@ void LineReader::CheckEnds(const std::string& text, bool hidden, int fieldCount)
     const std::string after = FromLibrary(record[fieldCount]);
     if (!IsBlank(after)) {
         AddWarning(findings_, "text-after-record", Here(),
-                   "the library ignores the text " + Quoted(after) +
+                   "the library ignores the text " + InQuotes(after) +
                        " after the last separator: remove it, or end it with a separator");
     }
 }
@@ -134,3 +135,5 @@ std::vector<CatalogueRecord> ReadRecords(const std::string& bytes, Findings& fin
     }
     return std::move(reader.records);
 }
+
+}  // namespace tool

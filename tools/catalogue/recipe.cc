@@ -1,32 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/recipe.h"
 
-std::string Recipe::Apply(const std::string& answer) const {
-    std::string removed;
-    for (const char c : answer) {
-        if (removeCharacters.find(c) == std::string::npos) {
-            removed += c;
-        }
+#include "database/table.h"
+#include "support/texts.h"
+
+namespace tool {
+
+vel::Recipe ReadRecipe(const CatalogueTable* table) {
+    if (table == nullptr) {
+        return vel::Recipe(nullptr);
     }
-    if (!makeUpperCase) {
-        return removed;  // kept: without upper case the library compresses nothing
+    const auto copy = vel::Pointer<vel::Table>::Adopt(
+        new vel::Table(nullptr, ToLibrary(table->name), ToLibrary(table->columns)));
+    for (const CatalogueRow& row : table->rows) {
+        vel::Pointer<vel::IRow> made;
+        copy->CreateRow(ToLibrary(row.cells), *&made);
     }
-    std::string result;
-    char previous = '\0';
-    for (const char c : removed) {
-        const bool compressed = compress.find(c) != std::string::npos;
-        if (!compressed || c != previous) {
-            result += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-        }
-        previous = compressed ? c : '\0';
-    }
-    return result;
+    vel::Recipe recipe(copy.get());
+    copy->Destroy();  // its rows refer to it
+    return recipe;
 }
 
-bool Recipe::CanYield(const std::string& key) const {
-    std::string small = key;
-    for (char& c : small) {
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-    return Apply(key) == key || Apply(small) == key;
+std::string MakeKey(const vel::Recipe& recipe, const std::string& answer) {
+    vel::String key = ToLibrary(answer);
+    recipe.Apply(key);
+    return FromLibrary(key);
 }
+
+}  // namespace tool

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
+#include "catalogue/catalogue.h"
+#include "detection/recipe.h"
 
-// How the library brings an answer of the phone into the form of a catalogue's keys.
-struct Recipe {
-    bool makeUpperCase = false;
-    std::string removeCharacters;
-    std::string compress;
+namespace tool {
 
-    // What becomes of an answer.
-    std::string Apply(const std::string& answer) const;
-    // Whether some answer becomes the key, be it in small letters.
-    bool CanYield(const std::string& key) const;
-};
+// The recipe in a table of a catalogue, as the library reads it; null gives one without steps.
+vel::Recipe ReadRecipe(const CatalogueTable* table);
+
+// The key that the recipe makes of an answer.
+std::string MakeKey(const vel::Recipe& recipe, const std::string& answer);
+
+}  // namespace tool

@@ -3,8 +3,16 @@
 
 #include <cstring>
 
+namespace tool {
+
 std::string HostText(const char* buffer, std::size_t size) {
     return {buffer, strnlen(buffer, size)};
+}
+
+std::string CountryName(long index) {
+    char name[1024];
+    Velmor_GetCountryByIndex(0, index, name, sizeof name);
+    return HostText(name);
 }
 
 Json DescribeSetting(const Velmor_DUNSetting& setting) {
@@ -23,35 +31,35 @@ Json DescribeSetting(const Velmor_DUNSetting& setting) {
             {"country", HostText(setting.Country)}};
 }
 
-Json DescribeRecord(const Velmor_DUNSetting& record, bool ready) {
-    Json json = DescribeSetting(record);
-    json["dial"] = HostText(record.DialString);
-    json["initialization"] = HostText(record.InitializationString);
+Json DescribeSetting(const Velmor_DUNSetting& setting, bool ready) {
+    Json json = DescribeSetting(setting);
+    json["dial"] = HostText(setting.DialString);
+    json["initialization"] = HostText(setting.InitializationString);
     json["ready"] = ready;
     return json;
 }
 
-std::vector<TextRow> RecordRows(const Velmor_DUNSetting& record) {
+std::vector<TextRow> SettingRows(const Velmor_DUNSetting& setting) {
     const struct {
         const char* label;
         std::string text;
     } fields[] = {
-        {"  country", HostText(record.Country)},
-        {"  access point", HostText(record.APN)},
-        {"  initialisation", HostText(record.InitializationString)},
-        {"  dial", HostText(record.DialString)},
-        {"  user", HostText(record.DefaultUser)},
-        {"  password", HostText(record.DefaultPassword)},
-        {"  requires user", HostText(record.RequiresUser)},
-        {"  contract", HostText(record.ContractType)},
-        {"  default", HostText(record.Default)},
-        {"  client address", HostText(record.ClientIP)},
-        {"  gateway", HostText(record.GatewayIP)},
-        {"  name server", HostText(record.Dns1)},
-        {"  name server 2", HostText(record.Dns2)},
+        {"  country", HostText(setting.Country)},
+        {"  access point", HostText(setting.APN)},
+        {"  initialisation", HostText(setting.InitializationString)},
+        {"  dial", HostText(setting.DialString)},
+        {"  user", HostText(setting.DefaultUser)},
+        {"  password", HostText(setting.DefaultPassword)},
+        {"  requires user", HostText(setting.RequiresUser)},
+        {"  contract", HostText(setting.ContractType)},
+        {"  default", HostText(setting.Default)},
+        {"  client address", HostText(setting.ClientIP)},
+        {"  gateway", HostText(setting.GatewayIP)},
+        {"  name server", HostText(setting.Dns1)},
+        {"  name server 2", HostText(setting.Dns2)},
     };
     std::vector<TextRow> rows{
-        {"Setting " + std::to_string(record.aBasicDUNSettingId), HostText(record.DisplayName)}};
+        {"Setting " + std::to_string(setting.aBasicDUNSettingId), HostText(setting.DisplayName)}};
     for (const auto& field : fields) {
         if (!field.text.empty()) {
             rows.push_back({field.label, field.text});
@@ -59,3 +67,5 @@ std::vector<TextRow> RecordRows(const Velmor_DUNSetting& record) {
     }
     return rows;
 }
+
+}  // namespace tool

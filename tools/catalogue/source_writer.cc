@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/source_writer.h"
 
+#include <algorithm>
+
 #include "storage/catalogue_format.h"
 #include "support/error.h"
+
+namespace tool {
 
 std::string SourceRecord(const std::vector<std::string>& fields) {
     std::string text(1, vel::kSeparator);
@@ -16,6 +20,16 @@ std::string SourceRecord(const std::vector<std::string>& fields) {
         text += vel::kSeparator;
     }
     return text;
+}
+
+std::vector<std::string> InColumns(const std::vector<std::string>& columns, const Values& values) {
+    std::vector<std::string> row;
+    for (const std::string& column : columns) {
+        const auto value = std::find_if(values.begin(), values.end(),
+                                        [&](const auto& v) { return v.first == column; });
+        row.push_back(value == values.end() ? "" : value->second);
+    }
+    return row;
 }
 
 SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
@@ -63,3 +77,5 @@ void SourceWriter::AddHidden(const std::vector<std::string>& fields) {
 void SourceWriter::AddRecord(const std::vector<std::string>& fields) {
     text_ += SourceRecord(fields) + '\n';
 }
+
+}  // namespace tool

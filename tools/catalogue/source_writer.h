@@ -6,8 +6,16 @@
 
 #include "catalogue/catalogue.h"
 
+namespace tool {
+
 // A record as it stands in a source, without a line end.
 std::string SourceRecord(const std::vector<std::string>& fields);
+
+// Values by the names of their columns.
+using Values = std::vector<std::pair<std::string, std::string>>;
+
+// The values in the order of a table's columns; empty for a column that has none.
+std::vector<std::string> InColumns(const std::vector<std::string>& columns, const Values& values);
 
 // Builds the text of a catalogue source: one database, whose tables and rows are lines to be
 // enciphered. Calls come in the order of the file: BeginTable, AddRow..., EndTable, ..., Finish.
@@ -31,3 +39,5 @@ class SourceWriter {
     std::string path_;
     std::string text_;
 };
+
+}  // namespace tool

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <tuple>
 
+namespace tool {
+
 Findings CheckCatalogue(const std::string& bytes) {
     Findings findings;
     const Catalogue catalogue = ReadCatalogue(bytes, findings);
@@ -16,3 +18,5 @@ Findings CheckCatalogue(const std::string& bytes) {
     });
     return findings;
 }
+
+}  // namespace tool

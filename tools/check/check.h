@@ -3,6 +3,8 @@
 
 #include "catalogue/catalogue.h"
 
+namespace tool {
+
 // Everything that is wrong with the bytes of a catalogue, in the order of its lines.
 Findings CheckCatalogue(const std::string& bytes);
 
@@ -15,3 +17,5 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings);
 void CheckIdentification(const Catalogue& catalogue, Findings& findings);
 // What becomes of settings on their way into a host's record.
 void CheckSettings(const Catalogue& catalogue, Findings& findings);
+
+}  // namespace tool

@@ -3,32 +3,21 @@
 
 #include "catalogue/recipe.h"
 #include "check/check.h"
+#include "detection/questions.h"
 #include "session/schema.h"
 
+namespace tool {
 namespace {
 
-using namespace schema;
+using namespace vel::schema;
 
-constexpr std::size_t kImsiDigits = 5;  // of a subscriber's number that the library looks up
-
-std::string Setting(const CatalogueTable& table, const char* name) {
-    for (const CatalogueRow& row : table.rows) {
-        if (row.Cell(table.Column(kVariable)) == name) {
-            return row.Cell(table.Column(kValue));
-        }
+// Whether some answer, in capital or small letters, becomes the key.
+bool CanYield(const vel::Recipe& recipe, const std::string& key) {
+    std::string small = key;
+    for (char& c : small) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     }
-    return "";
-}
-
-Recipe FindRecipe(const Catalogue& catalogue, const char* name) {
-    Recipe recipe;
-    if (const CatalogueTable* table = catalogue.Find(name)) {
-        const std::string upper = Setting(*table, kMakeUpperCase);
-        recipe.makeUpperCase = upper[0] == 'Y' || upper[0] == 'y';
-        recipe.removeCharacters = Setting(*table, kRemoveCharacters);
-        recipe.compress = Setting(*table, kCompress);
-    }
-    return recipe;
+    return MakeKey(recipe, key) == key || MakeKey(recipe, small) == key;
 }
 
 // One of the identification tables.
@@ -40,7 +29,7 @@ class IdentificationCheck {
           response_(table_ == nullptr ? -1 : table_->Column(response)),
           result_(table_ == nullptr ? -1 : table_->Column(result)),
           recipeName_(recipe),
-          recipe_(FindRecipe(catalogue, recipe)),
+          recipe_(ReadRecipe(catalogue.Find(recipe))),
           findings_(findings) {}
 
     void CheckManufacturers();
@@ -58,7 +47,7 @@ class IdentificationCheck {
     int response_;
     int result_;
     const char* recipeName_;
-    Recipe recipe_;
+    vel::Recipe recipe_;
     Findings& findings_;
 };
 
@@ -69,12 +58,12 @@ std::vector<const CatalogueRow*> IdentificationCheck::ReachableRows() {
     }
     for (const CatalogueRow& row : table_->rows) {
         const std::string key = row.Cell(response_);
-        if (recipe_.CanYield(key)) {
+        if (CanYield(recipe_, key)) {
             rows.push_back(&row);
         } else {
             AddError(findings_, "unmatchable-key", table_->At(row),
                      "the recipe " + std::string(recipeName_) + " makes " +
-                         Quoted(recipe_.Apply(key)) + " of " + Quoted(key) +
+                         InQuotes(MakeKey(recipe_, key)) + " of " + InQuotes(key) +
                          ", so no answer ever matches the row: write the key as the recipe does");
         }
     }
@@ -135,7 +124,8 @@ void IdentificationCheck::CheckNetworks() {
     CheckEqualKeys(rows, -1);
     for (const CatalogueRow* row : rows) {
         const std::string key = row->Cell(response_);
-        if (key.size() > kImsiDigits && key.find_first_not_of("0123456789") == std::string::npos) {
+        if (key.size() > vel::kImsiDigits &&
+            key.find_first_not_of("0123456789") == std::string::npos) {
             AddError(findings_, "long-network-key", table_->At(*row),
                      "the key has " + std::to_string(key.size()) +
                          " digits; the library looks up at most five of a subscriber's number: use"
@@ -157,3 +147,5 @@ void CheckIdentification(const Catalogue& catalogue, Findings& findings) {
                         kNetworkRecipe, findings)
         .CheckNetworks();
 }
+
+}  // namespace tool

@@ -6,9 +6,10 @@
 #include "foundation/number.h"
 #include "session/schema.h"
 
+namespace tool {
 namespace {
 
-using namespace schema;
+using namespace vel::schema;
 
 // A column that refers to the keys of another table.
 struct Relation {
@@ -58,7 +59,7 @@ void CheckRelation(const Catalogue& catalogue, const Relation& relation, Finding
         const std::string value = row.Cell(column);
         if (keys.count(value) == 0 && !(value.empty() && relation.mayBeEmpty)) {
             AddError(findings, "dangling-key", table->At(row),
-                     std::string(relation.column) + " " + Quoted(value) + " is no key of " +
+                     std::string(relation.column) + " " + InQuotes(value) + " is no key of " +
                          relation.target + "; " + relation.effect +
                          ": correct it, or add the row it refers to");
         }
@@ -77,7 +78,7 @@ void CheckNetworkTypes(const Catalogue& catalogue, Findings& findings) {
     for (const CatalogueRow& row : table->rows) {
         if (column >= 0 && target >= 0 && types.count(row.Cell(column)) == 0) {
             AddWarning(findings, "unused-network-type", table->At(row),
-                       "no network is of the type " + Quoted(row.Cell(column)) +
+                       "no network is of the type " + InQuotes(row.Cell(column)) +
                            "; the library never uses the row: correct the type or remove the row");
         }
     }
@@ -89,7 +90,7 @@ void CheckRepeated(const CatalogueTable& table, int column, Findings& findings) 
         const auto [first, isNew] = lines.emplace(row.Cell(column), row.line);
         if (!isNew) {
             AddError(findings, "repeated-key", table.At(row),
-                     "the key " + Quoted(first->first) + " stands in line " +
+                     "the key " + InQuotes(first->first) + " stands in line " +
                          std::to_string(first->second) +
                          " already; look-ups find only that row: change the key or remove one row");
         }
@@ -103,7 +104,7 @@ void CheckNumbers(const CatalogueTable& table, Findings& findings) {
         const std::string id = row.Cell(column);
         if (column >= 0 && std::to_string(vel::ReadNumber(id.c_str(), -1)) != id) {
             AddError(findings, "bad-identifier", table.At(row),
-                     "the identifier " + Quoted(id) +
+                     "the identifier " + InQuotes(id) +
                          " is no 32-bit number as the library writes it;"
                          " the host gets another and cannot ask for this row: use plain digits");
         }
@@ -136,3 +137,5 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings) {
         }
     }
 }
+
+}  // namespace tool

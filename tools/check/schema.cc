@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "session/schema.h"
 #include "check/check.h"
+#include "dun/setting_columns.h"
+
+namespace tool {
+
+namespace schema = vel::schema;
 
 namespace {
 
@@ -22,8 +26,20 @@ constexpr char kRefused[] = "the library refuses the catalogue";
 constexpr char kNoDialTexts[] = "no setting gets dial and initialisation strings";
 constexpr char kNoRecipe[] = "the answers are compared with the keys as they come";
 
+// Without a key column a setting is never found; without another one it lacks a value.
+std::vector<ColumnRule> SettingRules() {
+    std::vector<ColumnRule> rules;
+    for (const vel::SettingColumn& column : vel::kSettingColumns) {
+        const std::string name = column.name;
+        const bool isKey =
+            name == schema::kID || name == schema::kNetworkID || name == schema::kCountryID;
+        rules.push_back({column.name, isKey ? kError : kWarning});
+    }
+    return rules;
+}
+
 const std::vector<TableRule>& Rules() {
-    using namespace schema;
+    using namespace vel::schema;
     static const std::vector<ColumnRule> settingColumns = {{kVariable, kError}, {kValue, kError}};
     static const std::vector<TableRule> rules = {
         {kCountries, kError, kRefused, {{kName, kWarning}}},
@@ -42,25 +58,7 @@ const std::vector<TableRule>& Rules() {
          kRefused,
          {{kNetworkResponse, kError}, {kNetworkID, kError}}},
         {kNetworks, kWarning, kNoDialTexts, {{kNetworkType, kError}}},
-        {kBasicDUNSettings,
-         kError,
-         kRefused,
-         {{kID, kError},
-          {kNetworkID, kError},
-          {kCountryID, kError},
-          {"APN", kWarning},
-          {"NUM", kWarning},
-          {"VAR1", kWarning},
-          {"ClientIP", kWarning},
-          {"GatewayIP", kWarning},
-          {"DNS1", kWarning},
-          {"DNS2", kWarning},
-          {kName, kWarning},
-          {"ContractType", kWarning},
-          {"Default", kWarning},
-          {"User", kWarning},
-          {"Password", kWarning},
-          {"RequiresUserAndPassword", kWarning}}},
+        {kBasicDUNSettings, kError, kRefused, SettingRules()},
         {kBasicDUNForPhone,
          kWarning,
          kNoDialTexts,
@@ -83,7 +81,7 @@ void CheckColumns(const CatalogueTable& table, const TableRule& rule, Findings& 
             findings.push_back({"missing-column",
                                 column.missing,
                                 {table.name, table.line},
-                                "no column " + Quoted(column.name) +
+                                "no column " + InQuotes(column.name) +
                                     "; the library takes it for empty in every row: add it"});
         }
     }
@@ -102,7 +100,7 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         if (table.Column(table.columns[i]) < static_cast<int>(i)) {
             AddWarning(findings, "repeated-column", {table.name, table.line},
-                       "a second column " + Quoted(table.columns[i]) +
+                       "a second column " + InQuotes(table.columns[i]) +
                            "; the library reads only the first: name it otherwise");
         }
     }
@@ -129,3 +127,5 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
         CheckRepeatedColumns(table, findings);
     }
 }
+
+}  // namespace tool

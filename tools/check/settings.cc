@@ -3,15 +3,15 @@
 #include <map>
 
 #include "check/check.h"
-#include "session/schema.h"
+#include "dun/dial_texts.h"
+#include "dun/setting_columns.h"
 #include "velmor.h"
 
+namespace tool {
 namespace {
 
-using namespace schema;
+using namespace vel::schema;
 
-// A placeholder of the dial and initialisation strings is the name of a column between "%".
-constexpr const char* kPlaceholders[] = {"APN", "NUM", "VAR1"};
 constexpr const char* kTemplates[] = {kDialString, kInitializationString};
 
 // The settings of the networks of one type, as far as they fill a placeholder.
@@ -21,10 +21,6 @@ struct Filling {
     std::size_t longest = 0;
 };
 using Fillings = std::map<std::string, std::map<std::string, Filling>>;  // by type and name
-
-std::string Between(const char* name) {
-    return std::string("%") + name + "%";
-}
 
 void CheckLengths(const Catalogue& catalogue, const char* name,
                   const std::vector<const char*>& columns, Findings& findings) {
@@ -58,10 +54,10 @@ Fillings FindFillings(const Catalogue& catalogue) {
     }
     for (const CatalogueRow& row : settings->rows) {
         const auto type = types.find(row.Cell(settings->Column(kNetworkID)));
-        for (const char* name : kPlaceholders) {
+        for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
             if (type != types.end()) {
-                const std::string value = row.Cell(settings->Column(name));
-                Filling& filling = fillings[type->second][name];
+                const std::string value = row.Cell(settings->Column(placeholder.column));
+                Filling& filling = fillings[type->second][placeholder.column];
                 filling.emptyLine = filling.emptyCount == 0 ? row.line : filling.emptyLine;
                 filling.emptyCount += value.empty() ? 1 : 0;
                 filling.longest = std::max(filling.longest, value.size());
@@ -84,8 +80,10 @@ std::string FindUnknown(const std::string& text) {
             ++start;
             continue;
         }
-        if (std::find(std::begin(kPlaceholders), std::end(kPlaceholders), word) ==
-            std::end(kPlaceholders)) {
+        const auto* known = std::find_if(
+            std::begin(vel::kPlaceholders), std::end(vel::kPlaceholders),
+            [&](const vel::Placeholder& placeholder) { return word == placeholder.column; });
+        if (known == std::end(vel::kPlaceholders)) {
             return word;
         }
         start += word.size() + 2;
@@ -103,8 +101,8 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
                        "; the library leaves it as it is: write %APN%, %NUM% or %VAR1%");
     }
     std::size_t longest = text.size();
-    for (const char* name : kPlaceholders) {
-        const std::string placeholder = Between(name);
+    for (const auto& [placeholderText, name, message] : vel::kPlaceholders) {
+        const std::string placeholder = placeholderText;
         const Filling& filling = fillings[name];
         std::size_t uses = 0;
         for (std::size_t at = 0; (at = text.find(placeholder, at)) != std::string::npos;
@@ -142,8 +140,8 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
         const auto [first, isNew] = seen.emplace(std::make_pair(phone, type), row.line);
         if (!isNew) {
             AddError(findings, "ambiguous-phone-row", table->At(row),
-                     "another row for phone " + Quoted(phone) + " and network type " +
-                         Quoted(type) + " stands in line " + std::to_string(first->second) +
+                     "another row for phone " + InQuotes(phone) + " and network type " +
+                         InQuotes(type) + " stands in line " + std::to_string(first->second) +
                          "; the library then uses none of them: remove all but one");
         }
         for (const char* column : kTemplates) {
@@ -156,11 +154,16 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
 }  // namespace
 
 void CheckSettings(const Catalogue& catalogue, Findings& findings) {
+    std::vector<const char*> texts;
+    for (const vel::SettingColumn& column : vel::kSettingColumns) {
+        if (column.field != nullptr) {
+            texts.push_back(column.name);
+        }
+    }
     CheckLengths(catalogue, kCountries, {kName}, findings);
-    CheckLengths(catalogue, kBasicDUNSettings,
-                 {"APN", "ClientIP", "GatewayIP", "DNS1", "DNS2", kName, "ContractType", "Default",
-                  "User", "Password", "RequiresUserAndPassword"},
-                 findings);
+    CheckLengths(catalogue, kBasicDUNSettings, texts, findings);
     CheckLengths(catalogue, kBasicDUNForPhone, {kDialString, kInitializationString}, findings);
     CheckPhoneRows(catalogue, findings);
 }
+
+}  // namespace tool

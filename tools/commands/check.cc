@@ -9,6 +9,7 @@
 #include "support/input_file.h"
 #include "support/print.h"
 
+namespace tool {
 namespace {
 
 struct Options {
@@ -65,14 +66,14 @@ int Check(const Options& options) {
 
 }  // namespace
 
-void AddCheck(CLI::App& app, int& status) {
-    auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand(
-        "check", "Tells what is wrong with a catalogue, in its source or its stored form.");
+void AddCheck(CommandLine& line) {
+    const auto [command, options] = line.Add(
+        "check", "Tells what is wrong with a catalogue, in its source or its stored form.", Check);
     command->add_option("CATALOGUE", options->catalogue, "file to check")->required();
     command->add_flag("--json", options->json, "print the findings for machines");
     command->footer(
         "Exit status: 0 without errors (warnings count for nothing), 1 with errors, 2 when the file"
         " cannot be read.\nExample: velmor check my.source\n");
-    command->callback([options, &status] { status = Check(*options); });
 }
+
+}  // namespace tool

@@ -2,20 +2,47 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+namespace tool {
 
 // The exit statuses that the commands share: 0 well, 1 findings or nothing found, 2 trouble.
 enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
 
-// Each of these adds one subcommand, which leaves its exit status in `status` when it runs. One
-// that only prints or writes has no use for it.
-void AddCheck(CLI::App& app, int& status);
-void AddCountries(CLI::App& app);
-void AddDecode(CLI::App& app);
-void AddDetect(CLI::App& app, int& status);
-void AddEncode(CLI::App& app);
-void AddImport(CLI::App& app, int& status);
-void AddPhone(CLI::App& app);
-void AddPhones(CLI::App& app);
-void AddSetting(CLI::App& app, int& status);
-void AddSettings(CLI::App& app, int& status);
-void AddShow(CLI::App& app, int& status);
+// A subcommand whose arguments are still to be added; they fill its options.
+template <class Options>
+struct Subcommand {
+    CLI::App* command;
+    Options* options;
+};
+
+// The command line with its subcommands.
+struct CommandLine {
+    // Adds a subcommand. Its action runs when it is chosen, and returns the exit status.
+    template <class Options>
+    Subcommand<Options> Add(const char* name, const char* help, int (*action)(const Options&)) {
+        auto options = std::make_shared<Options>();
+        CLI::App* command = app.add_subcommand(name, help);
+        command->callback([this, options, action] { status = action(*options); });
+        return {command, options.get()};
+    }
+
+    CLI::App app;
+    int status = kExitOk;  // of the action that ran
+};
+
+// Each of these adds one subcommand.
+void AddCheck(CommandLine& line);
+void AddCountries(CommandLine& line);
+void AddDecode(CommandLine& line);
+void AddDetect(CommandLine& line);
+void AddEncode(CommandLine& line);
+void AddImport(CommandLine& line);
+void AddPhone(CommandLine& line);
+void AddPhones(CommandLine& line);
+void AddSetting(CommandLine& line);
+void AddSettings(CommandLine& line);
+void AddShow(CommandLine& line);
+
+}  // namespace tool

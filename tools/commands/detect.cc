@@ -8,11 +8,12 @@
 #include "commands/command.h"
 #include "commands/dialer_output.h"
 #include "device/player.h"
-#include "diagnosis/detection.h"
+#include "diagnosis/report.h"
 #include "support/error.h"
 #include "support/interruption.h"
 #include "support/private_copy.h"
 
+namespace tool {
 namespace {
 
 struct Options {
@@ -25,7 +26,7 @@ struct Options {
     OutputFormat format;
 };
 
-void WriteForDialer(const Detection& found, const Options& options) {
+void WriteForDialer(const Detection& found, const DialerLink& link, const Options& options) {
     const Detection::Setting* setting = found.Find(options.setting);
     if (setting == nullptr) {
         throw ToolError(options.setting == 0 ? "no setting is ready to dial; --format text says why"
@@ -34,21 +35,22 @@ void WriteForDialer(const Detection& found, const Options& options) {
     }
     if (options.setting == 0 && found.settings.size() > 1) {
         std::cerr << "velmor: of " << found.settings.size() << " settings that fit, this is number "
-                  << setting->record.aBasicDUNSettingId << "; --setting chooses another\n";
+                  << setting->values.aBasicDUNSettingId << "; --setting chooses another\n";
     }
-    WriteDialerFiles(setting->record, options.link, options.format);
+    WriteDialerFiles(setting->values, link, options.format);
 }
 
-int RunDetect(Options& options) {
+int RunDetect(const Options& options) {
     const Interruption interruption;
     std::optional<PlayedPhone> phone;
+    DialerLink link = options.link;
     if (!options.profile.empty()) {
-        options.link.device = phone.emplace(options.profile).device();
+        link.device = phone.emplace(options.profile).device();
     }
     const PrivateSession session(options.catalogue, Dialogue::Read, Dialogue::Send);
     Detection found;
     {
-        SerialLine line(options.link.device, options.link.baud);
+        SerialLine line(link.device, link.baud);
         Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
         found = Detect(dialogue);
         if (Interruption::Signal() != 0) {
@@ -56,7 +58,7 @@ int RunDetect(Options& options) {
             return 128 + Interruption::Signal();
         }
         if (line.Gone()) {
-            throw ToolError(options.link.device + ": the device is gone");
+            throw ToolError(link.device + ": the device is gone");
         }
     }
     if (options.format.name == "text") {
@@ -64,9 +66,9 @@ int RunDetect(Options& options) {
     } else if (options.format.name == "json") {
         PrintDetectionJson(found);
     } else if (found.IsComplete()) {
-        WriteForDialer(found, options);
+        WriteForDialer(found, link, options);
     } else {
-        std::cerr << "velmor: " << options.link.device
+        std::cerr << "velmor: " << link.device
                   << ": phone or network is not known; --format text says more\n";
     }
     return found.IsComplete() ? kExitOk : kExitFindings;
@@ -74,10 +76,10 @@ int RunDetect(Options& options) {
 
 }  // namespace
 
-void AddDetect(CLI::App& app, int& status) {
-    auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand(
-        "detect", "Detects the phone on a serial device and shows the settings that fit.");
+void AddDetect(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("detect", "Detects the phone on a serial device and shows the settings that fit.",
+                 RunDetect);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
     auto* source = command->add_option_group("phone");
     source->add_option("--device", options->link.device, "serial device of the phone")
@@ -99,5 +101,6 @@ void AddDetect(CLI::App& app, int& status) {
     command->footer(
         "Exit status 1 when phone or network is not known.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");
-    command->callback([options, &status] { status = RunDetect(*options); });
 }
+
+}  // namespace tool

@@ -10,11 +10,12 @@
 #include "support/error.h"
 #include "support/texts.h"
 
+namespace tool {
 namespace {
 
-// The value of a field without control characters: a line break would end the AT command or the
-// line that it stands in, and none of the programs has a use for the others.
-std::string Plain(const char* field, const std::string& value) {
+// The value of a field; refuses control characters. A line break would end the AT command or the
+// line in the file, and none of the programs needs the others.
+std::string OneLine(const char* field, const std::string& value) {
     if (std::any_of(value.begin(), value.end(), IsControl)) {
         throw ToolError(std::string(field) +
                         ": holds a line break or another control character, which neither an AT "
@@ -24,7 +25,7 @@ std::string Plain(const char* field, const std::string& value) {
 }
 
 // The value in double quotes, with a backslash before each of some characters.
-std::string Quoted(const std::string& value, const char* escaped) {
+std::string Escaped(const std::string& value, const char* escaped) {
     std::string text = "\"";
     for (const char c : value) {
         text += std::string(escaped).find(c) == std::string::npos ? "" : "\\";
@@ -35,12 +36,12 @@ std::string Quoted(const std::string& value, const char* escaped) {
 
 // In pppd a backslash quotes the next character.
 std::string PppdWord(const std::string& value) {
-    return Quoted(value, "\\\"");
+    return Escaped(value, "\\\"");
 }
 
 // In chat there are also ^C, $VARIABLE, and a file's name after @; EOT and BREAK alone are signals.
 std::string ChatWord(const std::string& value) {
-    std::string text = Quoted(value, "\\\"'^$");
+    std::string text = Escaped(value, "\\\"'^$");
     if (value[0] == '@' || value == "EOT" || value == "BREAK") {
         text.insert(1, "\\");
     }
@@ -49,7 +50,7 @@ std::string ChatWord(const std::string& value) {
 
 // In wvdial's files braces quote as well.
 std::string WvdialValue(const std::string& value) {
-    return Quoted(value, "\\\"{}");
+    return Escaped(value, "\\\"{}");
 }
 
 std::string ShellWord(const std::string& value) {
@@ -72,82 +73,85 @@ std::string Address(const char* field, const std::string& value) {
     return value;
 }
 
-std::string DialString(const Velmor_DUNSetting& record) {
-    std::string dial = Plain("dial string", HostText(record.DialString));
+std::string DialString(const Velmor_DUNSetting& setting) {
+    std::string dial = OneLine("dial string", HostText(setting.DialString));
     if (dial.empty()) {
-        throw ToolError("setting " + std::to_string(record.aBasicDUNSettingId) +
+        throw ToolError("setting " + std::to_string(setting.aBasicDUNSettingId) +
                         ": has no dial string for this phone");
     }
     return dial;
 }
 
-std::string Title(const Velmor_DUNSetting& record) {
-    return "# Setting " + std::to_string(record.aBasicDUNSettingId) +
+std::string Title(const Velmor_DUNSetting& setting) {
+    return "# Setting " + std::to_string(setting.aBasicDUNSettingId) +
            " of a Velmor catalogue. Holds a password: let nobody else read it.\n";
 }
 
 }  // namespace
 
-std::string PeersFile(const Velmor_DUNSetting& record, const DialerLink& link,
+std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const std::string& chatScript) {
-    std::string text = Title(record);
+    std::string text = Title(setting);
     if (!link.device.empty()) {
-        text += PppdWord(Plain("device", link.device)) + "\n";
+        text += PppdWord(OneLine("device", link.device)) + "\n";
     }
     text += std::to_string(link.baud) + "\nconnect " +
-            PppdWord("/usr/sbin/chat -f " + ShellWord(Plain("path", chatScript))) +
+            PppdWord("/usr/sbin/chat -f " + ShellWord(OneLine("path", chatScript))) +
             "\nlock\nnoauth\ndefaultroute\nusepeerdns\nhide-password\n";
-    const std::string client = Address("client address", HostText(record.ClientIP));
-    const std::string gateway = Address("gateway", HostText(record.GatewayIP));
+    const std::string client = Address("client address", HostText(setting.ClientIP));
+    const std::string gateway = Address("gateway", HostText(setting.GatewayIP));
     text += client.empty() ? "noipdefault\n" : "";
     text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
     const std::pair<const char*, std::string> servers[] = {
-        {"DNS1", Address("name server", HostText(record.Dns1))},
-        {"DNS2", Address("name server 2", HostText(record.Dns2))}};
+        {"DNS1", Address("name server", HostText(setting.Dns1))},
+        {"DNS2", Address("name server 2", HostText(setting.Dns2))}};
     for (const auto& [variable, address] : servers) {
         text += address.empty() ? "" : std::string("set ") + variable + "=" + address + "\n";
     }
-    const std::string user = Plain("user", HostText(record.DefaultUser));
-    const std::string password = Plain("password", HostText(record.DefaultPassword));
+    const std::string user = OneLine("user", HostText(setting.DefaultUser));
+    const std::string password = OneLine("password", HostText(setting.DefaultPassword));
     text += user.empty() ? "" : "user " + PppdWord(user) + "\n";
     text += password.empty() ? "" : "password " + PppdWord(password) + "\n";
     return text;
 }
 
 // The echo goes off first: an access point's name may hold a word that ends the script.
-std::string ChatScript(const Velmor_DUNSetting& record) {
+std::string ChatScript(const Velmor_DUNSetting& setting) {
     std::string text =
         "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"
         "ABORT 'NO DIALTONE'\nTIMEOUT 30\n'' ATE0\n";
-    const std::string init = Plain("initialisation string", HostText(record.InitializationString));
+    const std::string init =
+        OneLine("initialisation string", HostText(setting.InitializationString));
     text += init.empty() ? "" : "OK " + ChatWord(init) + "\n";
-    return text + "OK " + ChatWord(DialString(record)) + "\nCONNECT \\c\n";
+    return text + "OK " + ChatWord(DialString(setting)) + "\nCONNECT \\c\n";
 }
 
-std::string WvdialSection(const Velmor_DUNSetting& record, const DialerLink& link) {
+std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link) {
     // wvdial sends the dial command and the number as one line, so any place to part them will do.
-    const std::string dial = DialString(record);
+    const std::string dial = DialString(setting);
     const std::size_t number = dial.find_first_not_of("ATDPatdp");
     if (number == 0 || number == std::string::npos) {
         throw ToolError("dial string: is no command with a number, as wvdial wants it");
     }
-    std::string text = Title(record) + "[Dialer velmor]\n";
+    std::string text = Title(setting) + "[Dialer velmor]\n";
     const auto set = [&](const char* key, const std::string& value) {
-        text += value.empty() ? "" : key + (" = " + WvdialValue(Plain(key, value))) + "\n";
+        text += value.empty() ? "" : key + (" = " + WvdialValue(OneLine(key, value))) + "\n";
     };
     set("Modem", link.device);
     set("Baud", std::to_string(link.baud));
     set("Init1", "ATZ");
-    set("Init2", HostText(record.InitializationString));
+    set("Init2", HostText(setting.InitializationString));
     set("Dial Command", dial.substr(0, number));
     set("Phone", dial.substr(number));
-    set("Username", HostText(record.DefaultUser));
-    set("Password", HostText(record.DefaultPassword));
-    set("Force Address", Address("client address", HostText(record.ClientIP)));
+    set("Username", HostText(setting.DefaultUser));
+    set("Password", HostText(setting.DefaultPassword));
+    set("Force Address", Address("client address", HostText(setting.ClientIP)));
     set("Stupid Mode", "yes");
-    for (const auto& server : {HostText(record.Dns1), HostText(record.Dns2)}) {
+    for (const auto& server : {HostText(setting.Dns1), HostText(setting.Dns2)}) {
         const std::string address = Address("name server", server);
         text += address.empty() ? "" : "# Name server of this setting: " + address + "\n";
     }
     return text;
 }
+
+}  // namespace tool

@@ -5,7 +5,9 @@
 
 #include "velmor.h"
 
-// Files with which other programs dial, made from a record. Each value stands in them as data, be
+namespace tool {
+
+// Files with which other programs dial, made from a setting. Each value stands in them as data, be
 // it what it may; what a file format cannot hold is refused with a ToolError that names the field.
 
 // Where and how to dial.
@@ -15,9 +17,11 @@ struct DialerLink {
 };
 
 // An options file for pppd(8), as in /etc/ppp/peers, that dials with the chat script at that path.
-std::string PeersFile(const Velmor_DUNSetting& record, const DialerLink& link,
+std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const std::string& chatScript);
 // A script for chat(8), from the initialisation string to CONNECT.
-std::string ChatScript(const Velmor_DUNSetting& record);
+std::string ChatScript(const Velmor_DUNSetting& setting);
 // The section "Dialer velmor" of a wvdial.conf(5).
-std::string WvdialSection(const Velmor_DUNSetting& record, const DialerLink& link);
+std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link);
+
+}  // namespace tool

@@ -8,6 +8,7 @@
 
 #include "support/output_file.h"
 
+namespace tool {
 namespace {
 
 // Where Debian keeps the two files.
@@ -29,19 +30,19 @@ void AddFormat(CLI::App& command, OutputFormat& format) {
     command.add_flag("--force", format.force, "replace existing files");
 }
 
-void WriteDialerFiles(const Velmor_DUNSetting& record, const DialerLink& link,
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format) {
     if (format.name == "wvdial") {
-        std::cout << WvdialSection(record, link);
+        std::cout << WvdialSection(setting, link);
     } else if (format.directory.empty()) {
-        const std::string peers = PeersFile(record, link, kChatScript);
+        const std::string peers = PeersFile(setting, link, kChatScript);
         std::cout << "# ----- " << kPeers << " -----\n"
                   << peers << "# ----- " << kChatScript << " -----\n"
-                  << ChatScript(record);
+                  << ChatScript(setting);
     } else {
         const std::string path = std::filesystem::absolute(format.directory) / "velmor";
-        const std::string peers = PeersFile(record, link, path + ".chat");
-        const std::string script = ChatScript(record);
+        const std::string peers = PeersFile(setting, link, path + ".chat");
+        const std::string script = ChatScript(setting);
         const mode_t mask = umask(077);  // for the password
         OutputFile peersFile(path, format.force);
         OutputFile scriptFile(path + ".chat", format.force);
@@ -52,3 +53,5 @@ void WriteDialerFiles(const Velmor_DUNSetting& record, const DialerLink& link,
         peersFile.Commit();
     }
 }
+
+}  // namespace tool

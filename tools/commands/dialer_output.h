@@ -5,6 +5,8 @@
 
 #include "commands/dialer_files.h"
 
+namespace tool {
+
 // How a command prints what it has found.
 struct OutputFormat {
     std::string name = "text";  // or json, ppp, wvdial
@@ -15,6 +17,8 @@ struct OutputFormat {
 // Adds --format, --json, --output and --force.
 void AddFormat(CLI::App& command, OutputFormat& format);
 
-// Prints or writes the dialler's files for a record.
-void WriteDialerFiles(const Velmor_DUNSetting& record, const DialerLink& link,
+// Prints or writes the dialler's files for a setting.
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format);
+
+}  // namespace tool

@@ -12,6 +12,10 @@
 #include "support/error.h"
 #include "support/output_file.h"
 
+namespace tool {
+
+namespace schema = vel::schema;
+
 namespace {
 
 struct Options {
@@ -44,19 +48,11 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     }
 }
 
-Recipe ReadRecipe(const PhonesSource& source, const char* name) {
-    const CatalogueTable& table = source.Get(name);
-    const int variable = source.Column(table, schema::kVariable);
-    const int value = source.Column(table, schema::kValue);
-    const auto setting = [&](const char* wanted) {
-        const auto row =
-            std::find_if(table.rows.begin(), table.rows.end(),
-                         [&](const CatalogueRow& r) { return r.Cell(variable) == wanted; });
-        return row == table.rows.end() ? std::string() : row->Cell(value);
-    };
-    const std::string upperCase = setting(schema::kMakeUpperCase);
-    return {upperCase[0] == 'Y' || upperCase[0] == 'y', setting(schema::kRemoveCharacters),
-            setting(schema::kCompress)};
+vel::Recipe ReadNetworkRecipe(const PhonesSource& source) {
+    const CatalogueTable& table = source.Get(schema::kNetworkRecipe);
+    source.Column(table, schema::kVariable);
+    source.Column(table, schema::kValue);
+    return ReadRecipe(&table);
 }
 
 void CountCountriesWithoutAccess(const Providers& providers, const Networks& networks,
@@ -70,11 +66,11 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
     report.Count(ImportCount::kCountriesWithoutAccess, providers.countries.size() - served.size());
 }
 
-void Import(const Options& options) {
+int Import(const Options& options) {
     OutputFile output(options.output, options.force);
     ImportReport report;
     const PhonesSource phones(options.phones);
-    const Recipe recipe = ReadRecipe(phones, schema::kNetworkRecipe);
+    const vel::Recipe recipe = ReadNetworkRecipe(phones);
     Providers providers = ReadProviders(options.providers, report);
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);
@@ -82,14 +78,15 @@ void Import(const Options& options) {
     output.Write(WriteImport(options.output, phones, providers, networks, report));
     output.Commit();
     report.Print(std::cout);
+    return kExitOk;
 }
 
 }  // namespace
 
-void AddImport(CLI::App& app, int&) {
-    auto options = std::make_shared<Options>();
-    CLI::App* command = app.add_subcommand(
-        "import", "make a catalogue source of mobile operators' data and a source of phones");
+void AddImport(CommandLine& line) {
+    const auto [command, options] = line.Add(
+        "import", "Makes a catalogue source of mobile operators' data and a source of phones.",
+        Import);
     command
         ->add_option("SERVICEPROVIDERS.XML", options->providers,
                      "the operators, as mobile-broadband-provider-info has them")
@@ -110,5 +107,6 @@ void AddImport(CLI::App& app, int&) {
     command->footer(
         "Reports what came in and how often each decision was taken.\n"
         "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
-    command->callback([options] { Import(*options); });
 }
+
+}  // namespace tool

@@ -8,51 +8,51 @@
 #include "support/error.h"
 #include "velmor.h"
 
-const char* const kTraceLogPath = VELMOR_TRACE_LOG;
+const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;
 
+namespace tool {
 namespace {
 
+constexpr void (*kSubcommands[])(CommandLine&) = {
+    AddCheck, AddCountries, AddDecode,  AddDetect,   AddEncode, AddImport,
+    AddPhone, AddPhones,    AddSetting, AddSettings, AddShow,
+};
+
 int Run(int argc, char** argv) {
-    int status = kExitOk;
-    CLI::App app("Makes, checks and reads Velmor catalogues.", "velmor");
-    app.set_version_flag("--version", VELMOR_TOOL_VERSION " (interface " +
-                                          std::to_string(Velmor_GetVersionLibrary()) + ")");
-    app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    CommandLine line;
+    line.app.name("velmor");
+    line.app.description("Makes, checks and reads Velmor catalogues.");
+    line.app.set_version_flag("--version", VELMOR_TOOL_VERSION " (interface " +
+                                               std::to_string(Velmor_GetVersionLibrary()) + ")");
+    line.app.failure_message([](const CLI::App*, const CLI::Error& error) {
         return std::string("velmor: ") + error.what() + " (--help says more)\n";
     });
-    app.require_subcommand(1);
-    AddCheck(app, status);
-    AddCountries(app);
-    AddDecode(app);
-    AddDetect(app, status);
-    AddEncode(app);
-    AddImport(app, status);
-    AddPhone(app);
-    AddPhones(app);
-    AddSetting(app, status);
-    AddSettings(app, status);
-    AddShow(app, status);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kExitOk : kExitTrouble;
+    line.app.require_subcommand(1);
+    for (const auto add : kSubcommands) {
+        add(line);
     }
-    return status;
+    try {
+        line.app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return line.app.exit(error) == 0 ? kExitOk : kExitTrouble;
+    }
+    return line.status;
 }
 
 }  // namespace
+}  // namespace tool
 
 int main(int argc, char** argv) {
-    // A file beyond the limit of its size is a failed write like any other.
+    // Writing beyond the limit of a file's size then fails like any other write.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
-        const int status = Run(argc, argv);
+        const int status = tool::Run(argc, argv);
         if (!std::cout.flush()) {
-            throw ToolError("standard output: cannot be written");
+            throw tool::ToolError("standard output: cannot be written");
         }
         return status;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "velmor: %s\n", error.what());
-        return kExitTrouble;
+        return tool::kExitTrouble;
     }
 }

@@ -8,27 +8,34 @@
 #include "device/player.h"
 #include "support/interruption.h"
 
+namespace tool {
 namespace {
 
-void Play(const std::string& profile, bool verbose) {
+struct Options {
+    std::string profile;
+    bool verbose = false;
+};
+
+int Play(const Options& options) {
     const Interruption interruption;
-    PhonePlayer player(ReadProfile(profile), !verbose && isatty(STDERR_FILENO) == 0);
+    PhonePlayer player(ReadProfile(options.profile),
+                       !options.verbose && isatty(STDERR_FILENO) == 0);
     std::cout << player.device() << std::endl;  // programs wait for this line
     player.Play();
+    return kExitOk;
 }
 
 }  // namespace
 
-void AddPhone(CLI::App& app) {
-    auto profile = std::make_shared<std::string>();
-    auto verbose = std::make_shared<bool>(false);
-    CLI::App* command =
-        app.add_subcommand("phone", "Plays a simulated phone on a pseudo-terminal.");
-    command->add_option("PROFILE", *profile, "how the phone answers")->required();
-    command->add_flag("-v,--verbose", *verbose,
+void AddPhone(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("phone", "Plays a simulated phone on a pseudo-terminal.", Play);
+    command->add_option("PROFILE", options->profile, "how the phone answers")->required();
+    command->add_flag("-v,--verbose", options->verbose,
                       "show the dialogue though standard error is no terminal");
     command->footer(
         "Prints the path of the device and plays until Control-C or until the phone disconnects.\n"
         "Example: velmor phone data/profiles/nokia-6300.profile\n");
-    command->callback([profile, verbose] { Play(*profile, *verbose); });
 }
+
+}  // namespace tool

@@ -8,6 +8,7 @@
 #include "support/error.h"
 #include "support/private_copy.h"
 
+namespace tool {
 namespace {
 
 struct Options {
@@ -20,18 +21,18 @@ struct Options {
 
 int ShowSetting(const Options& options) {
     const PrivateSession session(options.catalogue);
-    Velmor_DUNSetting record;
-    const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &record) == 0 &&
-                       !HostText(record.DialString).empty();
-    if (record.aBasicDUNSettingId < 0) {
+    Velmor_DUNSetting setting;
+    const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &setting) == 0 &&
+                       !HostText(setting.DialString).empty();
+    if (setting.aBasicDUNSettingId < 0) {
         throw ToolError(options.catalogue + ": has no setting " + std::to_string(options.setting));
     }
     if (options.format.name == "json") {
-        PrintJson(DescribeRecord(record, ready));
+        PrintJson(DescribeSetting(setting, ready));
     } else if (options.format.name == "text") {
-        PrintAligned(RecordRows(record));
+        PrintAligned(SettingRows(setting));
     } else if (ready) {
-        WriteDialerFiles(record, options.link, options.format);
+        WriteDialerFiles(setting, options.link, options.format);
     }
     if (!ready) {
         std::cerr << "velmor: " << options.catalogue << ": does not say how phone " << options.phone
@@ -42,10 +43,9 @@ int ShowSetting(const Options& options) {
 
 }  // namespace
 
-void AddSetting(CLI::App& app, int& status) {
-    auto options = std::make_shared<Options>();
-    CLI::App* command =
-        app.add_subcommand("setting", "Shows a dial-up setting for a phone, ready to dial.");
+void AddSetting(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("setting", "Shows a dial-up setting for a phone, ready to dial.", ShowSetting);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
     command->add_option("--phone", options->phone, "identifier as velmor phones prints it")
         ->required()
@@ -62,5 +62,6 @@ void AddSetting(CLI::App& app, int& status) {
     command->footer(
         "Exit status 1 when the catalogue does not say how the phone dials.\n"
         "Example: velmor setting my.catalogue --phone 10 --setting 1 --format ppp\n");
-    command->callback([options, &status] { status = ShowSetting(*options); });
 }
+
+}  // namespace tool

@@ -9,6 +9,7 @@
 #include "support/private_copy.h"
 #include "support/texts.h"
 
+namespace tool {
 namespace {
 
 struct Options {
@@ -132,10 +133,9 @@ int Show(const Options& options) {
 
 }  // namespace
 
-void AddShow(CLI::App& app, int& status) {
-    auto options = std::make_shared<Options>();
-    CLI::App* command =
-        app.add_subcommand("show", "Shows the tables of a catalogue, or the rows of one.");
+void AddShow(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("show", "Shows the tables of a catalogue, or the rows of one.", Show);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
     CLI::Option* table = command->add_option("TABLE", options->table, "table to show");
     command->add_option("--where", options->where, "only the rows that hold this value")
@@ -145,5 +145,6 @@ void AddShow(CLI::App& app, int& status) {
     command->footer(
         "Exit status 1 when --where finds no row.\n"
         "Example: velmor show my.catalogue Phones --where ManufacturerID=1\n");
-    command->callback([options, &status] { status = Show(*options); });
 }
+
+}  // namespace tool

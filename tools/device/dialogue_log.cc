@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+namespace tool {
 namespace {
 
 constexpr int kMostLines = 20;
@@ -59,3 +60,5 @@ void DialogueLog::Show(char direction, const std::string& text) const {
         std::fprintf(stderr, "%8.3f s  %c %s\n", Seconds(), direction, Printable(text).c_str());
     }
 }
+
+}  // namespace tool

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <string>
 
+namespace tool {
+
 // The text with every byte that is no printable ASCII as \xNN: what a phone says must not reach a
 // terminal as it is.
 std::string Printable(const std::string& bytes);
@@ -29,3 +31,5 @@ class DialogueLog {
     std::string line_;
     int lines_ = 0;  // of the present answer
 };
+
+}  // namespace tool

@@ -11,6 +11,7 @@
 
 #include "support/error.h"
 
+namespace tool {
 namespace {
 
 // The other process that holds a lock file; 0 when it is gone or the file names none.
@@ -62,3 +63,5 @@ UucpLock::~UucpLock() {
         unlink(path_.c_str());
     }
 }
+
+}  // namespace tool

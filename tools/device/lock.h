@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace tool {
+
 // The lock file by which programs such as pppd, minicom and wvdial tell one another that a serial
 // device is in use: /var/lock/LCK..ttyS0 with the process number in it. A lock whose process is
 // gone is taken over. A ToolError when another process holds it. Where lock files cannot be
@@ -18,3 +20,5 @@ class UucpLock {
   private:
     std::string path_;  // empty: no lock
 };
+
+}  // namespace tool

@@ -16,6 +16,7 @@
 #include "support/error.h"
 #include "support/interruption.h"
 
+namespace tool {
 namespace {
 
 // How long one of the profile's pauses lasts.
@@ -116,3 +117,5 @@ PlayedPhone::~PlayedPhone() {
     kill(process_, SIGTERM);
     waitpid(process_, nullptr, 0);
 }
+
+}  // namespace tool

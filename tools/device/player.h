@@ -6,6 +6,8 @@
 #include "device/dialogue_log.h"
 #include "phone/simulated_phone.h"
 
+namespace tool {
+
 // A simulated phone on a pseudo-terminal of its own, for programs to open one after another.
 class PhonePlayer {
   public:
@@ -48,3 +50,5 @@ class PlayedPhone {
     std::string device_;
     pid_t process_ = -1;
 };
+
+}  // namespace tool

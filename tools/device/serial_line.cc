@@ -16,6 +16,7 @@
 #include "support/error.h"
 #include "support/interruption.h"
 
+namespace tool {
 namespace {
 
 const struct {
@@ -141,3 +142,5 @@ std::size_t SerialLine::Write(const std::string& bytes, int milliseconds) {
     }
     return done;
 }
+
+}  // namespace tool

@@ -8,6 +8,8 @@
 
 #include "device/lock.h"
 
+namespace tool {
+
 // A serial device (UART, USB ACM, RFCOMM, pseudo-terminal) in raw mode: eight bits, no parity, no
 // flow control, no waiting for a carrier. Nobody else may use it meanwhile, and at the end its
 // settings are as they were.
@@ -41,3 +43,5 @@ class SerialLine {
     std::size_t count_ = 0;  // bytes in received_
     std::size_t next_ = 0;   // the first of them that nobody has had
 };
+
+}  // namespace tool

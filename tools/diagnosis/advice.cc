@@ -11,23 +11,25 @@
 #include "storage/catalogue_format.h"
 #include "support/texts.h"
 
-namespace {
+namespace tool {
 
-using Values = std::vector<std::pair<std::string, std::string>>;  // by column
+namespace schema = vel::schema;
+
+namespace {
 
 std::vector<vel::Pointer<vel::IRow>> RowList(const Velmor::Table& table) {
     std::vector<vel::Pointer<vel::IRow>> list;
-    const Velmor::Rows rows = RowsOf(table);
-    const int count = CountOf(rows);
+    const Velmor::Rows rows = vel::RowsOf(table);
+    const int count = vel::CountOf(rows);
     list.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
-        list.push_back(RowAt(rows, i));
+        list.push_back(vel::RowAt(rows, i));
     }
     return list;
 }
 
 std::string Cell(const vel::Pointer<vel::IRow>& row, const char* column) {
-    return FromLibrary(CellText(row, column));
+    return FromLibrary(vel::CellText(row, column));
 }
 
 // A positive number that is nobody's identifier in a table.
@@ -72,13 +74,14 @@ class Adviser {
         if (networkId.empty() && found_.network.IsUsable()) {
             networkId = AddNetwork();
         }
-        if (!networkId.empty() && CountOf(session_.detectedSettings) == 0) {
+        if (!networkId.empty() && vel::CountOf(session_.detectedSettings) == 0) {
             Add(session_.basicDUNSettings, schema::kBasicDUNSettings,
                 {{schema::kID, FreeId(session_.basicDUNSettings)},
                  {schema::kNetworkID, networkId},
                  {schema::kName, NetworkName()},
-                 {"APN", kAdvisedApn},
-                 {schema::kCountryID, Cell(RowAt(RowsOf(session_.countries), 0), schema::kID)}});
+                 {schema::kAPN, kAdvisedApn},
+                 {schema::kCountryID,
+                  Cell(vel::RowAt(vel::RowsOf(session_.countries), 0), schema::kID)}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);
@@ -102,17 +105,12 @@ class Adviser {
                 columns.push_back(value.first);
             }
         }
-        std::vector<std::string> row;
-        for (const std::string& column : columns) {
-            const auto value = std::find_if(values.begin(), values.end(),
-                                            [&](const auto& v) { return v.first == column; });
-            row.push_back(value == values.end() ? "" : value->second);
-        }
+        const std::string row = SourceLine(InColumns(columns, values));
         if (!table && begun_.insert(name).second) {
             columns.insert(columns.begin(), {vel::kTableBegin, name});
             lines_.push_back({name, SourceLine(columns)});
         }
-        lines_.push_back({name, SourceLine(row)});
+        lines_.push_back({name, row});
     }
 
     std::string AddPhone() {
@@ -179,7 +177,7 @@ class Adviser {
 
     // The type of the first network; most catalogues have but one.
     std::string CommonType() const {
-        const auto row = RowAt(RowsOf(session_.networks), 0);
+        const auto row = vel::RowAt(vel::RowsOf(session_.networks), 0);
         return row ? Cell(row, schema::kNetworkType) : "GPRS";
     }
 
@@ -199,3 +197,5 @@ class Adviser {
 std::vector<AdvisedLine> Advise(const Identification& found) {
     return Adviser(*Velmor::getVelmor(), found).Lines();
 }
+
+}  // namespace tool

@@ -5,6 +5,8 @@
 
 #include "diagnosis/identification.h"
 
+namespace tool {
+
 // A line to add to a table of the catalogue's source. A table that the catalogue lacks comes whole.
 struct AdvisedLine {
     std::string table;
@@ -17,3 +19,5 @@ struct AdvisedLine {
 // phone tells.
 constexpr char kAdvisedApn[] = "access-point-name";
 std::vector<AdvisedLine> Advise(const Identification& found);
+
+}  // namespace tool

@@ -2,13 +2,15 @@
 #include "diagnosis/detection.h"
 
 #include <algorithm>
-#include <iostream>
-#include <set>
 
 #include "catalogue/setting_format.h"
 #include "session/rows.h"
 #include "session/schema.h"
 #include "support/texts.h"
+
+namespace tool {
+
+namespace schema = vel::schema;
 
 namespace {
 
@@ -19,54 +21,11 @@ void AddFromSession(Detection& found) {
     if (found.manufacturer.empty()) {
         const vel::String id = ToLibrary(found.identification.manufacturerId);
         found.manufacturer =
-            FromLibrary(CellText(RowById(session.manufacturers, id), schema::kName));
+            FromLibrary(vel::CellText(vel::RowById(session.manufacturers, id), schema::kName));
     }
     found.networkId = FromLibrary(session.detectedNetworkId);
-    const auto network = RowById(session.networks, session.detectedNetworkId);
-    found.networkType = FromLibrary(CellText(network, schema::kNetworkType));
-}
-
-TextRow KnownRow(const char* label, const std::string& text, const Clue& clue) {
-    if (!text.empty()) {
-        return {label, text};
-    }
-    if (!clue.IsUsable()) {
-        return {label, "not known; the phone gave no usable answer"};
-    }
-    return {label, "not known; the answer is " + clue.answer + ", its key " + clue.key};
-}
-
-void PrintAdvice(const Detection& found) {
-    if (!found.answered) {
-        std::cout << "\nThe phone answered nothing. Is it on, and is this the device that takes "
-                     "commands?\nMany phones have several.\n";
-    } else if (!found.identification.network.IsUsable() && found.networkId.empty()) {
-        std::cout << "\nThe phone did not name its network. Is its SIM card in and unlocked, and "
-                     "has it found\nits operator?\n";
-    }
-    if (found.answered && found.phoneId < 0 && !found.identification.phone.IsUsable()) {
-        std::cout << "\nThe phone did not name its model; the guide to the catalogue says what a "
-                     "catalogue can do.\n";
-    }
-    if (found.advice.empty()) {
-        return;
-    }
-    std::cout << "\nWith these lines in its source the catalogue knows what it lacks. Correct the "
-                 "names,\nthe country, and an access point called "
-              << kAdvisedApn << "; then velmor check and velmor encode.\n";
-    std::set<std::string> done;
-    for (const AdvisedLine& first : found.advice) {
-        if (done.insert(first.table).second) {
-            std::cout << "\nTable " << first.table << ":\n";
-            for (const AdvisedLine& line : found.advice) {
-                std::cout << (line.table == first.table ? line.line + "\n" : "");
-            }
-        }
-    }
-}
-
-Json DescribeClue(const Clue& clue) {
-    return {{"answer", clue.answer}, {"key", clue.key}};
+    const auto network = vel::RowById(session.networks, session.detectedNetworkId);
+    found.networkType = FromLibrary(vel::CellText(network, schema::kNetworkType));
 }
 
 }  // namespace
@@ -77,7 +36,7 @@ bool Detection::IsComplete() const {
 
 const Detection::Setting* Detection::Find(long id) const {
     const auto setting = std::find_if(settings.begin(), settings.end(), [&](const Setting& s) {
-        return id == 0 ? s.ready : s.record.aBasicDUNSettingId == id;
+        return id == 0 ? s.ready : s.values.aBasicDUNSettingId == id;
     });
     return setting == settings.end() ? nullptr : &*setting;
 }
@@ -98,64 +57,13 @@ Detection Detect(Dialogue& dialogue) {
     Velmor_GetNrDetectedDUNSettings(0, &count);
     for (long i = 0; i < count; ++i) {
         Detection::Setting setting;
-        setting.ready = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting.record) == 0;
+        setting.ready = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting.values) == 0;
         found.settings.push_back(setting);
     }
-    Velmor::getVelmor()->traceSwitch = false;  // what follows is no part of the detection
-    found.identification = Identify();
+    found.identification = Identify(found.dialogue);
     AddFromSession(found);
     found.advice = Advise(found.identification);
     return found;
 }
 
-void PrintDetection(const Detection& found) {
-    const Identification& identification = found.identification;
-    const bool phone = found.phoneId >= 0;
-    PrintAligned({
-        KnownRow("Manufacturer", found.manufacturer, identification.manufacturer),
-        KnownRow("Phone",
-                 phone ? found.phone + " (" + std::to_string(found.phoneId) + ")" : std::string(),
-                 identification.phone),
-        KnownRow("Network",
-                 found.networkId.empty() ? "" : found.networkType + " (" + found.networkId + ")",
-                 identification.network),
-    });
-    for (const Detection::Setting& setting : found.settings) {
-        std::cout << "\n";
-        PrintAligned(RecordRows(setting.record));
-        if (!setting.ready) {
-            std::cout << "  The catalogue does not say how this phone dials on this network.\n";
-        }
-    }
-    PrintAdvice(found);
-}
-
-void PrintDetectionJson(const Detection& found) {
-    const Identification& identification = found.identification;
-    Json json = {{"complete", found.IsComplete()}};
-    json["manufacturer"] = DescribeClue(identification.manufacturer);
-    json["manufacturer"]["name"] = found.manufacturer;
-    json["phone"] = DescribeClue(identification.phone);
-    json["phone"]["name"] = found.phone;
-    json["phone"]["id"] = found.phoneId;
-    json["network"] = DescribeClue(identification.network);
-    json["network"]["id"] = found.networkId;
-    json["network"]["type"] = found.networkType;
-    json["network"]["operator"] = identification.operatorName;
-    json["settings"] = Json::array();
-    for (const Detection::Setting& setting : found.settings) {
-        json["settings"].push_back(DescribeRecord(setting.record, setting.ready));
-    }
-    json["advice"] = Json::array();
-    for (const AdvisedLine& line : found.advice) {
-        json["advice"].push_back({{"table", line.table}, {"line", line.line}});
-    }
-    json["dialogue"] = Json::array();
-    for (const Exchange& exchange : found.dialogue) {
-        json["dialogue"].push_back({{"command", exchange.command},
-                                    {"answer", exchange.answer},
-                                    {"sent", exchange.sent},
-                                    {"answered", exchange.answered}});
-    }
-    PrintJson(json);
-}
+}  // namespace tool

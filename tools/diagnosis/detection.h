@@ -7,10 +7,12 @@
 #include "diagnosis/dialogue.h"
 #include "velmor.h"
 
+namespace tool {
+
 // What a detection has found, and what it takes to find more.
 struct Detection {
     struct Setting {
-        Velmor_DUNSetting record;
+        Velmor_DUNSetting values;
         bool ready;  // to dial
     };
 
@@ -35,5 +37,4 @@ struct Detection {
 // with the callbacks of Dialogue.
 Detection Detect(Dialogue& dialogue);
 
-void PrintDetection(const Detection& found);
-void PrintDetectionJson(const Detection& found);
+}  // namespace tool

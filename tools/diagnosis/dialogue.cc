@@ -3,10 +3,9 @@
 
 #include <algorithm>
 
-#include "detection/at_command.h"
 #include "support/interruption.h"
-#include "support/texts.h"
 
+namespace tool {
 namespace {
 
 // Real answers have some hundred bytes.
@@ -37,11 +36,6 @@ long Dialogue::Send(const char* buffer, long length) {
 }
 
 bool Dialogue::ReadByte(char& byte, long timeout) {
-    if (ended_) {
-        const bool more = playing_ != nullptr && played_ < playing_->answer.size();
-        byte = more ? playing_->answer[played_++] : '\0';
-        return more;
-    }
     Exchange& exchange = exchanges_.back();
     const double left = (exchange.sent + limit_ - log_.Seconds()) * 1000;
     const double wait = std::min(timeout < 0 ? kDefaultWait : static_cast<double>(timeout), left);
@@ -56,14 +50,6 @@ bool Dialogue::ReadByte(char& byte, long timeout) {
 }
 
 bool Dialogue::SendCommand(const std::string& command) {
-    if (ended_) {
-        const auto found =
-            std::find_if(exchanges_.begin(), exchanges_.end(),
-                         [&](const Exchange& exchange) { return exchange.command == command; });
-        playing_ = found == exchanges_.end() ? nullptr : &*found;
-        played_ = 0;
-        return playing_ != nullptr;
-    }
     if (Interruption::Signal() != 0 || line_.Gone()) {
         return false;
     }
@@ -72,13 +58,4 @@ bool Dialogue::SendCommand(const std::string& command) {
     return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();
 }
 
-void Dialogue::End() {
-    log_.EndAnswer();
-    ended_ = true;
-}
-
-Answer Dialogue::Recall(const std::string& command, int line) {
-    vel::String answer;
-    const bool ok = ATCommand(ToLibrary(command), answer, line) == 0;
-    return {ok, FromLibrary(answer)};
-}
+}  // namespace tool

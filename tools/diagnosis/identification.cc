@@ -3,26 +3,43 @@
 
 #include <algorithm>
 
-#include "detection/at_compress.h"
+#include "detection/at_answer.h"
 #include "detection/manufacturer_selector.h"
-#include "diagnosis/dialogue.h"
+#include "detection/questions.h"
+#include "detection/recipe.h"
 #include "session/rows.h"
 #include "session/schema.h"
 #include "support/texts.h"
 
+namespace tool {
+
+namespace schema = vel::schema;
+
 namespace {
 
-struct Attempt {
-    const char* command;
-    int line;
+// What the library has taken from the recorded answer to a command.
+struct Answer {
+    bool ok = false;  // whether it ended with OK
+    std::string line;
 };
-constexpr Attempt kManufacturerAttempts[] = {{"AT+CGMI\r", -1}, {"AT+GMI\r", -1}, {"ATI0\r", 0}};
-constexpr Attempt kPhoneAttempts[] = {{"AT+CGMM\r", -1}, {"AT+GMM\r", -1}, {"ATI3\r", 0}};
 
-std::string Normalised(const std::string& answer, const char* recipe) {
-    vel::String text = ToLibrary(answer);
-    ATCompress(text, recipe);
-    return FromLibrary(text);
+Answer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialogue) {
+    vel::ATAnswer answer;
+    for (const Exchange& exchange : dialogue) {
+        if (exchange.command == attempt.command) {
+            std::for_each(exchange.answer.begin(), exchange.answer.end(),
+                          [&](char byte) { answer.Take(byte); });
+            break;
+        }
+    }
+    return {answer.get_State() == vel::ATAnswer::State::kOk,
+            FromLibrary(answer.Line(attempt.command, attempt.line))};
+}
+
+std::string MakeKey(const std::string& answer, const char* recipe) {
+    vel::String key = ToLibrary(answer);
+    vel::Recipe(Velmor::getVelmor()->FetchTable(recipe).get()).Apply(key);
+    return FromLibrary(key);
 }
 
 // Neither the echo nor the result code says who the phone is, and control characters have no place
@@ -33,11 +50,10 @@ bool SaysSomething(const std::string& answer, const std::string& command) {
 }
 
 // The first answer that says something; later ones are for phones that do not know the command.
-template <std::size_t kCount>
-Clue FirstClue(const Attempt (&attempts)[kCount], const char* recipe) {
-    for (const Attempt& attempt : attempts) {
-        const Answer answer = Dialogue::Recall(attempt.command, attempt.line);
-        Clue clue = {answer.line, Normalised(answer.line, recipe)};
+Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialogue) {
+    for (const vel::Attempt& attempt : question.attempts) {
+        const Answer answer = AnswerTo(attempt, dialogue);
+        Clue clue = {answer.line, MakeKey(answer.line, question.recipe)};
         if (answer.ok && clue.IsUsable() && SaysSomething(answer.line, attempt.command)) {
             return clue;
         }
@@ -46,52 +62,47 @@ Clue FirstClue(const Attempt (&attempts)[kCount], const char* recipe) {
 }
 
 // The identifier that the library has found for the manufacturer. It keeps that to itself.
-std::string ManufacturerId() {
-    for (const Attempt& attempt : kManufacturerAttempts) {
-        const std::string answer = Dialogue::Recall(attempt.command, attempt.line).line;
-        const vel::String key = ToLibrary(Normalised(answer, schema::kManufacturerRecipe));
-        const auto row =
-            RowAt(FindRows(Velmor::getVelmor()->manufacturerIdentification,
-                           vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key))),
-                  0);
+std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
+    for (const vel::Attempt& attempt : vel::kManufacturerQuestion.attempts) {
+        const std::string answer = AnswerTo(attempt, dialogue).line;
+        const vel::String key = ToLibrary(MakeKey(answer, schema::kManufacturerRecipe));
+        const auto row = vel::RowAt(
+            vel::FindRows(Velmor::getVelmor()->manufacturerIdentification,
+                          vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key))),
+            0);
         if (row) {
-            return FromLibrary(CellText(row, schema::kManufacturerID));
+            return FromLibrary(vel::CellText(row, schema::kManufacturerID));
         }
     }
     return {};
 }
 
-// The key that the library looks up last: the beginning of the subscriber's number and, unless that
-// is whole, the operator's name behind it.
-void IdentifyNetwork(Identification& found) {
-    constexpr std::size_t kKeyDigits = 5;
-    std::string digits;
-    for (const char c : Dialogue::Recall("AT+CIMI\r", -1).line) {
-        if (c >= '0' && c <= '9' && digits.size() < kKeyDigits) {
-            digits += c;
-        }
-    }
-    const std::string answer = Dialogue::Recall("AT+COPS?\r", -1).line;
-    if (const std::size_t quote = answer.find('"'); quote != std::string::npos) {
-        const std::string name = answer.substr(quote + 1, answer.find('"', quote + 1) - quote - 1);
-        found.operatorName = SaysSomething(name, "") ? name : "";
-    }
-    const std::string key = Normalised(digits, schema::kNetworkRecipe);
-    if (digits.size() == kKeyDigits) {
+// The key that the library looks up last: the first digits of the IMSI and, unless there are enough
+// of them, the operator's name after them.
+void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogue) {
+    const std::string imsi = AnswerTo(vel::kImsiQuestion, dialogue).line;
+    const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));
+    const std::string answer = AnswerTo(vel::kOperatorQuestion, dialogue).line;
+    const std::string name = FromLibrary(vel::OperatorName(ToLibrary(answer)));
+    found.operatorName = SaysSomething(name, "") ? name : "";
+    const std::string key = MakeKey(digits, schema::kNetworkRecipe);
+    if (digits.size() == vel::kImsiDigits) {
         found.network = {digits, key};
     } else if (!found.operatorName.empty()) {
         found.network = {found.operatorName,
-                         Normalised(key + found.operatorName, schema::kNetworkRecipe)};
+                         MakeKey(key + found.operatorName, schema::kNetworkRecipe)};
     }
 }
 
 }  // namespace
 
-Identification Identify() {
+Identification Identify(const std::vector<Exchange>& dialogue) {
     Identification found;
-    found.manufacturer = FirstClue(kManufacturerAttempts, schema::kManufacturerRecipe);
-    found.manufacturerId = ManufacturerId();
-    found.phone = FirstClue(kPhoneAttempts, schema::kPhoneRecipe);
-    IdentifyNetwork(found);
+    found.manufacturer = FirstClue(vel::kManufacturerQuestion, dialogue);
+    found.manufacturerId = ManufacturerId(dialogue);
+    found.phone = FirstClue(vel::kPhoneQuestion, dialogue);
+    IdentifyNetwork(found, dialogue);
     return found;
 }
+
+}  // namespace tool

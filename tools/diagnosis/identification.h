@@ -3,6 +3,10 @@
 
 #include <string>
 
+#include "diagnosis/dialogue.h"
+
+namespace tool {
+
 // An answer that the catalogue can know a phone or network by, and the key that it becomes.
 struct Clue {
     std::string answer;
@@ -20,6 +24,8 @@ struct Identification {
     std::string operatorName;  // may be empty
 };
 
-// Reads the recorded dialogue of a detection, which has ended, as the library has done in the same
-// session.
-Identification Identify();
+// Reads the recorded dialogue of a detection as the library has done, with the catalogue of the
+// library's session.
+Identification Identify(const std::vector<Exchange>& dialogue);
+
+}  // namespace tool

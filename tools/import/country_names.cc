@@ -7,6 +7,8 @@
 #include "support/error.h"
 #include "support/input_file.h"
 
+namespace tool {
+
 std::map<std::string, std::string> ReadCountryNames(const std::string& path) {
     const std::string bytes = ReadInput(path);
     std::map<std::string, std::string> names;
@@ -24,3 +26,5 @@ std::map<std::string, std::string> ReadCountryNames(const std::string& path) {
     }
     return names;
 }
+
+}  // namespace tool

@@ -6,9 +6,10 @@
 #include <set>
 #include <tuple>
 
-namespace {
+#include "detection/questions.h"
 
-constexpr std::size_t kKeyDigits = 5;  // detection keeps no more of the subscriber's number
+namespace tool {
+namespace {
 
 // An operator that holds a key.
 struct Holder {
@@ -18,7 +19,7 @@ struct Holder {
 
 class NetworkPlan {
   public:
-    NetworkPlan(const Providers& providers, const Recipe& recipe, ImportReport& report)
+    NetworkPlan(const Providers& providers, const vel::Recipe& recipe, ImportReport& report)
         : operators_(providers.operators), recipe_(recipe), report_(report) {}
 
     void AddNumberKeys();
@@ -34,7 +35,7 @@ class NetworkPlan {
     void AddKey(const std::string& text, std::size_t network);
 
     const std::vector<Operator>& operators_;
-    const Recipe& recipe_;
+    const vel::Recipe& recipe_;
     ImportReport& report_;
     Networks result_;
     std::map<std::vector<std::size_t>, std::size_t> known_;    // operators to their network
@@ -49,11 +50,11 @@ std::map<std::string, NetworkPlan::Holders> NetworkPlan::HoldersOfKeys() {
     for (std::size_t i = 0; i < operators_.size(); ++i) {
         for (const std::string& number : operators_[i].numbers) {
             numbers.insert(number);
-            Holders& holders = keys[recipe_.Apply(number.substr(0, kKeyDigits))];
+            Holders& holders = keys[MakeKey(recipe_, number.substr(0, vel::kImsiDigits))];
             if (holders.empty() || holders.back().index != i) {
                 holders.push_back({i, false});
             }
-            holders.back().wholeNumber |= number.size() == kKeyDigits;
+            holders.back().wholeNumber |= number.size() == vel::kImsiDigits;
         }
     }
     keys.erase("");  // a recipe that removes digits
@@ -122,7 +123,7 @@ Network NetworkPlan::Describe(const std::vector<std::size_t>& owners) {
 void NetworkPlan::AddNameKeys() {
     std::map<std::string, std::vector<std::size_t>> names;
     for (std::size_t i = 0; i < operators_.size(); ++i) {
-        names[recipe_.Apply(operators_[i].name)].push_back(i);
+        names[MakeKey(recipe_, operators_[i].name)].push_back(i);
     }
     for (const auto& [name, bearers] : names) {
         const auto imported = [this](std::size_t i) { return operators_[i].Imported(); };
@@ -152,9 +153,12 @@ void NetworkPlan::AddKey(const std::string& text, std::size_t network) {
 
 }  // namespace
 
-Networks DecideNetworks(const Providers& providers, const Recipe& recipe, ImportReport& report) {
+Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
+                        ImportReport& report) {
     NetworkPlan plan(providers, recipe, report);
     plan.AddNumberKeys();
     plan.AddNameKeys();
     return plan.Take();
 }
+
+}  // namespace tool

@@ -7,6 +7,8 @@
 #include "catalogue/recipe.h"
 #include "import/providers.h"
 
+namespace tool {
+
 // A network: the operators that a key of the subscriber's number belongs to, in the order in which
 // their access points are offered. Keys with the same operators in the same order share one.
 struct Network {
@@ -26,4 +28,7 @@ struct Networks {
 };
 
 // The result points into `providers`. The recipe is the one that detection applies to answers.
-Networks DecideNetworks(const Providers& providers, const Recipe& recipe, ImportReport& report);
+Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
+                        ImportReport& report);
+
+}  // namespace tool

@@ -4,6 +4,8 @@
 #include "support/error.h"
 #include "support/input_file.h"
 
+namespace tool {
+
 PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
     Findings findings;
     catalogue_ = ReadCatalogue(ReadInput(path_), findings);
@@ -30,3 +32,5 @@ int PhonesSource::Column(const CatalogueTable& table, const std::string& column)
     }
     return found;
 }
+
+}  // namespace tool

@@ -5,6 +5,8 @@
 
 #include "catalogue/catalogue.h"
 
+namespace tool {
+
 // The source that the phones of an import come from. It needs no database marker; any other fault
 // for which the library would drop something is refused with a ToolError.
 class PhonesSource {
@@ -21,3 +23,5 @@ class PhonesSource {
     std::string path_;
     Catalogue catalogue_;
 };
+
+}  // namespace tool

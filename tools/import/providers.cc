@@ -9,11 +9,12 @@
 #include "support/input_file.h"
 #include "support/progress.h"
 #include "support/texts.h"
+#include "velmor.h"
 
+namespace tool {
 namespace {
 
 constexpr char kWhiteSpace[] = " \t\r\n";
-constexpr std::size_t kTextSize = 256;  // of a text in the host's record
 
 bool IsDigits(const std::string& text) {
     return text.find_first_not_of("0123456789") == std::string::npos;
@@ -187,7 +188,7 @@ std::string ProvidersReader::Clean(const char* value) {
 
 void ProvidersReader::CheckLength(const std::string& value, const std::string& owner,
                                   const char* what) {
-    if (value.size() >= kTextSize) {
+    if (value.size() >= VELMOR_TEXT_SIZE) {
         report_.Count(ImportCount::kTooLong);
         report_.Remark(owner + ": " + what + " of " + std::to_string(value.size()) + " bytes");
     }
@@ -231,3 +232,5 @@ Providers ReadProviders(const std::string& path, ImportReport& report) {
     }
     return reader.Take();
 }
+
+}  // namespace tool

@@ -7,6 +7,8 @@
 
 #include "import/report.h"
 
+namespace tool {
+
 // What the operators' data hold, cleaned: values are trimmed and free of control characters.
 
 struct Country {
@@ -45,3 +47,5 @@ struct Providers {
 
 // Reads a serviceproviders.xml. Throws ToolError when it cannot be read or is something else.
 Providers ReadProviders(const std::string& path, ImportReport& report);
+
+}  // namespace tool

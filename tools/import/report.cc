@@ -4,6 +4,7 @@
 #include <iomanip>
 #include <ostream>
 
+namespace tool {
 namespace {
 
 constexpr std::array<const char*, static_cast<std::size_t>(ImportCount::kEnd)> kLabels = {
@@ -52,3 +53,5 @@ void ImportReport::Print(std::ostream& out) const {
         out << remark << "\n";
     }
 }
+
+}  // namespace tool

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace tool {
+
 // What an import counts: what came in, and each decision about what the operators' data leave
 // open. docs/import.md explains them in this order.
 enum class ImportCount {
@@ -59,3 +61,5 @@ class ImportReport {
     std::array<std::size_t, static_cast<std::size_t>(ImportCount::kEnd)> counts_{};
     std::vector<std::string> remarks_;
 };
+
+}  // namespace tool

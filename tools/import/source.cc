@@ -4,7 +4,11 @@
 #include <set>
 
 #include "catalogue/source_writer.h"
-#include "session/schema.h"
+#include "dun/setting_columns.h"
+
+namespace tool {
+
+namespace schema = vel::schema;
 
 namespace {
 
@@ -112,19 +116,30 @@ void ImportWriter::CopyPhoneRows(std::set<std::string>& dialsImportedType) {
 }
 
 void ImportWriter::AddSettings(const std::vector<Network>& networks) {
-    writer_.BeginTable(schema::kBasicDUNSettings,
-                       {schema::kID, schema::kNetworkID, "APN", "NUM", "VAR1", "ClientIP",
-                        "GatewayIP", "DNS1", "DNS2", schema::kName, "ContractType", "Default",
-                        schema::kCountryID, "User", "Password", "RequiresUserAndPassword"});
+    std::vector<std::string> columns;
+    for (const vel::SettingColumn& column : vel::kSettingColumns) {
+        columns.emplace_back(column.name);
+    }
+    writer_.BeginTable(schema::kBasicDUNSettings, columns);
     std::size_t settings = 0;
     for (std::size_t i = 0; i < networks.size(); ++i) {
         bool first = true;
         for (const AccessPoint* point : networks[i].offers) {
             const bool needsUser = !point->user.empty() || !point->password.empty();
-            writer_.AddRow({Identifier(settings++), Identifier(i), point->apn, kContext, "", "",
-                            point->gateway, point->dns1, point->dns2, point->displayName,
-                            point->contract, first ? "Y" : "N", point->country, point->user,
-                            point->password, needsUser ? "Y" : "N"});
+            writer_.AddRow(InColumns(columns, {{schema::kID, Identifier(settings++)},
+                                               {schema::kNetworkID, Identifier(i)},
+                                               {schema::kAPN, point->apn},
+                                               {schema::kNUM, kContext},
+                                               {schema::kGatewayIP, point->gateway},
+                                               {schema::kDNS1, point->dns1},
+                                               {schema::kDNS2, point->dns2},
+                                               {schema::kName, point->displayName},
+                                               {schema::kContractType, point->contract},
+                                               {schema::kDefault, first ? "Y" : "N"},
+                                               {schema::kCountryID, point->country},
+                                               {schema::kUser, point->user},
+                                               {schema::kPassword, point->password},
+                                               {schema::kRequiresUser, needsUser ? "Y" : "N"}}));
             first = false;
         }
     }
@@ -152,3 +167,5 @@ std::string WriteImport(const std::string& path, const PhonesSource& phones,
     writer.AddSettings(networks.networks);
     return writer.Finish();
 }
+
+}  // namespace tool

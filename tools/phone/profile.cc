@@ -7,6 +7,7 @@
 #include <iterator>
 #include <stdexcept>
 
+namespace tool {
 namespace {
 
 bool StartsWith(const std::string& text, const std::string& start) {
@@ -25,7 +26,7 @@ bool IsResultCode(const std::string& text) {
            StartsWith(text, "+CMS ERROR:");
 }
 
-std::string Framed(const std::string& text) {
+std::string WholeAnswer(const std::string& text) {
     std::string bytes = "\r\n";
     for (const char c : text) {
         bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
@@ -113,7 +114,7 @@ class Parser {
             if (text.empty()) {
                 Fail("no answer; \":=\" alone makes silence");
             }
-            answers.push_back({"", Framed(text), ""});
+            answers.push_back({"", WholeAnswer(text), ""});
         } else if (answers.empty()) {
             Fail("an unsolicited line belongs below an answer");
         } else {
@@ -138,7 +139,7 @@ class Parser {
         } else if (key == "echo" && (value == "on" || value == "off")) {
             profile_.echo = value == "on";
         } else if (key == "unknown") {
-            profile_.unknown = value.empty() ? "" : Framed(Unescaped(value));
+            profile_.unknown = value.empty() ? "" : WholeAnswer(Unescaped(value));
         } else if (key == "delay") {
             profile_.delay = Number(value);
         } else {
@@ -190,3 +191,5 @@ Profile ReadProfile(const std::string& path) {
     }
     return ParseProfile(text, path);
 }
+
+}  // namespace tool

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace tool {
+
 // How one phone answers, as docs/profiles.md describes it. Texts are the bytes that the phone
 // sends, framing and line ends included, unless said otherwise.
 struct Profile {
@@ -47,3 +49,5 @@ struct Profile {
 // Both throw std::runtime_error "NAME: line N: what".
 Profile ParseProfile(const std::string& text, const std::string& name);
 Profile ReadProfile(const std::string& path);
+
+}  // namespace tool

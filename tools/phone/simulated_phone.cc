@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+namespace tool {
 namespace {
 
 const char kOk[] = "\r\nOK\r\n";
@@ -129,3 +130,5 @@ std::optional<char> SimulatedPhone::Next() {
     ++sent_;
     return value;
 }
+
+}  // namespace tool

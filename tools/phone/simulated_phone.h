@@ -7,6 +7,8 @@
 
 #include "phone/profile.h"
 
+namespace tool {
+
 // A phone that answers AT commands from a profile. It does no input or output and knows no time:
 // whoever plays it hands it the host's bytes and fetches its own one by one.
 //
@@ -46,3 +48,5 @@ class SimulatedPhone {
     std::size_t sent_ = 0;
     bool flooding_ = false;
 };
+
+}  // namespace tool

@@ -9,6 +9,8 @@
 
 #include "support/error.h"
 
+namespace tool {
+
 std::string ReadInput(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                                std::fclose);
@@ -39,3 +41,5 @@ std::string WithoutCarriageReturns(std::string line) {
     line.erase(std::remove(line.begin(), line.end(), '\r'), line.end());
     return line;
 }
+
+}  // namespace tool

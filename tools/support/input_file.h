@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace tool {
+
 // The bytes of a file; a ToolError that names it when it cannot be read.
 std::string ReadInput(const std::string& path);
 
@@ -13,3 +15,5 @@ std::vector<std::string> SplitLines(const std::string& bytes);
 
 // The line as the library reads it: without any carriage return.
 std::string WithoutCarriageReturns(std::string line);
+
+}  // namespace tool

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <csignal>
 
+namespace tool {
 namespace {
 
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
@@ -52,3 +53,5 @@ int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseco
     const struct timespec limit = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
     return ppoll(descriptors, count, &limit, &outside);
 }
+
+}  // namespace tool

@@ -3,6 +3,8 @@
 
 #include <poll.h>
 
+namespace tool {
+
 // Control-C and its kin as something to ask about: from construction on SIGINT, SIGTERM and SIGHUP
 // no longer end the process, so that devices and files can be put in order first. One at a time.
 class Interruption {
@@ -17,3 +19,5 @@ class Interruption {
     // Like poll, but a signal ends the waiting even when it came before: the result is then -1.
     static int Wait(struct pollfd* descriptors, unsigned count, int milliseconds);
 };
+
+}  // namespace tool

@@ -11,6 +11,8 @@
 
 #include "support/error.h"
 
+namespace tool {
+
 OutputFile::OutputFile(std::string path, bool force)
     : path_(std::move(path)), scratch_(path_ + ".XXXXXX") {
     if (!force && access(path_.c_str(), F_OK) == 0) {
@@ -57,3 +59,5 @@ void OutputFile::Commit() {
 void OutputFile::Fail(const std::string& what) const {
     throw ToolError(path_ + ": " + what + ": " + std::strerror(errno));
 }
+
+}  // namespace tool

@@ -3,6 +3,8 @@
 
 #include <string>
 
+namespace tool {
+
 // A file that appears under its name only when it is complete: it is written beside and renamed.
 // Every failure is a ToolError that names the file; nothing is left behind then.
 class OutputFile {
@@ -24,3 +26,5 @@ class OutputFile {
     std::string scratch_;
     int descriptor_ = -1;
 };
+
+}  // namespace tool

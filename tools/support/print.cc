@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iostream>
 
+namespace tool {
 namespace {
 
 // Characters of a text in UTF-8: its bytes without those that continue a character.
@@ -36,3 +37,26 @@ void PrintAligned(const std::vector<TextRow>& rows) {
         std::cout << line << "\n";
     }
 }
+
+void PrintList(const Json& list, bool json) {
+    if (json) {
+        PrintJson(list);
+        return;
+    }
+    std::vector<TextRow> lines;
+    for (const Json& object : list) {
+        if (lines.empty()) {
+            lines.emplace_back();
+            for (const auto& member : object.items()) {
+                lines[0].push_back(member.key());
+            }
+        }
+        lines.emplace_back();
+        for (const Json& value : object) {
+            lines.back().push_back(value.is_string() ? value.get<std::string>() : value.dump());
+        }
+    }
+    PrintAligned(lines);
+}
+
+}  // namespace tool

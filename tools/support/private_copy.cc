@@ -10,6 +10,8 @@
 #include "support/input_file.h"
 #include "support/output_file.h"
 
+namespace tool {
+
 PrivateCopy::PrivateCopy(const std::string& catalogue) {
     const std::string bytes = ReadInput(catalogue);
     std::error_code error;
@@ -47,3 +49,5 @@ PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction
 PrivateSession::~PrivateSession() {
     Velmor_DeInitialise();
 }
+
+}  // namespace tool

@@ -5,6 +5,8 @@
 
 #include "velmor.h"
 
+namespace tool {
+
 // A copy of a catalogue in a directory of its own that only its owner can read, removed at the end:
 // the library writes beside every catalogue that it reads.
 class PrivateCopy {
@@ -31,3 +33,5 @@ class PrivateSession {
     PrivateSession(const PrivateSession&) = delete;
     PrivateSession& operator=(const PrivateSession&) = delete;
 };
+
+}  // namespace tool

@@ -5,6 +5,8 @@
 
 #include <iostream>
 
+namespace tool {
+
 Progress::Progress(std::string what, std::size_t total)
     : what_(std::move(what)), total_(total), terminal_(isatty(STDERR_FILENO) == 1) {}
 
@@ -19,3 +21,5 @@ void Progress::Show(std::size_t done) const {
         std::cerr << "\r" << what_ << ": " << done << " of " << total_ << std::flush;
     }
 }
+
+}  // namespace tool

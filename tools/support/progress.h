@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <string>
 
+namespace tool {
+
 // A line on standard error that tells how far a run has come and goes away at its end. Standard
 // error being no terminal, nothing is written.
 class Progress {
@@ -20,3 +22,5 @@ class Progress {
     std::size_t total_;
     bool terminal_;
 };
+
+}  // namespace tool

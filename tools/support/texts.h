@@ -6,6 +6,8 @@
 
 #include "foundation/record.h"
 
+namespace tool {
+
 // A char is unsigned on some machines.
 inline bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
@@ -15,6 +17,14 @@ inline bool IsControl(char c) {
 
 inline vel::String ToLibrary(const std::string& text) {
     return vel::String::FromBytes(text.data(), static_cast<int>(text.size()));
+}
+
+inline vel::Array<vel::String> ToLibrary(const std::vector<std::string>& fields) {
+    vel::Array<vel::String> texts(20);
+    for (const std::string& field : fields) {
+        texts.Append(ToLibrary(field));
+    }
+    return texts;
 }
 
 inline std::string FromLibrary(const vel::TextView& text) {
@@ -30,3 +40,5 @@ inline std::vector<std::string> FromLibrary(const vel::Record& record) {
     }
     return fields;
 }
+
+}  // namespace tool

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// velmor countries: the countries that a host offers to its user.
+#include "catalogue/setting_format.h"
+#include "commands/command.h"
+#include "support/print.h"
+#include "support/private_copy.h"
+#include "velmor.h"
+
+namespace tool {
+namespace {
+
+struct Options {
+    std::string catalogue;
+    bool json = false;
+};
+
+int ListCountries(const Options& options) {
+    const PrivateSession session(options.catalogue);
+    Json list = Json::array();
+    for (long i = 0; i < Velmor_GetNrCountries(0); ++i) {
+        list.push_back({{"index", i},
+                        {"settings", Velmor_GetCountryNrOfBasicDUNSettings(0, i)},
+                        {"name", CountryName(i)}});
+    }
+    PrintList(list, options.json);
+    return kExitOk;
+}
+
+}  // namespace
+
+void AddCountries(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("countries", "Lists the countries as a host sees them.", ListCountries);
+    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
+    command->add_flag("--json", options->json, "print for machines");
+    command->footer("Example: velmor countries my.catalogue\n");
+}
+
+}  // namespace tool

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// velmor phones: the phones that a host offers to its user.
+#include <iostream>
+
+#include "catalogue/setting_format.h"
+#include "commands/command.h"
+#include "support/print.h"
+#include "support/private_copy.h"
+#include "velmor.h"
+
+namespace tool {
+namespace {
+
+struct Options {
+    std::string catalogue;
+    bool json = false;
+};
+
+int ListPhones(const Options& options) {
+    const PrivateSession session(options.catalogue);
+    Json list = Json::array();
+    for (long i = 0; i < Velmor_GetNrOfPhones(0); ++i) {
+        long id = 0;
+        char description[1024];
+        if (Velmor_GetPhoneByIndex(0, i, &id, description, sizeof description) != 0) {
+            std::cerr << "velmor: " << options.catalogue << ": phone " << i
+                      << " has no manufacturer; a host cannot list it\n";
+            continue;
+        }
+        list.push_back({{"id", id}, {"phone", HostText(description)}});
+    }
+    PrintList(list, options.json);
+    return kExitOk;
+}
+
+}  // namespace
+
+void AddPhones(CommandLine& line) {
+    const auto [command, options] =
+        line.Add("phones", "Lists the phones as a host sees them.", ListPhones);
+    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
+    command->add_flag("--json", options->json, "print for machines");
+    command->footer("Example: velmor phones my.catalogue\n");
+}
+
+}  // namespace tool

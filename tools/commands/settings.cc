@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// velmor settings: the dial-up settings of a country that a host offers to its user.
+#include "catalogue/setting_format.h"
+#include "commands/command.h"
+#include "support/error.h"
+#include "support/print.h"
+#include "support/private_copy.h"
+#include "velmor.h"
+
+namespace tool {
+namespace {
+
+struct Options {
+    std::string catalogue;
+    std::string country;
+    bool json = false;
+};
+
+int ListSettings(const Options& options) {
+    const PrivateSession session(options.catalogue);
+    Json list = Json::array();
+    bool found = false;
+    for (long country = 0; country < Velmor_GetNrCountries(0); ++country) {
+        if (CountryName(country) != options.country) {
+            continue;
+        }
+        found = true;
+        for (long i = 0; i < Velmor_GetCountryNrOfBasicDUNSettings(0, country); ++i) {
+            Velmor_DUNSetting setting;
+            if (Velmor_GetCountryBasicDUNSettingByIndex(0, country, i, &setting) == 0) {
+                list.push_back(DescribeSetting(setting));
+            }
+        }
+    }
+    if (!found) {
+        throw ToolError(options.catalogue + ": has no country " + options.country);
+    }
+    PrintList(list, options.json);
+    return list.empty() ? kExitFindings : kExitOk;
+}
+
+}  // namespace
+
+void AddSettings(CommandLine& line) {
+    const auto [command, options] = line.Add(
+        "settings", "Lists the dial-up settings of a country as a host sees them.", ListSettings);
+    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
+    command->add_flag("--json", options->json, "print for machines");
+    command->add_option("--country", options->country, "name of the country")
+        ->required()
+        ->type_name("NAME");
+    command->footer(
+        "Exit status 1 when the country has none.\n"
+        "Example: velmor settings my.catalogue --country Norland\n");
+}
+
+}  // namespace tool

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "diagnosis/report.h"
+
+#include <iostream>
+#include <set>
+
+#include "catalogue/setting_format.h"
+
+namespace tool {
+namespace {
+
+TextRow KnownRow(const char* label, const std::string& text, const Clue& clue) {
+    if (!text.empty()) {
+        return {label, text};
+    }
+    if (!clue.IsUsable()) {
+        return {label, "not known; the phone gave no usable answer"};
+    }
+    return {label, "not known; the answer is " + clue.answer + ", its key " + clue.key};
+}
+
+void PrintAdvice(const Detection& found) {
+    if (!found.answered) {
+        std::cout << "\nThe phone answered nothing. Is it on, and is this the device that takes "
+                     "commands?\nMany phones have several.\n";
+    } else if (!found.identification.network.IsUsable() && found.networkId.empty()) {
+        std::cout << "\nThe phone did not name its network. Is its SIM card in and unlocked, and "
+                     "has it found\nits operator?\n";
+    }
+    if (found.answered && found.phoneId < 0 && !found.identification.phone.IsUsable()) {
+        std::cout << "\nThe phone did not name its model; the guide to the catalogue says what a "
+                     "catalogue can do.\n";
+    }
+    if (found.advice.empty()) {
+        return;
+    }
+    std::cout << "\nWith these lines in its source the catalogue knows what it lacks. Correct the "
+                 "names,\nthe country, and an access point called "
+              << kAdvisedApn << "; then velmor check and velmor encode.\n";
+    std::set<std::string> done;
+    for (const AdvisedLine& first : found.advice) {
+        if (done.insert(first.table).second) {
+            std::cout << "\nTable " << first.table << ":\n";
+            for (const AdvisedLine& line : found.advice) {
+                std::cout << (line.table == first.table ? line.line + "\n" : "");
+            }
+        }
+    }
+}
+
+Json DescribeClue(const Clue& clue) {
+    return {{"answer", clue.answer}, {"key", clue.key}};
+}
+
+}  // namespace
+
+void PrintDetection(const Detection& found) {
+    const Identification& identification = found.identification;
+    const bool phone = found.phoneId >= 0;
+    PrintAligned({
+        KnownRow("Manufacturer", found.manufacturer, identification.manufacturer),
+        KnownRow("Phone",
+                 phone ? found.phone + " (" + std::to_string(found.phoneId) + ")" : std::string(),
+                 identification.phone),
+        KnownRow("Network",
+                 found.networkId.empty() ? "" : found.networkType + " (" + found.networkId + ")",
+                 identification.network),
+    });
+    for (const Detection::Setting& setting : found.settings) {
+        std::cout << "\n";
+        PrintAligned(SettingRows(setting.values));
+        if (!setting.ready) {
+            std::cout << "  The catalogue does not say how this phone dials on this network.\n";
+        }
+    }
+    PrintAdvice(found);
+}
+
+void PrintDetectionJson(const Detection& found) {
+    const Identification& identification = found.identification;
+    Json json = {{"complete", found.IsComplete()}};
+    json["manufacturer"] = DescribeClue(identification.manufacturer);
+    json["manufacturer"]["name"] = found.manufacturer;
+    json["phone"] = DescribeClue(identification.phone);
+    json["phone"]["name"] = found.phone;
+    json["phone"]["id"] = found.phoneId;
+    json["network"] = DescribeClue(identification.network);
+    json["network"]["id"] = found.networkId;
+    json["network"]["type"] = found.networkType;
+    json["network"]["operator"] = identification.operatorName;
+    json["settings"] = Json::array();
+    for (const Detection::Setting& setting : found.settings) {
+        json["settings"].push_back(DescribeSetting(setting.values, setting.ready));
+    }
+    json["advice"] = Json::array();
+    for (const AdvisedLine& line : found.advice) {
+        json["advice"].push_back({{"table", line.table}, {"line", line.line}});
+    }
+    json["dialogue"] = Json::array();
+    for (const Exchange& exchange : found.dialogue) {
+        json["dialogue"].push_back({{"command", exchange.command},
+                                    {"answer", exchange.answer},
+                                    {"sent", exchange.sent},
+                                    {"answered", exchange.answered}});
+    }
+    PrintJson(json);
+}
+
+}  // namespace tool
