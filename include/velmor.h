@@ -1,27 +1,29 @@
 /* SPDX-License-Identifier: MIT
  *
- * Velmor: finds out which mobile phone is attached and which network it is on, and hands out the
- * dial-up networking (DUN) settings that bring the device online.
+ * Velmor: detects the attached mobile phone and its network, and provides the dial-up networking
+ * (DUN) settings that bring the device online.
  *
- * Conventions of this interface
+ * Conventions of this interface. The comment of each function lists its results.
  *
- * 1. Integers are `long` in the prototypes and hold 32-bit values on every target: a number read
- *    from the catalogue saturates at the 32-bit limits.
- * 2. A function returns 0 for success and -1 for failure unless it says otherwise. Counting
- *    functions return the count. No function throws, and none ends the process; running out of
- *    memory is a failure like any other (0 from the functions that count countries and phones).
- * 3. Buffers and records belong to the host; the library keeps no pointer to them. A text buffer
- *    is first filled with zeros over its whole size, then takes the text. A text of `size` bytes
- *    or more arrives as its first `size` bytes WITHOUT a terminator: read at most `size` bytes.
- *    A size of 0 or less, or a null buffer, is not written.
- * 4. Null pointers are harmless: a null text or output pointer is not written, a null path is a
- *    missing file, a null callback is a read or a send that fails.
- * 5. There is one session in a process. The argument `aHandle` of the query functions selects
- *    nothing; pass 0. It appears in the trace log.
- * 6. The library starts no threads and takes no locks: call it from one thread at a time, and not
- *    from inside its callbacks.
- * 7. When the setting TRACE of the catalogue begins with y or Y, every call is written to the trace
- *    log. The log holds the user names and passwords that pass through the calls.
+ * 1. Integers are `long` in the prototypes and hold 32-bit values on every target. A number in the
+ *    catalogue that is larger or smaller becomes the nearest 32-bit value.
+ * 2. A function returns 0 for success and -1 for failure unless its comment says otherwise.
+ *    Counting functions return the count. No function throws an exception or ends the process.
+ *    Running out of memory is a failure like any other; the functions that count countries and
+ *    phones then return 0. The session stays usable after a failure, except after one of
+ *    Velmor_Initialise.
+ * 3. Text buffers and DUN settings belong to the host; the library keeps no pointer to them. The
+ *    library writes a buffer over its whole size: the text, then zeros. It cuts a text of `size`
+ *    bytes or more to `size` bytes WITHOUT a terminator: read at most `size` bytes. It does not
+ *    write a buffer whose size is 0 or less.
+ * 4. Null pointers are allowed. A null buffer or output pointer is not written, a null path is a
+ *    missing file, and a null callback is a callback that fails.
+ * 5. A process has one session. The argument `aHandle` of the query functions selects nothing: pass
+ *    0. It only appears in the trace log.
+ * 6. The library starts no threads and takes no locks. Call it from one thread at a time. Do not
+ *    call it from inside its callbacks.
+ * 7. When the variable TRACE of the catalogue begins with y or Y, the library writes every call to
+ *    the trace log. The log holds user names, passwords and subscriber numbers in plain text.
  */
 #ifndef VELMOR_H
 #define VELMOR_H
@@ -38,20 +40,21 @@
 extern "C" {
 #endif
 
-/* The dial-up settings of one access point: what the host needs to bring the device online. 3588
- * bytes without padding. A text of 256 bytes or more has no terminator. */
+/* A DUN setting: all that the host needs to go online through one access point. It has 3588 bytes
+ * and no padding. A text of 256 bytes or more has no terminator. */
 #define VELMOR_TEXT_SIZE 256
 typedef struct {
     char InitializationString[VELMOR_TEXT_SIZE]; /* modem initialisation: AT+CGDCONT, see 3GPP
                                                     TS 27.007 */
     char DialString[VELMOR_TEXT_SIZE];           /* what the modem dials, for instance ATD*99# */
-    char Dns1[VELMOR_TEXT_SIZE]; /* addresses as text, empty: assigned on connection */
+    char Dns1[VELMOR_TEXT_SIZE]; /* addresses are texts; an empty one is assigned on connection */
     char Dns2[VELMOR_TEXT_SIZE];
     char GatewayIP[VELMOR_TEXT_SIZE];
     char APN[VELMOR_TEXT_SIZE]; /* access point name, see 3GPP TS 23.003 */
     char DisplayName[VELMOR_TEXT_SIZE];
     char ClientIP[VELMOR_TEXT_SIZE];
-    char ContractType[VELMOR_TEXT_SIZE]; /* these two and Default as the catalogue has them */
+    char ContractType[VELMOR_TEXT_SIZE]; /* ContractType, RequiresUser and Default hold the
+                                            catalogue's texts unchanged */
     char RequiresUser[VELMOR_TEXT_SIZE];
     char DefaultUser[VELMOR_TEXT_SIZE];
     char DefaultPassword[VELMOR_TEXT_SIZE];
@@ -60,54 +63,55 @@ typedef struct {
     int32_t aBasicDUNSettingId;     /* identifier in the catalogue, -1: none */
 } Velmor_DUNSetting;
 
-/* The host's read callback: waits for the phone's next byte and places it in `buffer`.
+/* The host's read callback: waits for the next byte from the phone and stores it in `buffer`.
  *
- * buffer   where the byte goes
- * count    bytes wanted, always 1
- * timeout  how long to wait at most: the setting AT-TIME-OUT of the catalogue as it stands, -1 when
- *          it is missing. The unit is between the catalogue and the host; the library neither
- *          measures nor interprets it.
+ * buffer   takes the byte
+ * count    number of bytes wanted, always 1
+ * timeout  the longest time to wait: the catalogue's variable AT-TIME-OUT, -1 when it is missing.
+ *          The catalogue and the host agree on the unit; the library does not interpret it.
  *
- * Returns the number of bytes placed. 1 is success; anything else is a failed read, which the
- * library repeats up to AT-RETRY times for each byte. */
+ * Returns the number of bytes stored. 1 is success, any other value is a failed read. The library
+ * repeats a failed read up to AT-RETRY times for each byte. */
 typedef long (*Velmor_ReadFunction)(char* buffer, long count, long timeout);
 
 /* The host's send callback: writes a command to the phone.
  *
- * buffer   the command; not to be read beyond `length`
+ * buffer   the command; do not read beyond `length`
  * length   its length in bytes
  *
- * Returns the number of bytes sent. Anything but `length` is a failed send. */
+ * Returns the number of bytes sent. Any value other than `length` is a failed send. */
 typedef long (*Velmor_SendFunction)(const char* buffer, long length);
 
-/* Starts the session: loads the catalogue and keeps the callbacks. Also writes a copy of the
- * catalogue beside it, named after it with ".encode" appended; that this fails, in a read-only
- * directory say, changes nothing. Settles whether calls are traced, this one included.
+/* Starts the session: loads the catalogue and keeps the callbacks. The catalogue decides whether
+ * calls are traced, this one included. The function also writes a copy of the catalogue, whose path
+ * is that of the catalogue with ".encode" appended. A failure to write the copy, for example in a
+ * read-only directory, has no effect.
  *
  * aDatabaseFile  path of the catalogue
- * aReadFunction, aSendFunction  the link to the phone; needed for detection only. Neither lets a
- * C++ exception out: the host's runtime and the library's may be two.
+ * aReadFunction, aSendFunction  the link to the phone, needed for detection only. They must not
+ *                throw a C++ exception: host and library can have a C++ runtime each.
  *
  * Returns 0, or -1 when the file cannot be read or lacks one of the tables Countries, Phones,
  * Manufacturers, BasicDUNSettings, ManufacturerIdentification, PhoneIdentification or
- * NetworkIdentification. After -1 there is no session, and the callbacks of an earlier one stay.
+ * NetworkIdentification. After -1 there is no session; the callbacks of an earlier one stay.
  *
- * May be called again to change the catalogue. Call Velmor_DeInitialise before: otherwise the
- * settings of the country last asked about and the detected ones are still answered from rows of
- * the catalogue that is gone, with empty texts. */
+ * To change the catalogue, call Velmor_DeInitialise and then this function again. Without
+ * Velmor_DeInitialise the library keeps the rows it found before: those of the last detection and
+ * of the country last asked for. Their texts are empty, because their catalogue is gone. */
 VELMOR_EXPORT long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                                      Velmor_SendFunction aSendFunction);
 
-/* Ends the session and frees the catalogue. Harmless without a session. */
+/* Ends the session and frees the catalogue. Has no effect without a session. */
 VELMOR_EXPORT void Velmor_DeInitialise(void);
 
-/* Returns the version number of the catalogue, 0 when it has none, -1 without a session. */
+/* Returns the version number of the catalogue, 0 when it has none or a text that is no number, -1
+ * without a session. */
 VELMOR_EXPORT long Velmor_GetVersionDatabase(long aHandle);
 
 /* Returns the version of the library and its interface, 150 for 1.50. Needs no session. */
 VELMOR_EXPORT long Velmor_GetVersionLibrary(void);
 
-/* Returns the number of countries in the catalogue; 0 without a session. */
+/* Returns the number of countries in the catalogue, 0 without a session. */
 VELMOR_EXPORT long Velmor_GetNrCountries(long aHandle);
 
 /* Copies the name of a country.
@@ -120,29 +124,29 @@ VELMOR_EXPORT long Velmor_GetNrCountries(long aHandle);
 VELMOR_EXPORT long Velmor_GetCountryByIndex(long aHandle, long aCountryIndex,
                                             char* aCountryDescription, long sizeIO);
 
-/* Returns the number of phones in the catalogue; 0 without a session. */
+/* Returns the number of phones in the catalogue, 0 without a session. */
 VELMOR_EXPORT long Velmor_GetNrOfPhones(long aHandle);
 
 /* Copies the identifier and the description of a phone, "manufacturer: model".
  *
  * aPhoneIndex        0 to the number of phones - 1, in the catalogue's order
- * aPhoneId           takes the identifier, for Velmor_GetDUNSetting; -1 on failure, or when the
+ * aPhoneId           takes the identifier, for Velmor_GetDUNSetting; -1 on failure or when the
  *                    catalogue's identifier is not a number
  * aPhoneDescription  takes the description; all zeros on failure
  * sizeIO             its size in bytes
  *
- * Returns 0, or -1 when there is no such phone, its manufacturer is unknown, or there is no
- * session. */
+ * Returns 0, or -1 when there is no such phone, its manufacturer is not in the catalogue, or there
+ * is no session. */
 VELMOR_EXPORT long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId,
                                           char* aPhoneDescription, long sizeIO);
 
 /* Returns the number of DUN settings of a country, or -1 when there is no such country or no
- * session. The rows found are kept until another country is asked about, so that fetching the
- * settings of one country after the other searches the catalogue once for each country. */
+ * session. The library keeps the rows found until the host asks for another country. To search the
+ * catalogue only once for each country, fetch the settings country by country. */
 VELMOR_EXPORT long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex);
 
-/* Fills a record with a DUN setting of a country, for display: the dial and initialisation strings,
- * which depend on the phone, stay empty.
+/* Fills in a DUN setting of a country, for display. The dial and initialisation strings stay empty,
+ * because they depend on the phone.
  *
  * aCountryIndex          0 to the number of countries - 1
  * aBasicDUNSettingIndex  0 to the number of the country's settings - 1
@@ -153,25 +157,26 @@ VELMOR_EXPORT long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aC
                                                            long aBasicDUNSettingIndex,
                                                            Velmor_DUNSetting* settingIO);
 
-/* Writes the settings of all countries to the trace log, for whoever maintains the catalogue; does
- * nothing visible when tracing is off. The library version it names is 99, for ever. */
+/* Writes the DUN settings of all countries to the trace log, for catalogue maintainers. Without
+ * tracing it has no visible effect. The library version in this list is always 99. */
 VELMOR_EXPORT void OnNetworkListnetworks(void);
 
-/* Asks the attached phone who it is and on which network, in up to eight AT commands, and keeps
- * what was found for the functions below until the next detection. The settings found end with the
- * session; the detected phone's identifier outlives it and is looked up in whatever catalogue there
- * is.
+/* Asks the attached phone for its manufacturer, its model and its network, in up to eight AT
+ * commands. The functions below answer from the result until the next detection. The settings found
+ * end with the session. The detected phone's identifier stays: the next session looks it up in its
+ * own catalogue.
  *
- * manuResponseIO   takes the phone's answer to the last question for its manufacturer, as it came
+ * manuResponseIO   takes the relevant line of the last answer about the manufacturer, unchanged
  * manuResponse_sizeIO   its size in bytes
- * phoneResponseIO, phoneResponse_sizeIO   the same for its model
+ * phoneResponseIO, phoneResponse_sizeIO   the same for the model
  *
- * The answers help whoever adds a phone to the catalogue.
+ * The two lines help to add an unknown phone to the catalogue.
  *
- * Returns 0 when the phone was identified or at least one DUN setting was found, -1 when neither or
- * without a session; then nothing is sent. Blocks inside the callbacks: the library reads on as
- * long as the phone sends, so a host that wants an end to every detection lets its read callback
- * fail once it has waited or read enough. */
+ * Returns 0 when the phone was identified or at least one DUN setting was found. Returns -1 when
+ * neither was found, or without a session; nothing is sent without a session.
+ *
+ * The call waits in the callbacks and reads as long as the phone sends. To limit its time, the
+ * host's read callback must fail after a certain time or number of bytes. */
 VELMOR_EXPORT long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO,
                                                 long manuResponse_sizeIO, char* phoneResponseIO,
                                                 long phoneResponse_sizeIO);
@@ -179,41 +184,42 @@ VELMOR_EXPORT long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponse
 /* Copies the names of the detected phone and of its manufacturer.
  *
  * nameIO, name_sizeIO   buffer for the phone's name and its size in bytes
- * manuIO, manu_sizeIO   the same for the manufacturer's; empty when the catalogue does not name it
+ * manuIO, manu_sizeIO   the same for the manufacturer's name; empty when the catalogue has none
  *
- * Returns the phone's identifier, or -1 when no phone was detected, its identifier is not a number
- * or not in the catalogue's list of phones. */
+ * Returns the phone's identifier, or -1 when no phone was detected, or when its identifier is not a
+ * number or not in the table Phones. */
 VELMOR_EXPORT long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO,
                                            char* manuIO, long manu_sizeIO);
 
-/* Writes the number of DUN settings that fit the detected network to countO, 0 when there are none,
- * nothing was detected or there is no session. Returns 0. */
+/* Writes the number of DUN settings for the detected network to countO: 0 when there are none, when
+ * nothing was detected or without a session. Returns 0. */
 VELMOR_EXPORT long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO);
 
-/* Fills a record with a detected DUN setting, ready to dial.
+/* Fills in a detected DUN setting, ready to dial.
  *
  * index      0 to the number of detected settings - 1
- * settingIO  takes the setting; without one the identifier is -1 and all texts are empty, but for
- *            what the catalogue holds for an empty country or network type
+ * settingIO  takes the setting. Without one the identifier is -1 and all texts are empty.
+ *            Exception: rows for an empty country or network type still fill their fields.
  *
- * Returns 0, or -1 when there is no such setting or no session, settingIO is null, or the catalogue
- * does not hold exactly one set of dial and initialisation strings for the detected phone on this
- * type of network: these strings are empty then and the rest of the record is filled. */
+ * Returns 0, or -1 when there is no such setting or no session, or settingIO is null. Returns -1
+ * also when BasicDUNForPhone does not have exactly one row for the detected phone and this type of
+ * network. The dial and initialisation strings are empty then; all other fields are filled. */
 VELMOR_EXPORT long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index,
                                                        Velmor_DUNSetting* settingIO);
 
-/* Fills a record with a DUN setting for a phone, both known by their identifiers, for a host that
- * remembers an earlier choice. Needs no detection.
+/* Fills in a DUN setting for a phone, both given by their identifiers. It needs no detection: it is
+ * for a host that stored an earlier choice.
  *
- * aPhoneId            as from Velmor_GetPhoneByIndex or Velmor_GetDetectedPhone
- * aBasicDUNSettingId  as from an earlier record
+ * aPhoneId            from Velmor_GetPhoneByIndex or Velmor_GetDetectedPhone
+ * aBasicDUNSettingId  from an earlier DUN setting
  * settingIO           takes the setting; without one as above
  *
- * Identifiers beyond 32 bits are taken for the nearest limit. Returns 0 when the setting is there
- * and the catalogue holds dial and initialisation strings for the phone on this type of network;
- * with more than one set they are left empty. Returns -1 otherwise, except that with two negative
- * identifiers the phone's strings alone are enough. Returns -1 when settingIO is null or there is
- * no session. */
+ * An identifier beyond 32 bits counts as the nearest 32-bit value.
+ *
+ * Returns 0 when the catalogue has the setting, and at least one row of BasicDUNForPhone for the
+ * phone and the setting's type of network. With several rows the dial and initialisation strings
+ * are empty. When both identifiers are negative, the row for the phone alone is enough. Returns -1
+ * otherwise, also when settingIO is null or there is no session. */
 VELMOR_EXPORT long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
                                         Velmor_DUNSetting* settingIO);
 
