@@ -19,7 +19,7 @@ configure_package_config_file(cmake/velmorConfig.cmake.in velmorConfig.cmake
 write_basic_package_version_file(velmorConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/velmorConfig.cmake ${PROJECT_BINARY_DIR}/velmorConfigVersion.cmake
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor COMPONENT development)
-# As the CMake files, it finds the rest from where it stands itself.
+# Like the CMake files, velmor.pc finds the rest relative to its own place.
 file(RELATIVE_PATH velmor_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" velmor_pc_prefix ${velmor_pc_prefix})
 configure_file(cmake/velmor.pc.in velmor.pc @ONLY)

@@ -7,7 +7,7 @@ if(VELMOR_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# A program in C for the sanitized library brings the C++ part of the sanitizers' runtime.
+# A C program that uses the sanitized library must link the C++ part of the sanitizers' runtime.
 function(velmor_c_program target)
   target_link_libraries(${target} PRIVATE velmor_warnings)
   if(VELMOR_SANITIZE)

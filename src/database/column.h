@@ -5,7 +5,7 @@
 
 namespace vel {
 
-// A cell with a copy of its text. Made by its row when cells are first asked for.
+// A cell with a copy of its text. Its row makes it when somebody first asks for cells.
 class Column final : public IColumn, public DatabaseObject {
   public:
     Column(IRow* row, int index, String value);
@@ -20,7 +20,7 @@ class Column final : public IColumn, public DatabaseObject {
 
   private:
     String value_;
-    int index_;          // also that of its name in the table
+    int index_;          // of the cell, and of its name in the table
     Pointer<IRow> row_;  // null once taken apart
 };
 

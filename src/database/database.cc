@@ -10,8 +10,8 @@ int Database::Create(const String& name, const String& version, IDatabase*& data
 
 namespace {
 
-// While tables are taken apart, their references to the database come back to its Release, which
-// then only counts. One for all databases: there are no threads.
+// True while tables are taken apart. They release the database then, and its Release must only
+// count. One flag for all databases: there are no threads.
 bool takingApart = false;
 
 }  // namespace

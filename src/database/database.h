@@ -6,8 +6,8 @@
 
 namespace vel {
 
-// The in-memory catalogue. Its tables hold one reference each to it; when these are the only ones
-// left, Release takes the tables apart and the database goes.
+// The in-memory catalogue. Each of its tables holds one reference to it. When only these references
+// are left, Release takes the tables apart and deletes the database.
 class Database final : public IDatabase, public DatabaseObject {
   public:
     // A new database without tables; the caller owns it. Returns 0.

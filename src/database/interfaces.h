@@ -4,9 +4,9 @@
 #include "foundation/collection.h"
 #include "foundation/string.h"
 
-// The in-memory database as its users see it: named tables whose rows hold one text per named
+// The in-memory database as its users see it: named tables whose rows hold one text for each named
 // column. Every operation returns a status, 0 for success and 1 for refused, and delivers through
-// its reference arguments. An object handed out through a `T*&` carries a reference for the caller;
+// its reference arguments. An object that comes through a `T*&` carries a reference for the caller;
 // "none" is a null pointer. Texts are copies. Look-ups are linear scans in order of creation.
 namespace vel {
 
@@ -18,25 +18,24 @@ class ITable;
 // A part of the database that holds a counted reference to its parent.
 class DatabaseObject {
   public:
-    // Cuts the cycle: lets go of the children, then of the parent.
+    // Cuts the cycle: releases the children, then the parent.
     virtual void Destroy() = 0;
 
   protected:
     ~DatabaseObject() = default;
 };
 
-// A set of named tables. The tables refer to it, so it takes everything apart when the last
-// reference from outside is released.
+// A set of named tables. The tables hold references to it, so it takes everything apart when the
+// last other reference is released.
 class IDatabase : public IUnknown {
   public:
     virtual int get_Name(String& name) const = 0;
-    // Kept: 1 when the table was found, 0 when not; callers test the pointer.
+    // For compatibility 1 when the table was found and 0 when not; callers test the pointer.
     virtual int get_Table(const String& name, ITable*& table) const = 0;
     // A new collection of every table in order of creation.
     virtual int get_Tables(ICollection<ITable*>*& tables) const = 0;
-    // Makes a table. When the name is taken, the first table stays the one that is found and
-    // listed, and the new one belongs to the caller alone: nothing takes it apart but the caller's
-    // Destroy.
+    // Makes a table. When the name is taken, only the first table is found and listed. The new one
+    // then belongs to the caller alone, who must take it apart with Destroy.
     virtual int CreateTable(const String& name, const Array<String>& columnNames,
                             ITable*& table) = 0;
     virtual int get_Version(String& version) const = 0;
@@ -50,7 +49,7 @@ class ITable : public IUnknown {
     virtual int get_Name(String& name) const = 0;
     // The first row with that key, or none.
     virtual int get_Row(const String& id, IRow*& row) const = 0;
-    // The table's own collection, only to be read.
+    // The table's own collection; read-only.
     virtual int get_Rows(ICollection<IRow*>*& rows) const = 0;
     // Refused, with `row` untouched, unless there is exactly one value for each column.
     virtual int CreateRow(const Array<String>& values, IRow*& row) = 0;
@@ -59,16 +58,17 @@ class ITable : public IUnknown {
     virtual int get_ColumnName(int index, String& name) const = 0;
     // Index of the first column of that name, or -1.
     virtual int get_ColumnIndex(const String& name, int& index) const = 0;
-    // A new collection of the rows that match, in order. Refused without a condition; a status
-    // other than 0 from the condition's Prepare is passed on. Refused, the collection is empty.
+    // A new collection of the rows that match, in order. Refused without a condition. A status
+    // other than 0 from the condition's Prepare is passed on. The collection is empty in both
+    // cases.
     virtual int Find(IRowCondition* condition, ICollection<IRow*>*& result) = 0;
     // The first row whose column holds the value, or none; refused when there is no such column.
     virtual int FindByIndex(String column, String value, IRow*& row) = 0;
-    // Drops all rows without taking them apart: a row whose cells were asked for lives on.
+    // Drops all rows without taking them apart: a row whose cells were made stays alive.
     virtual int Clear() = 0;
 };
 
-// One record of a table.
+// One row of a table.
 class IRow : public IUnknown {
   public:
     virtual int get_Database(IDatabase*& database) const = 0;
@@ -81,7 +81,7 @@ class IRow : public IUnknown {
     virtual int get_Column(const String& name, IColumn*& column) const = 0;
     // Refused, with the empty text, when there is no such column.
     virtual int get_ColumnValue(const String& name, String& value) const = 0;
-    // The row's own collection of cells, only to be read.
+    // The row's own collection of cells; read-only.
     virtual int get_Columns(ICollection<IColumn*>*& columns) const = 0;
     virtual int get_ColumnNames(Array<String>& names) const = 0;
     virtual int get_ColumnName(int index, String& name) const = 0;
@@ -99,7 +99,7 @@ class IColumn : public IUnknown {
     virtual int get_Value(String& value) const = 0;
 };
 
-// Hands out a counted object, or none.
+// Gives the caller a counted object with a reference, or none.
 template <class I, class T>
 int HandOut(T* object, I*& result) {
     result = object;

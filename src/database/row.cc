@@ -71,7 +71,7 @@ Row::Cells* Row::MakeCells() const {
     if (!columns_) {
         auto cells = Pointer<Cells>::Adopt(new Cells(0, 8));
         for (int i = 0; table_ && i < texts_.get_Count(); ++i) {
-            // A cell refers to its row; which of the two was there first nobody can see.
+            // The cells are made late, in a const operation; their row is the same for its users.
             auto* self = const_cast<Row*>(this);
             auto cell = Pointer<Column>::Adopt(new Column(self, i, texts_[i].ToString()));
             cells->Add(cell.get());

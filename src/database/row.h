@@ -8,8 +8,8 @@ namespace vel {
 
 class Table;
 
-// A row keeps its texts together in one block, and look-ups read them there. Its cell objects come
-// into being when somebody asks for cells, which hardly anybody does: a device has little memory.
+// A row keeps its texts together in one block, and look-ups read them there. It makes cell objects
+// only when somebody asks for cells, which is rare: a device has little memory.
 class Row final : public IRow, public DatabaseObject {
   public:
     // REQUIRES: one field for each column of the table.
@@ -26,8 +26,8 @@ class Row final : public IRow, public DatabaseObject {
     int get_ColumnName(int index, String& name) const override;
     void Destroy() override;
 
-    // The texts in place: the key, and the cell at an index or under a name. None where there is no
-    // such cell, and none at all once the row has been taken apart; the key stays.
+    // The texts in place: the key, and the cell at an index or under a name. There is no text where
+    // there is no such cell. Once the row has been taken apart, only the key is left.
     TextView Id() const { return texts_[0]; }
     TextView Text(int index) const { return table_ ? texts_[index] : TextView(); }
     TextView Text(const TextView& columnName) const;

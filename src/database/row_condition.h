@@ -5,11 +5,11 @@
 
 namespace vel {
 
-// A predicate on the rows of a table, made by whoever queries.
+// A predicate on the rows of a table, made for a query.
 class IRowCondition : public IUnknown {
   public:
-    // Called once for each query, before any Matches, to resolve what the condition needs of the
-    // table. Any status but 0 ends the query and becomes its status.
+    // Called once for each query, before any Matches, to look up what the condition needs of the
+    // table. A status other than 0 ends the query and becomes its status.
     virtual int Prepare(ITable* table) = 0;
     // Called once for each row in table order. Must not change the table.
     virtual bool Matches(const IRow* const& row) const = 0;

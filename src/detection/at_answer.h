@@ -34,7 +34,7 @@ class ATAnswer {
 
   private:
     String all_;
-    String line_;  // what came of the present line
+    String line_;  // the current line so far
     String last_;  // the last line of at least three characters
     State state_ = State::kOpen;
 };

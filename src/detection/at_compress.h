@@ -4,9 +4,9 @@
 #include "foundation/string.h"
 #include "velmor.h"
 
-// Makes a key of the catalogue of a phone's answer, in place, by the recipe (vel::Recipe) in the
-// settings table of that name. Without such a table the answer stays as it is. Returns 0, or -1
-// with the answer unchanged when memory runs out.
+// Turns a phone's answer into a key of the catalogue, in place, by the recipe (vel::Recipe) in the
+// table of that name. Without such a table the answer stays as it is. Returns 0, or -1 with the
+// answer unchanged when memory runs out.
 VELMOR_EXPORT int ATCompress(vel::String& string, const vel::String& settingsName);
 
 namespace vel {

@@ -43,7 +43,8 @@ struct ResponseBuffer {
     long size;
 };
 
-// What a detection finds; it enters the session as a whole.
+// What a detection finds. It enters the session only as a whole: a detection that runs out of
+// memory leaves nothing behind.
 struct Detection {
     String phoneId;
     String networkId;

@@ -16,8 +16,8 @@ struct Attempt {
 
 inline constexpr int kLastLine = -1;
 
-// A question that is put in several ways until the catalogue knows the answer, and the table with
-// the recipe that makes a key of the answer.
+// A question that is asked in several ways until the catalogue knows the answer, and the table with
+// the recipe that turns the answer into a key.
 struct Question {
     Attempt attempts[3];
     const char* recipe;
@@ -31,13 +31,13 @@ inline constexpr Question kPhoneQuestion = {
 inline constexpr Attempt kImsiQuestion = {"AT+CIMI\r", kLastLine};
 inline constexpr Attempt kOperatorQuestion = {"AT+COPS?\r", kLastLine};
 
-// So many digits of an IMSI name a network: the MCC, which has three, and two digits of the MNC.
+// The digits of an IMSI that name a network: three of the MCC and two of the MNC.
 inline constexpr int kImsiDigits = 5;
 
 // The first digits of an IMSI, at most kImsiDigits; other characters of the answer do not count.
 String ImsiDigits(const String& answer);
 
-// The operator's name: what stands between the first two double quotes, or behind the only one.
+// The operator's name: the text between the first two double quotes, or after the only one.
 String OperatorName(const String& answer);
 
 }  // namespace vel

@@ -5,13 +5,13 @@
 
 namespace vel {
 
-// How an answer of the phone becomes a key of the catalogue. The steps are settings of a table:
+// How an answer of the phone becomes a key of the catalogue. The steps are variables of a table:
 // "RemoveCharacters" removes each of its characters. "Compress" shortens each run of one of its
 // characters to one. "MakeUpperCase" makes ASCII letters capital when it begins with y or Y. For
 // compatibility runs are shortened only together with upper case.
 class Recipe {
   public:
-    // Reads the steps. A missing setting leaves its step out; so does a missing table for all.
+    // Reads the steps. A missing variable leaves its step out, a missing table all of them.
     explicit Recipe(ITable* table);
 
     // Changes the answer in place. Changes nothing when memory runs out.

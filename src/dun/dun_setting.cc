@@ -12,7 +12,7 @@
 namespace vel {
 namespace {
 
-// The layout is the interface: fourteen texts and a number, without padding.
+// The layout is part of the interface: fourteen texts and a number, without padding.
 #define VELMOR_FIELD_AT(field, position)                                                          \
     static_assert(offsetof(Velmor_DUNSetting, field) == std::size_t{position} * VELMOR_TEXT_SIZE, \
                   #field)

@@ -9,7 +9,7 @@ namespace vel {
 // A text of the host's DUN setting.
 using TextField = char (Velmor_DUNSetting::*)[VELMOR_TEXT_SIZE];
 
-// A column of the table BasicDUNSettings, and the text that it fills as it is; null: none.
+// A column of the table BasicDUNSettings, and the text that it fills without change; null: none.
 struct SettingColumn {
     const char* name;
     TextField field;

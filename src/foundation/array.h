@@ -9,16 +9,17 @@
 
 namespace vel {
 
-// What is the same for the arrays of every type, out of line: a copy in each of them made the
+// The part that all array types share. It is out of line: a copy for each type would make the
 // library an eighth larger.
 namespace array {
 
-// The capacity of an array that gets `extra` elements more: grown by whole quanta, by the fewest
-// that suffice. Throws std::bad_alloc beyond the range of int.
+// The capacity of an array that gets `extra` more elements: it grows by the smallest sufficient
+// number of quanta. Throws std::bad_alloc beyond the range of int.
 int GrownCapacity(int capacity, int count, int extra, int growBy);
 
-// Growing by a fixed quantum would copy a large array over and over, so large buffers are allocated
-// in steps of an eighth of their size and a growth within the step is only counted.
+// The slots to allocate for a capacity. Growing by a fixed quantum would copy a large array again
+// and again, so large buffers have steps of an eighth of their size. Growth within a step changes
+// only the stated capacity.
 int SlotsFor(int capacity);
 
 }  // namespace array
@@ -26,9 +27,9 @@ int SlotsFor(int capacity);
 // A contiguous, growable, indexed sequence. Its stated capacity is always the first capacity plus a
 // whole multiple of the growth quantum.
 //
-// The fields are open to the library's own code, which reads them freely; `count` may be lowered
-// by an owner, everything else changes only through the operations. All `capacity` slots are
-// constructed (texts empty, pointers null, characters and integers raw).
+// The library's own code reads the fields directly. An owner may lower `count`; everything else
+// changes only through the operations. All `capacity` slots are constructed: texts are empty,
+// pointers null, characters and integers not initialised.
 template <class T>
 class Array {
   public:
@@ -58,14 +59,14 @@ class Array {
         return *this;
     }
 
-    // Makes room for `extra` elements more; throws std::bad_alloc and changes nothing when it
+    // Makes room for `extra` more elements. Throws std::bad_alloc and changes nothing when it
     // cannot. Returns whether there is a buffer afterwards.
     bool internalEnsureSpace(int extra) {
         return extra <= capacity - count ? data != nullptr : Grow(extra);
     }
 
     // Replaces the elements by copies of `source[0..n)`; the capacity becomes exactly n. A null
-    // source leaves no buffer behind the stated count. Changes nothing when it throws.
+    // source leaves a stated count without a buffer. Changes nothing when it throws.
     void Assign(const T* source, int n) {
         T* copy = source == nullptr || n == 0 ? nullptr : NewSlots(n);
         try {
@@ -126,7 +127,7 @@ class Array {
     T* data = nullptr;
 
   protected:
-    // What internalEnsureSpace does when the room is not there yet.
+    // internalEnsureSpace when there is no room yet.
     bool Grow(int extra);
 
     // Exchanges everything but the growth quantum.
@@ -142,7 +143,7 @@ class Array {
     }
 };
 
-// The new slots take over what the old ones held.
+// Moves the elements to the new slots.
 template <class T>
 bool Array<T>::Grow(int extra) {
     const int newCapacity = array::GrownCapacity(capacity, count, extra, growBy);

@@ -18,8 +18,7 @@ class ICollection : public IUnknown {
 };
 
 // The one implementation: holds objects of the class C, shows them as the interface I. The slots
-// are those of any counted object, so that the library has the code of one such array and not of
-// three.
+// have one type for all collections: the library then has the code of one array instead of three.
 template <class I, class C>
 class ComArray final : public ICollection<I*> {
   public:
@@ -36,7 +35,7 @@ class ComArray final : public ICollection<I*> {
         return 0;
     }
 
-    // Appends an item and takes a reference to it. For the owner only, never for its users.
+    // Appends an item and takes a reference to it. Only the owner calls this.
     void Add(C* item) { items.Append(Pointer<IUnknown>(item)); }
 
     // The object in a slot, without a reference for the caller; null when the slot is empty.

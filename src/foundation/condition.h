@@ -3,8 +3,8 @@
 
 namespace vel {
 
-// A predicate on a T. Used by the searches of Array and by the row conditions of the database;
-// never owned or deleted through this type.
+// A predicate on a T, for the searches of Array and the row conditions of the database. Nobody owns
+// or deletes an object through this type.
 template <class T>
 class _ICondition {  // NOLINT(bugprone-reserved-identifier): the established name
   public:

@@ -19,14 +19,14 @@ struct DictionaryEntry {
     }
 };
 
-// A list of entries with unique keys, in insertion order. The first value for a key is kept; there
-// is no replacement.
+// A list of entries with unique keys, in insertion order. The first value for a key stays; nothing
+// replaces it.
 template <class K, class V>
 class Dictionary : public List<DictionaryEntry<K, V>> {
   public:
     using Entry = DictionaryEntry<K, V>;
 
-    // A predicate on entries that also compares a bare key.
+    // A predicate on entries that also compares a key alone.
     class IKeyCompare : public List<Entry>::ICompare {
       public:
         using List<Entry>::ICompare::Equals;
@@ -45,7 +45,7 @@ class Dictionary : public List<DictionaryEntry<K, V>> {
         const Key* key_;
     };
 
-    // Appends copies of key and value. Returns the new entry, or null when the key is held.
+    // Appends copies of key and value. Returns the new entry; null when the key is there already.
     Entry* Add(const K& key, const V& value) {
         if (this->Find(KeyCompare<K>(key)) != nullptr) {
             return nullptr;
@@ -53,7 +53,7 @@ class Dictionary : public List<DictionaryEntry<K, V>> {
         return &this->Link(Entry(key, value));
     }
 
-    // The process-wide empty dictionary, from which new ones are copied.
+    // The empty dictionary of the process; new ones are copies of it.
     static const Dictionary& emptyInstance() {
         static const Dictionary empty;
         return empty;

@@ -3,15 +3,15 @@
 
 namespace vel {
 
-// Thrown, as a pointer to a heap object that the catcher deletes, by indexed access beyond the end
-// of a list.
+// Indexed access beyond the end of a list throws a pointer to one on the heap. Who catches it
+// deletes it.
 class CIndexOutOfRangeException {
   public:
     CIndexOutOfRangeException(int askedFor, int held) : index(askedFor), count(held) {}
     virtual ~CIndexOutOfRangeException() = default;
 
     int index;  // the position asked for
-    int count;  // the elements held at that moment
+    int count;  // the number of elements
 };
 
 }  // namespace vel

@@ -7,8 +7,8 @@
 
 namespace vel {
 
-// A singly linked list in insertion order that owns its nodes. It remembers the node last reached
-// by index, so that a loop over ascending indexes takes one step an element.
+// A singly linked list in insertion order that owns its nodes. It remembers the last node reached
+// by index: a loop over ascending indexes takes one step for each element.
 template <class T>
 class List {
   public:
@@ -43,7 +43,8 @@ class List {
     List& operator=(const List&) = delete;
     ~List() { RemoveAll(); }
 
-    // Appends the element, unless duplicates are refused and an equal one is held.
+    // Appends the element. Does nothing when duplicates are refused and the list holds an equal
+    // one.
     void Add(T element) {
         if (allowDuplicates || !Contains(element)) {
             Link(std::move(element));
@@ -87,8 +88,8 @@ class List {
         return cursor->element;
     }
 
-    // Empties the list. The cursor index becomes all ones, so that no index can seem to be ahead of
-    // it.
+    // Empties the list. The cursor index becomes all ones, so that the next access starts at the
+    // head.
     void RemoveAll() {
         while (head != nullptr) {
             Node* node = head;
@@ -125,7 +126,7 @@ class List {
   public:
     // Read freely; changed only by the operations above.
     Node* head = nullptr;
-    Node* cursor = nullptr;  // the node last reached by index, or null
+    Node* cursor = nullptr;  // the last node reached by index, or null
     unsigned cursorIndex = 0;
     unsigned count = 0;
     Node* tail = nullptr;

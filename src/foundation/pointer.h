@@ -9,8 +9,8 @@ namespace vel {
 
 // Owns one reference to a counted object, or none.
 //
-// `&pointer` hands the empty slot to an operation with a `T*&` or `T**` result: the object arrives
-// with its reference already taken, and the pointer adopts it.
+// `&pointer` gives the empty slot to an operation with a `T*&` or `T**` result. The object comes
+// with a reference for the caller, and the pointer owns that.
 template <class T>
 class Pointer {
   public:
@@ -44,7 +44,7 @@ class Pointer {
         return pointer;
     }
 
-    // Releases the object held, if any, and gives out the empty slot.
+    // Releases the object, if any, and gives out the empty slot.
     T** operator&() {  // NOLINT(google-runtime-operator): the receiving form of the model
         Reset();
         return &object_;
@@ -52,7 +52,7 @@ class Pointer {
 
     void Reset() { DropReference(std::exchange(object_, nullptr)); }
 
-    // Hands the reference over to the caller.
+    // Gives the reference to the caller.
     T* Detach() { return std::exchange(object_, nullptr); }
 
     T* get() const { return object_; }

@@ -6,8 +6,8 @@
 
 namespace vel {
 
-// A text that stands in somebody else's block: its bytes and, as in a String, their count with the
-// terminator. Valid as long as the block. Without bytes it stands for no text at all.
+// A text in a block of another owner: its bytes and, as in a String, their count with the
+// terminator. Valid as long as the block. Without bytes it is no text.
 struct TextView {
     TextView() = default;
     TextView(const char* bytes, int byteCount) : data(bytes), count(byteCount) {}
@@ -27,8 +27,8 @@ bool operator==(const TextView& a, const TextView& b);
 // Compares without making a text of either.
 bool operator==(const TextView& view, const char* text);
 
-// The fields of one record, in order, while it is read or put together. They stand back to back in
-// two buffers that serve one record after the other.
+// The fields of one record, in order, while it is read or made. They stand one after the other in
+// two buffers, which are used again for the next record.
 class Record {
   public:
     Record() = default;
@@ -36,16 +36,16 @@ class Record {
 
     // Drops all fields and keeps the buffers.
     void Clear();
-    // The same, and returns where the first field is to be written, with room for `bytes` in all,
-    // the fields' ends included.
+    // The same, and returns where to write the first field. There is room for `bytes` in all, the
+    // terminators of the fields included.
     char* Start(int bytes);
-    // Ends a field at `end`. Returns where the next is to be written. REQUIRES: room for a byte.
+    // Ends a field at `end`. Returns where to write the next one. REQUIRES: room for a byte.
     char* EndField(char* end);
 
     int get_Count() const { return ends_.count; }
     // REQUIRES: 0 <= index < get_Count().
     TextView operator[](int index) const;
-    // The fields from `first` on as texts of their own.
+    // Copies of the fields from `first` on.
     Array<String> Fields(int first) const;
 
   private:
@@ -55,8 +55,8 @@ class Record {
     Array<int> ends_{32};  // for each field, where it ends in bytes_
 };
 
-// The texts of a record in one block that never changes: what a row stores. A text costs its bytes,
-// its terminator and four bytes.
+// The texts of a row: a record in one block that never changes. A text costs its bytes, its
+// terminator and four bytes.
 class PackedTexts {
   public:
     explicit PackedTexts(const Record& record);

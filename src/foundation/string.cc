@@ -21,7 +21,8 @@ int CountOf(const char* s) {
     return static_cast<int>(length) + 1;
 }
 
-// Whether the `length` bytes of `what` stand at position `at` of a text that holds them.
+// Whether the first `length` bytes of `what` stand at position `at`. REQUIRES: the text has so
+// many.
 bool StandsAt(const String& text, int at, const String& what, int length) {
     return std::memcmp(text.data + at, what.data, static_cast<std::size_t>(length)) == 0;
 }
@@ -34,7 +35,7 @@ String::String(const char* s) : Array(kGrowBy) {
     Array::Assign(s, CountOf(s));
 }
 
-// Out of line, as every function that has a text destroys it on two or more paths.
+// Out of line to save code: a function with a text destroys it on two or more paths.
 String::String(const String& other) = default;
 String::~String() = default;
 String& String::operator=(const String& other) = default;
@@ -136,6 +137,8 @@ String String::Replace(const String& what, const String& with) const {
     result.Clear();
     result.growBy = growBy;
     int start = 0;
+    // `match + length < count`: a match that takes in the terminator is none; FindOne finds it when
+    // the text of `what` holds a NUL.
     for (int match = FindOne(what, 0); match >= 0 && match + length < count;
          match = FindOne(what, start)) {
         result.Append(data + start, match - start);
@@ -143,7 +146,7 @@ String String::Replace(const String& what, const String& with) const {
         start = match + length;
     }
     result.Append(data + start, count - 1 - start);
-    return String(result);  // a copy has no spare room
+    return String(result);  // the copy's capacity is exactly its count
 }
 
 bool operator==(const String& a, const String& b) {

@@ -10,11 +10,11 @@ extern template class Array<char>;
 // The library's text: bytes without a notion of encoding, case or locale, always with the
 // terminating NUL inside `count`.
 //
-// Three states occur. Ordinary: a buffer whose byte `count - 1` is NUL; the empty text has count 1.
-// Null: no buffer, count 0. Absent: made from a null pointer, no buffer but count 1; it has no
-// bytes to read and every operation treats it as holding none.
+// A string is in one of three states. Ordinary: a buffer whose byte `count - 1` is NUL; the empty
+// text has count 1. Null: no buffer, count 0. Absent: made from a null pointer, no buffer but count
+// 1; every operation treats it as a text without bytes.
 //
-// Wherever an operation speaks of the text of a string, it means the bytes up to the first NUL.
+// The text of a string means the bytes up to the first NUL.
 // Allocation failure throws std::bad_alloc and leaves the string as it was.
 class String : public Array<char> {
   public:
@@ -36,8 +36,8 @@ class String : public Array<char> {
     String& operator=(String&& other) noexcept = default;
     String& operator=(const char* s);
 
-    // Appends one character, `length` of them, or those of a C text. The capacity grows by the
-    // quantum only when there is no room.
+    // Appends one character, `length` characters, or a C text. The capacity grows by the quantum,
+    // and only when there is no room.
     void Append(char c) { Append(&c, 1); }
     void Append(const char* bytes, int length);
     void Append(const char* text);

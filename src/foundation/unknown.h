@@ -29,8 +29,8 @@ class IUnknown {
     int refCount = 1;
 };
 
-// Both do nothing without an object. Out of line: they stand in every destructor and every path of
-// an exception, and there they would be a tenth of the library.
+// Both do nothing when the object is null. Out of line: inline they would be a tenth of the
+// library, as every destructor and every path of an exception needs them.
 void AddReference(IUnknown* object);
 void DropReference(IUnknown* object);
 

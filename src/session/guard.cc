@@ -7,8 +7,8 @@
 
 namespace vel {
 
-// The C++ runtime hands out a cancelled thread as a reference to nothing, and its sanitizer would
-// stop there.
+// For a cancelled thread the C++ runtime gives the handler a reference to nothing, at which the
+// sanitizer would stop.
 __attribute__((no_sanitize("null"))) bool Guarded(const FunctionRef<void()>& body) {
     try {
         body();

@@ -24,7 +24,7 @@ struct Required {
     const String& text;
 };
 Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required);
-// The rows that match a condition, which is made for this query and released by it.
+// The rows that match a condition. The condition is made for this query, which releases it.
 Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition);
 
 }  // namespace vel

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The names of the tables, columns and settings that the library looks for in a catalogue.
+// The names of the tables, columns and variables that the library looks for in a catalogue.
 // docs/catalogue.md says what they hold.
 namespace vel::schema {
 

@@ -10,8 +10,8 @@ using namespace vel;
 
 namespace {
 
-// The tables that a session holds, in the order in which they are fetched. A session is complete
-// with the required ones.
+// The tables of a session in the order in which it fetches them. It is complete when it has the
+// required ones.
 const struct {
     Velmor::Table Velmor::*table;
     const char* name;

@@ -5,14 +5,14 @@
 
 namespace vel {
 
-// Reads settings from a table of names and values, which the creator keeps alive; without a table
-// every setting is empty.
+// Reads variables from a table of names and values, which the creator keeps alive. Without a table
+// every variable is empty.
 class Setting {
   public:
     explicit Setting(ITable* table) : table_(table) {}
 
-    // The value in the first row of that name. The empty text when there is none: a missing setting
-    // and an empty one are the same.
+    // The value in the first row of that name. The empty text when there is none: a missing
+    // variable and an empty one are the same.
     String get_Setting(const String& name) const;
 
   private:

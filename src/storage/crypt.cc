@@ -21,7 +21,7 @@ double Crypt::Random() {
 }
 
 void Crypt::Step() {
-    // Multiplication modulo 2^31 - 1: what exceeds 31 bits is added to what does not.
+    // Modulo 2^31 - 1 without a division: the bits above the lowest 31 are added to these.
     const std::uint64_t product = std::uint64_t{kMultiplier} * static_cast<std::uint32_t>(state_);
     const auto sum = static_cast<std::uint32_t>((product & kModulus) + (product >> 31));
     state_ = static_cast<std::int32_t>(sum >= kModulus ? sum - kModulus : sum);
@@ -29,8 +29,8 @@ void Crypt::Step() {
 
 int Crypt::NextKey() {
     Step();
-    // The integer part of state / modulus * 255, without a division: for every state the same as in
-    // double precision, and a fifth of the time of deciphering a catalogue.
+    // The integer part of state / modulus * 255, without a division. It is equal to the result in
+    // double precision for every state, and deciphering a catalogue takes a fifth less time.
     const std::uint64_t scaled = std::uint64_t{255} * static_cast<std::uint32_t>(state_);
     return static_cast<int>((scaled + (scaled >> 31) + 1) >> 31) & 0x7F;
 }
@@ -96,7 +96,8 @@ bool ArrayCrypter::CryptFile(const String& path, const String& target) {
     if (!input.openFile()) {
         return true;
     }
-    List<String> blocks;  // of whole lines: a node for each line costs three times the instructions
+    List<String>
+        blocks;  // each holds whole lines: a node for every line would cost three times more
     blocks.allowDuplicates = true;
     String line;
     while (input.readLine(&line)) {

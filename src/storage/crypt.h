@@ -8,7 +8,7 @@
 namespace vel {
 
 // The stream cipher of catalogue lines. Its key stream comes from the Park-Miller minimal standard
-// generator (multiplier 48271, modulus 2^31 - 1), one step for each byte of plain text, and runs on
+// generator (multiplier 48271, modulus 2^31 - 1): one step for each byte of plain text, continued
 // from text to text. It hides a catalogue from a casual reader; it protects nothing.
 //
 // A byte XORed with its key byte is written as two letters "a" to "p", low nibble first.
@@ -20,39 +20,42 @@ class Crypt {
     double Random();
 
     // Both replace the output and return true. Deciphering never fails: any character stands for
-    // the nibble it makes modulo 16, and an odd last one is paired with the text's terminator.
+    // its nibble modulo 16, and an odd last one is paired with the terminator of the text.
     bool Encrypt(const String& plain, String& cipher);
     bool Decrypt(const String& cipher, String& plain);
 
   protected:
-    // Deciphers the characters from `start` on where they stand.
+    // Deciphers the characters from `start` on, in place.
     void DecryptInPlace(String& text, int start);
 
   private:
     static constexpr std::int32_t kSeed = 592741386;
 
     void Step();
-    // Kept: the mask leaves the top bit of every byte as it is; stored catalogues depend on it.
+    // For compatibility the key leaves the top bit of every byte as it is: stored catalogues depend
+    // on that.
     int NextKey();
 
     std::int32_t state_ = kSeed;
 };
 
 // The cipher applied to lines and to whole files. In a readable source the lines to be hidden begin
-// with "E"; stored, these begin with "D". All other lines are the same in both and draw no key.
+// with "E"; in the stored form they begin with "D". All other lines are the same in both forms, and
+// the key stream does not advance over them.
 class ArrayCrypter : public Crypt {
   public:
-    // An "E" line becomes its "D" line; any other is returned unchanged.
+    // An "E" line becomes its "D" line. Any other line is returned unchanged.
     String Encrypt(const String& line);
-    // A "D" line has its text deciphered and keeps the "D"; any other is returned unchanged. A
+    // The text of a "D" line is deciphered; the "D" stays. Any other line is returned unchanged. A
     // deciphered NUL ends the line.
     String Decrypt(const String& line);
-    // The same to the line itself.
+    // The same in place.
     void DecryptLine(String& line);
 
     // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
     // empty. The whole input is read before the output is opened.
-    // Kept: returns 0 when the output was written and 1 when a file could not be opened.
+    // For compatibility returns 0 when the output was written and 1 when a file could not be
+    // opened.
     bool CryptFile(const String& path, const String& target);
 };
 

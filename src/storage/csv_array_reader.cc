@@ -36,7 +36,7 @@ bool CSVArrayReader::internalGetLineArray() {
         atEnd_ = true;
         return false;
     }
-    // Every line is deciphered, also one that is then skipped: the key stream runs on.
+    // Every line is deciphered, even if it is then skipped: the key stream continues over all.
     crypter_.DecryptLine(line_);
     return SplitRecord(line_, separator_, fields_);
 }

@@ -7,17 +7,17 @@
 
 namespace vel {
 
-// Reads a file of separated values, stored enciphered or plain, once from front to back. Lines that
-// are no records (SplitRecord) are skipped.
+// Reads a file of separated values, enciphered or plain, once from front to back. Skips lines that
+// are no records (SplitRecord).
 class CSVArrayReader {
   public:
-    // Writes the ".encode" copy of the file beside it; whether that worked shows nowhere. The file
-    // itself is opened by the first read. The caller keeps `path` alive.
+    // Writes the ".encode" copy of the file beside it, and ignores whether that worked. The first
+    // read opens the file itself.
     CSVArrayReader(const char* path, char separator);
 
     // The fields of the next record; false, with `fields` untouched, when there is none.
     bool get_Array(Array<String>& fields);
-    // Reads on to the next record, which Fields() then shows; false when there is none.
+    // Reads the next record, which Fields() then shows; false when there is none.
     bool internalGetArray();
     // Reads one line; false when it holds no record.
     bool internalGetLineArray();
@@ -29,7 +29,7 @@ class CSVArrayReader {
     char separator_;
     ArrayCrypter crypter_;
     File file_;
-    Record fields_;  // of the line last read
+    Record fields_;  // of the last line
     String line_;
     bool open_ = false;
     bool atEnd_ = false;

@@ -7,15 +7,15 @@
 namespace vel {
 
 // Reads a file of separated values whose records are pairs of key and value, one dictionary for
-// each record. Part of the library's types; the library itself does not use it.
+// each record. The library offers this type and does not use it itself.
 class CSVDictReader {
   public:
     using Texts = Dictionary<String, String>;
 
     CSVDictReader(char* path, char separator) : reader_(path, separator) {}
 
-    // The dictionaries of the whole file, the last record first; the reader keeps them. In a record
-    // the first value of a key counts, and a last key without a value has the empty text.
+    // The dictionaries of the whole file, the last record first; the reader owns them. In a record
+    // the first value of a key counts, and a last key without a value gets the empty text.
     List<Texts>* get_List();
 
   private:

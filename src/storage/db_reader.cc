@@ -6,8 +6,8 @@
 namespace vel {
 namespace {
 
-// The table of the section being read. When its name was taken it is in no directory, and whoever
-// made it takes it apart.
+// The table of the section that is being read. When its name was taken, the database does not hold
+// it, and this takes it apart.
 class TableInHand {
   public:
     TableInHand(IDatabase& database, const String& name, const Array<String>& columns)

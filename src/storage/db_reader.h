@@ -10,15 +10,15 @@ namespace vel {
 // construct, get_DB, destroy.
 class DBReader {
   public:
-    // Writes the ".encode" copy (CSVArrayReader); reads nothing yet. The caller keeps `path` alive.
+    // Writes the ".encode" copy (CSVArrayReader); reads nothing yet.
     DBReader(const char* path, char separator) : reader_(path, separator) {}
 
-    // The database, or null when the file holds no database marker or a table before it. Of several
-    // databases the last.
+    // The database; null when the file holds no database marker, or a table before it. The last one
+    // when there are several.
     Pointer<IDatabase> get_DB();
 
   private:
-    // What became of a table section.
+    // How a table section ended.
     enum class Section { kEnded, kCutOff };
 
     bool StartsWith(const char* marker) const;

@@ -13,11 +13,11 @@ enum accesstype {
     accessAppend = 2,  // "a"
 };
 
-// One stdio stream, the library's only access to the file system. Owned where it is used, closed by
-// its destructor. Errors are told by results alone; an operation on a file that is not open fails.
+// One stdio stream, the library's only access to the file system. The destructor closes it. Only
+// results report errors; an operation on a file that is not open fails.
 class File {
   public:
-    // Opens nothing. A null path is the empty path.
+    // Opens nothing; copies the path. A null path is the empty path.
     File(const char* path, accesstype type);
     ~File();
     File(const File&) = delete;
@@ -28,12 +28,12 @@ class File {
     // Harmless on a closed file.
     void closeFile();
 
-    // Reads the bytes up to the next line feed or the end of the file, drops every "\r" and returns
-    // true; false once the end has been met. A file that ends in a line feed so yields one more,
-    // empty, line. Reads ahead, for files and not for terminals. A read error counts as the end of
-    // the file, but an empty rest is then no line.
+    // Reads the bytes up to the next line feed or the end of the file, without any "\r", and
+    // returns true; false once the end has been met. So a file that ends in a line feed yields one
+    // more, empty, line. Reads ahead: meant for files, not for terminals. A read error counts as
+    // the end of the file, but then an empty rest is no line.
     bool readLine(String* line);
-    // Writes the characters of the line, without its NULs and with no line end added.
+    // Writes the characters of the line without its NULs. Adds no line end.
     bool writeLine(String& line);
     // True when all `count` items were read; false when there was nothing to read.
     bool readBytes(char* buffer, int size, int count);
@@ -54,8 +54,8 @@ class File {
     std::FILE* stream_ = nullptr;  // owned; null while the file is closed
     bool ended_ = false;           // a read has met the end of the file, or failed
     bool failed_ = false;
-    // Bytes read but not yet delivered: a line is found in a block at a sixth of the cost of asking
-    // for its bytes one by one.
+    // Bytes read but not yet delivered. Finding a line in a block costs a sixth of reading its
+    // bytes one by one.
     int aheadAt_ = 0;
     int aheadCount_ = 0;
     char ahead_[4096];

@@ -10,7 +10,7 @@ bool SplitRecord(const String& line, char separator, Record& fields) {
     bool inPrefix = true;
     for (const char* from = line.c_str(); from < end; ++from) {
         const bool escaped = *from == '\\';
-        from += escaped ? 1 : 0;
+        from += escaped ? 1 : 0;  // behind a final backslash this is the NUL that ends the line
         if (inPrefix && *from == '?') {
             return false;
         }

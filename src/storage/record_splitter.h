@@ -9,10 +9,11 @@ inline bool IsABlankOrTab(char c) {
     return c == ' ' || c == '\t';
 }
 
-// Splits a line of separated values. A record line is a prefix that is ignored, the separator, then
-// each field followed by the separator; a backslash makes the next character literal; blanks are
-// kept; text after the last separator is lost. False when the line is no record: it is empty, holds
-// no separator or has a "?" in its prefix. A blank separates nothing.
+// Splits a line of separated values into a record. The line has a prefix, which is ignored, then
+// the separator, then each field followed by the separator. A backslash makes the next character
+// literal. Blanks are kept. Text after the last separator is lost. False when the line is no
+// record: it is empty, holds no separator or has a "?" in its prefix. A blank or a tab is no
+// separator.
 bool SplitRecord(const String& line, char separator, Record& fields);
 
 }  // namespace vel
