@@ -112,8 +112,11 @@ bool ArrayCrypter::CryptFile(const String& path, const String& target) {
         block.Append(line.c_str(), line.Length());
         block.Append('\n');
     }
-    input.closeFile();
     Reset();
+    if (input.HasFailed()) {
+        return true;  // opening the output could lose what was not read: it may be the input
+    }
+    input.closeFile();
     File output((target.IsEmpty() ? path + ".encode" : path).c_str(), accessWrite);
     if (!output.openFile()) {
         return true;

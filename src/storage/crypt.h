@@ -53,9 +53,9 @@ class ArrayCrypter : public Crypt {
     void DecryptLine(String& line);
 
     // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
-    // empty. The whole input is read before the output is opened.
-    // For compatibility returns 0 when the output was written and 1 when a file could not be
-    // opened.
+    // empty. Opens the output only after the input was read to its end.
+    // For compatibility returns 0 when the output was written, and 1 when a file could not be
+    // opened or the input could not be read.
     bool CryptFile(const String& path, const String& target);
 };
 

@@ -39,6 +39,8 @@ class File {
     bool readBytes(char* buffer, int size, int count);
     // True when all `count` items were written, also when there were none.
     bool writeBytes(char* buffer, int size, int count);
+    // Whether reading has ended before the end of the file.
+    bool HasFailed() const { return failed_; }
     // As fseek and ftell.
     bool setPosition(long offset, long origin);
     long getPosition();
