@@ -9,6 +9,9 @@
 using namespace vel;
 
 bool ManufacturerSelector::Matches(const IRow* const& row) const {
+    if (row == nullptr) {
+        return false;
+    }
     const TextView pattern = CellText(row, schema::kManufacturerResponse);
     // By length: an answer with line noise may hold a NUL, and the text behind it counts too.
     const auto length = static_cast<std::size_t>(answer_.Length());
