@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dial_texts.h"
 
+#include <new>
+
 #include "session/schema.h"
 
 namespace vel {
 namespace {
+
+// Longer expanded texts count as running out of memory: values that hold placeholders multiply, and
+// a catalogue of 4 kB could ask for gigabytes.
+constexpr std::int64_t kLongestText = 65536;
 
 void TraceTexts(CallFrame& frame, const DialTexts& texts) {
     frame.Line(texts.initialization.c_str());
@@ -12,6 +18,18 @@ void TraceTexts(CallFrame& frame, const DialTexts& texts) {
 }
 
 }  // namespace
+
+String Expand(const String& text, const Placeholder& placeholder, const String& value) {
+    const String what(placeholder.text);
+    std::int64_t length = text.Length();
+    for (int at = 0; (at = text.FindOne(what, at)) >= 0; at += what.Length()) {
+        length += value.Length() - what.Length();
+    }
+    if (length != text.Length() && length > kLongestText) {
+        throw std::bad_alloc();
+    }
+    return text.Replace(what, value);
+}
 
 PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
     rows_ = FindRows(Velmor::getVelmor()->basicDUNForPhone,
@@ -30,11 +48,11 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& setting) co
         return texts;
     }
     TraceTexts(frame, texts);
-    for (const auto& [placeholder, column, message] : kPlaceholders) {
-        const String value = CellText(setting, column).ToString();
-        frame.Line(message, value.c_str());
-        texts.initialization = texts.initialization.Replace(placeholder, value);
-        texts.dial = texts.dial.Replace(placeholder, value);
+    for (const Placeholder& placeholder : kPlaceholders) {
+        const String value = CellText(setting, placeholder.column).ToString();
+        frame.Line(placeholder.message, value.c_str());
+        texts.initialization = Expand(texts.initialization, placeholder, value);
+        texts.dial = Expand(texts.dial, placeholder, value);
     }
     TraceTexts(frame, texts);
     return texts;

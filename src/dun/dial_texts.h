@@ -19,6 +19,10 @@ inline constexpr Placeholder kPlaceholders[] = {
     {"%VAR1%", schema::kVAR1, "Replacing %VAR1% with "},
 };
 
+// The text with a placeholder replaced by a value. Throws std::bad_alloc when that makes it longer
+// than 65,536 bytes.
+String Expand(const String& text, const Placeholder& placeholder, const String& value);
+
 // The rows that hold a phone's texts for a type of network. Two or more rows count as none: they
 // are ambiguous.
 class PhoneRows {
