@@ -36,7 +36,7 @@ PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
                      {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}});
 }
 
-DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& setting) const {
+DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& row) const {
     DialTexts texts;
     if (!IsUnique()) {
         return texts;
@@ -44,12 +44,12 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& setting) co
     const auto phone = RowAt(rows_, 0);
     texts.initialization = CellText(phone, schema::kInitializationString).ToString();
     texts.dial = CellText(phone, schema::kDialString).ToString();
-    if (!setting) {
+    if (!row) {
         return texts;
     }
     TraceTexts(frame, texts);
     for (const Placeholder& placeholder : kPlaceholders) {
-        const String value = CellText(setting, placeholder.column).ToString();
+        const String value = CellText(row, placeholder.column).ToString();
         frame.Line(placeholder.message, value.c_str());
         texts.initialization = Expand(texts.initialization, placeholder, value);
         texts.dial = Expand(texts.dial, placeholder, value);

@@ -4,12 +4,10 @@
 #include "session/trace.h"
 #include "velmor.h"
 
-using namespace vel;
-
 namespace {
 
-constexpr long kListedLibraryVersion =
-    99;  // for compatibility not the library's version: readers expect it
+// For compatibility not the library's version: readers of the log expect this number.
+constexpr long kListedLibraryVersion = 99;
 
 void TraceLine(const char* text) {
     Trace(text);
