@@ -71,7 +71,9 @@ typedef struct {
  *          The catalogue and the host agree on the unit; the library does not interpret it.
  *
  * Returns the number of bytes stored. 1 is success, any other value is a failed read. The library
- * repeats a failed read up to AT-RETRY times for each byte. */
+ * repeats a failed read at once, up to AT-RETRY times for each byte. AT-RETRY is the catalogue's
+ * number and may be as large as 2147483647: a callback that fails without waiting is then called
+ * for minutes. */
 typedef long (*Velmor_ReadFunction)(char* buffer, long count, long timeout);
 
 /* The host's send callback: writes a command to the phone.
@@ -203,7 +205,9 @@ VELMOR_EXPORT long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO);
  *
  * Returns 0, or -1 when there is no such setting or no session, or settingIO is null. Returns -1
  * also when BasicDUNForPhone does not have exactly one row for the detected phone and this type of
- * network. The dial and initialisation strings are empty then; all other fields are filled. */
+ * network. The dial and initialisation strings are empty then; all other fields are filled. Values
+ * that make one of these strings longer than 65536 bytes count as running out of memory: -1, and
+ * all texts are empty. */
 VELMOR_EXPORT long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index,
                                                        Velmor_DUNSetting* settingIO);
 
