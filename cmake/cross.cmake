@@ -1,5 +1,6 @@
-# What i686.cmake and armhf.cmake share. The target's libraries are Debian's, unpacked by
-# scripts/lib.sh. Its programs run under qemu: a build machine's kernel may start none of them.
+# What i686.cmake, armhf.cmake, arm64.cmake and s390x.cmake share. The target's libraries are
+# Debian's, unpacked by scripts/lib.sh. Its programs run under qemu: a build machine's kernel may
+# start none of them.
 set(packages ${CMAKE_CURRENT_LIST_DIR}/../build/packages/${architecture})
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_C_COMPILER ${triplet}-gcc)

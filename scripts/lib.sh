@@ -72,6 +72,8 @@ install_for() {
     case $1 in
         i686) architecture=i386 compiler=g++-i686-linux-gnu ;;
         armhf) architecture=armhf compiler=g++-arm-linux-gnueabihf ;;
+        arm64) architecture=arm64 compiler=g++-aarch64-linux-gnu ;;
+        s390x) architecture=s390x compiler=g++-s390x-linux-gnu ;;
         *) return 0 ;;
     esac
     install $compiler qemu-user

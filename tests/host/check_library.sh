@@ -23,7 +23,7 @@ dynamic() { echo "$dynamic" | grep -Eq "$1"; }
 # the stack protector.
 for name in $(echo "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p'); do
     case $name in
-        libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | ld-linux*.so.*) ;;
+        libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | ld-linux*.so.* | ld64.so.*) ;;
         libasan.so.* | libubsan.so.*) built sanitized || say "needs $name" ;;
         *) say "needs $name" ;;
     esac
@@ -36,15 +36,17 @@ echo "$segments" | grep -q ' GNU_STACK .* RW ' || say "asks for an executable st
 ! echo "$segments" | grep -q ' LOAD .* RWE ' || say "has a segment to write and to execute"
 echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack protector"
 
-# The compiler's own start, and where the C++ runtime is linked in, its memory for exceptions.
+# The compiler's own start, and where the C++ runtime is linked in, its memory for exceptions, and on
+# 64-bit Arm the question which atomic instructions the processor has.
 set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
 constructors=$((0x$1 / 0x$2))
 if built sanitized; then
     echo "left out: constructors at load"
-elif dynamic '\(NEEDED\).*libstdc\+\+'; then
-    [ "$constructors" -le 1 ] || say "runs $constructors constructors at load"
 else
-    [ "$constructors" -le 2 ] || say "runs $constructors constructors at load"
+    most=1
+    dynamic '\(NEEDED\).*libstdc\+\+' ||
+        case $(readelf -hW "$library") in *AArch64*) most=3 ;; *) most=2 ;; esac
+    [ "$constructors" -le "$most" ] || say "runs $constructors constructors at load"
 fi
 if built unfortified; then
     echo "left out: fortified calls"
