@@ -3,6 +3,5 @@ set(CMAKE_SYSTEM_PROCESSOR arm)
 set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
 set(architecture armhf)
 set(triplet arm-linux-gnueabihf)
-set(emulator qemu-arm)
 set(CMAKE_CXX_FLAGS_INIT -Wno-psabi)  # notes on what gcc 7.1 changed
 include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)

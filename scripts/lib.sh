@@ -66,17 +66,24 @@ test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-i
 bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
     mobile-broadband-provider-info iso-codes"
 
-# install_for PRESET: installs what its tests take, where they are for another machine too.
-install_for() {
-    install $test_packages
+# install_cross PRESET: installs what building for another machine takes.
+install_cross() {
     case $1 in
         i686) architecture=i386 compiler=g++-i686-linux-gnu ;;
         armhf) architecture=armhf compiler=g++-arm-linux-gnueabihf ;;
         arm64) architecture=arm64 compiler=g++-aarch64-linux-gnu ;;
         s390x) architecture=s390x compiler=g++-s390x-linux-gnu ;;
-        *) return 0 ;;
+        *) echo "no preset for another machine: $1"; exit 1 ;;
     esac
-    install $compiler qemu-user
+    install $build_packages $compiler
     # The C library beside the cross compiler for i386 hangs in a forked child.
     unpack $architecture libc6 libgcc-s1 libstdc++6 libpugixml1v5 libgtest-dev $libraries
+}
+
+# install_for PRESET: installs what its tests take, where they are for another machine too.
+install_for() {
+    install $test_packages
+    case $1 in
+        i686 | armhf | arm64 | s390x) install_cross "$1"; install qemu-user ;;
+    esac
 }
