@@ -64,6 +64,9 @@ TEST(Array, OfTextsKeepsElementsWhenMemoryRunsOut) {
         ASSERT_EQ(copy.count, 4);
         EXPECT_EQ(copy[3], String("d"));
     }
+    EXPECT_EQ(copy.growBy, 9);
+    EXPECT_EQ(Array<String>(copy).growBy, 9);
+    EXPECT_EQ(Array<String>(std::move(copy)).growBy, 9);
     copy.Clear();
     EXPECT_EQ(copy.data, nullptr);
 }
@@ -90,9 +93,11 @@ TEST(List, IndexedAccessInAnyOrder) {
     }
     list.allowDuplicates = true;
     list.Add(0);
+    EXPECT_EQ(list.cursor, nullptr);  // an append forgets the node last reached
     EXPECT_EQ(list[6], 0);
     list.RemoveAll();
     EXPECT_EQ(list.cursorIndex, ~0U);
+    EXPECT_EQ(list.count, 0U);
 }
 
 TEST(Dictionary, FirstValueForAKeyIsKept) {

@@ -22,7 +22,10 @@ class Session : public SessionTest {};
 
 TEST_F(Session, StartsAndEnds) {
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
+    EXPECT_FALSE(FileExists(vel::kTraceLogPath));
+    Velmor::getVelmor()->traceDepth = 5;  // as if a call had never returned
     EXPECT_EQ(Velmor_Initialise(VELMOR_SAMPLE_CATALOGUE, Read, Send), 0);
+    EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
     const Velmor& session = *Velmor::getVelmor();
     EXPECT_TRUE(session.IsComplete() && session.networks && session.basicDUNForPhone);
     EXPECT_EQ(session.readFunction, Read);

@@ -31,9 +31,12 @@ TEST_F(TraceLog, EveryFragmentIsIndented) {
     Velmor::getVelmor()->traceDepth = 1;
     Trace("");
     Trace(static_cast<const char*>(nullptr));
+    vel::String text("a");
+    text.Append("\0b", 2);
+    Trace(text);
     Trace(-2147483647L - 1);
     Velmor::getVelmor()->traceDepth = 0;
-    EXPECT_EQ(Log(), "         -2147483648");
+    EXPECT_EQ(Log(), "         a   -2147483648");
 }
 
 TEST_F(TraceLog, NothingIsThrownOutOfAFrame) {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "storage/crypt.h"
 #include "tests/support/dump.h"
 #include "tests/support/faults.h"
@@ -48,9 +50,15 @@ TEST(File, WritesAndAppends) {
     EXPECT_TRUE(file.writeBytes(line.data, 3, 1));
     EXPECT_TRUE(file.writeBytes(line.data, 4, 0));
     EXPECT_EQ(file.getPosition(), 7);
-    stdio::FailAfter(1);
-    EXPECT_FALSE(file.writeLine(line));
-    stdio::FailAfter(0);
+    for (const auto how : {stdio::Fail::kOnce, stdio::Fail::kShort}) {
+        stdio::FailAfter(1, how);
+        EXPECT_FALSE(file.writeLine(line));
+        stdio::FailAfter(1, how);
+        EXPECT_FALSE(file.writeBytes(line.data, 1, 4));
+        stdio::FailAfter(0);
+    }
+    ASSERT_TRUE(file.openFile());  // anew
+    EXPECT_TRUE(file.writeLine(line) && file.writeBytes(line.data, 3, 1));
     file.closeFile();
     for (int i = 0; i < 2; ++i) {
         File more("written", vel::accessAppend);
@@ -73,7 +81,7 @@ TEST(File, BytesAndPositions) {
     EXPECT_TRUE(file.setPosition(-2, SEEK_CUR));
     EXPECT_TRUE(file.readBytes(buffer, 2, 3));
     EXPECT_STREQ(buffer, "456789");
-    EXPECT_FALSE(file.readBytes(buffer, 4, 0));
+    EXPECT_FALSE(file.readBytes(buffer, 4, 0) || file.readBytes(buffer, 0, 4));
     EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(-1, SEEK_SET));
     EXPECT_TRUE(file.setPosition(-2, SEEK_END));
     EXPECT_EQ(file.getPosition(), 8);
@@ -81,6 +89,14 @@ TEST(File, BytesAndPositions) {
     EXPECT_TRUE(file.readLine(&line));
     EXPECT_EQ(line, String("89"));
     EXPECT_EQ(file.getPosition(), 10);
+    WriteFile("bytes", "one\ntwo\n");
+    for (int i = 0; i < 2; ++i) {  // the second time from the top again
+        ASSERT_TRUE(file.openFile());
+        EXPECT_TRUE(file.readLine(&line) && file.readBytes(buffer, 1, 2));
+        EXPECT_EQ(line, String("one"));
+        EXPECT_EQ(std::string(buffer, 2), "tw");
+        file.closeFile();
+    }
 }
 
 TEST(ArrayCrypter, FilePass) {
@@ -95,6 +111,21 @@ TEST(ArrayCrypter, FilePass) {
     EXPECT_FALSE(crypter.CryptFile("source", "in place"));
     EXPECT_EQ(ReadFile("source"), stored);
     EXPECT_TRUE(crypter.CryptFile("missing", ""));
+    std::filesystem::create_directory("source.encode.encode.encode");
+    EXPECT_TRUE(crypter.CryptFile("source.encode.encode", ""));
+    String cipher("before");
+    EXPECT_TRUE(crypter.Crypt::Encrypt("x", cipher));
+    EXPECT_EQ(cipher.Length(), 2);  // what was there is replaced
+    // Nothing is lost, and the key stream is at its start, when the input ends too early.
+    const std::string longer = "E#1#\n" + std::string(20000, '-') + "\n";
+    WriteFile("source", longer);
+    for (std::size_t call = 1; call < 6; ++call) {  // the first opens the file
+        stdio::FailAfter(call);
+        EXPECT_TRUE(crypter.CryptFile("source", "in place")) << call;
+        stdio::FailAfter(0);
+        EXPECT_EQ(ReadFile("source"), longer);
+        EXPECT_EQ(crypter.Encrypt("E#"), vel::ArrayCrypter().Encrypt("E#"));
+    }
 }
 
 }  // namespace

@@ -87,6 +87,9 @@ TEST(DBReader, Grammar) {
          begin + table + "#1#2#\n" + end + table + "#1#2#\n" + end + "#$_DATABASE_BEGIN_$#N#\n" +
              table + "#3#4#\n" + end,
          {"N 000", "T: A B", "  [3][4]"}},
+        {"a second database does not number tables anew",
+         begin + "#$_TABLE_BEGIN_$#\n" + end + begin + "#$_TABLE_BEGIN_$#\n" + end,
+         {"<default> 000", "<TABLE>2:"}},
         {"a table before the database", table + end + begin, kNoDatabase},
     };
     for (const auto& row : rows) {
