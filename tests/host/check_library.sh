@@ -19,8 +19,7 @@ segments=$(readelf -lW "$library")
 imports=$(nm -D --undefined-only "$library" | sed 's/^ *//')
 dynamic() { echo "$dynamic" | grep -Eq "$1"; }
 
-# The dynamic linker is the C library's own: asked for thread-local data, and on Arm for the guard of
-# the stack protector.
+# The dynamic linker is the C library's own: on Arm it has the guard of the stack protector.
 for name in $(echo "$dynamic" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p'); do
     case $name in
         libc.so.* | libm.so.* | libgcc_s.so.* | libstdc++.so.* | ld-linux*.so.* | ld64.so.*) ;;
@@ -36,8 +35,8 @@ echo "$segments" | grep -q ' GNU_STACK .* RW ' || say "asks for an executable st
 ! echo "$segments" | grep -q ' LOAD .* RWE ' || say "has a segment to write and to execute"
 echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack protector"
 
-# The compiler's own start, and where the C++ runtime is linked in, its memory for exceptions, and on
-# 64-bit Arm the question which atomic instructions the processor has.
+# The compiler's own start. On 64-bit Arm the linked-in C++ runtime asks for the processor's atomic
+# instructions too.
 set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
 constructors=$((0x$1 / 0x$2))
 if built sanitized; then
@@ -45,9 +44,11 @@ if built sanitized; then
 else
     most=1
     dynamic '\(NEEDED\).*libstdc\+\+' ||
-        case $(readelf -hW "$library") in *AArch64*) most=3 ;; *) most=2 ;; esac
+        case $(readelf -hW "$library") in *AArch64*) most=2 ;; esac
     [ "$constructors" -le "$most" ] || say "runs $constructors constructors at load"
 fi
+! echo "$imports" | grep -q '__tls_get_addr' || built sanitized ||
+    say "has thread-local data that is allocated at its first use"
 if built unfortified; then
     echo "left out: fortified calls"
 else
