@@ -8,6 +8,7 @@ using namespace vel;
 
 long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                        Velmor_SendFunction aSendFunction) {
+    PrepareThread();
     // Before the frame: the catalogue says whether this call is traced.
     const bool loaded = Guarded([&] { Velmor::getVelmor()->Init(aDatabaseFile); });
     return Framed("Velmor_Initialise", -1, [&](CallFrame& frame) -> long {

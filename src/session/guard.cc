@@ -22,4 +22,9 @@ __attribute__((no_sanitize("null"))) bool Guarded(const FunctionRef<void()>& bod
     return false;
 }
 
+void PrepareThread() {
+    // The compiler would leave out the call if nothing used its result.
+    [[maybe_unused]] void* const volatile state = abi::__cxa_get_globals();
+}
+
 }  // namespace vel

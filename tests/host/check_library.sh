@@ -35,16 +35,16 @@ echo "$segments" | grep -q ' GNU_STACK .* RW ' || say "asks for an executable st
 ! echo "$segments" | grep -q ' LOAD .* RWE ' || say "has a segment to write and to execute"
 echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack protector"
 
-# The compiler's own start. On 64-bit Arm the linked-in C++ runtime asks for the processor's atomic
-# instructions too.
+# The compiler's own start. Where the C++ runtime is shared, what prepares the loading thread too. On
+# 64-bit Arm the linked-in runtime asks for the processor's atomic instructions.
 set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
 constructors=$((0x$1 / 0x$2))
 if built sanitized; then
     echo "left out: constructors at load"
 else
     most=1
-    dynamic '\(NEEDED\).*libstdc\+\+' ||
-        case $(readelf -hW "$library") in *AArch64*) most=2 ;; esac
+    case $(readelf -hW "$library") in *AArch64*) most=2 ;; esac
+    ! dynamic '\(NEEDED\).*libstdc\+\+' || most=2
     [ "$constructors" -le "$most" ] || say "runs $constructors constructors at load"
 fi
 ! echo "$imports" | grep -q '__tls_get_addr' || built sanitized ||
