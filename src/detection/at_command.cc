@@ -4,6 +4,7 @@
 #include "detection/at_answer.h"
 #include "foundation/number.h"
 #include "session/call_frame.h"
+#include "session/cancellation.h"
 #include "session/schema.h"
 #include "session/session.h"
 #include "session/setting.h"
@@ -23,13 +24,15 @@ class Link {
 
     bool Send(const String& command) const {
         return session_.database && session_.sendFunction != nullptr &&
-               session_.sendFunction(command.c_str(), command.Length()) == command.Length();
+               Cancellation::InHost(session_.sendFunction, command.c_str(),
+                                         command.Length()) == command.Length();
     }
 
     // Tries once, and again for each retry.
     bool Read(char& byte) const {
         std::int64_t failures = 0;  // 64 bits: it exceeds AT-RETRY, which may be the largest int32
-        while (session_.readFunction == nullptr || session_.readFunction(&byte, 1, timeOut_) != 1) {
+        while (session_.readFunction == nullptr ||
+               Cancellation::InHost(session_.readFunction, &byte, 1, timeOut_) != 1) {
             if (++failures > retries_) {
                 return false;
             }

@@ -4,12 +4,16 @@
 #include <cxxabi.h>
 
 #include "foundation/index_exception.h"
+#include "session/cancellation.h"
 
 namespace vel {
+namespace {
 
+// Not inlined, so that Guarded needs no clean-up: see Cancellation::InHost.
+//
 // For a cancelled thread the C++ runtime gives the handler a reference to nothing, at which the
 // sanitizer would stop.
-__attribute__((no_sanitize("null"))) bool Guarded(const FunctionRef<void()>& body) {
+__attribute__((no_sanitize("null"), noinline)) bool RunCaught(const FunctionRef<void()>& body) {
     try {
         body();
         return true;
@@ -22,9 +26,20 @@ __attribute__((no_sanitize("null"))) bool Guarded(const FunctionRef<void()>& bod
     return false;
 }
 
+}  // namespace
+
 void PrepareThread() {
     // The compiler would leave out the call if nothing used its result.
     [[maybe_unused]] void* const volatile state = abi::__cxa_get_globals();
+}
+
+bool Guarded(const FunctionRef<void()>& body) {
+    const bool outermost = Cancellation::HoldOff();
+    const bool done = RunCaught(body);
+    if (outermost) {
+        Cancellation::Restore();
+    }
+    return done;
 }
 
 }  // namespace vel
