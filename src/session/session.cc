@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "session/session.h"
 
+#include <new>
+
 #include "session/schema.h"
 #include "session/setting.h"
 #include "storage/catalogue_format.h"
@@ -35,14 +37,26 @@ constexpr Velmor::Table Velmor::*kReleased[] = {
     &Velmor::basicDUNForPhone,
 };
 
+// The session that calls see after the session is destroyed, for example in a handler at the end of
+// the process. It stays closed, so it holds nothing and is never destroyed.
+alignas(Velmor) unsigned char afterwards[sizeof(Velmor)];
+Velmor* closed = nullptr;
+
 }  // namespace
 
 Velmor* Velmor::getVelmor() {
     static Velmor velmor;
-    return &velmor;
+    return closed != nullptr ? closed : &velmor;
+}
+
+Velmor::~Velmor() {
+    closed = new (afterwards) Velmor;
 }
 
 void Velmor::Init(const char* aDatabaseFile) {
+    if (this == closed) {
+        return;
+    }
     traceDepth = 0;
     DBReader reader(aDatabaseFile, kSeparator);
     database = reader.get_DB();

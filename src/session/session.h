@@ -11,7 +11,8 @@ class Velmor {
     using Table = vel::Pointer<vel::ITable>;
     using Rows = vel::Pointer<vel::ICollection<vel::IRow*>>;
 
-    // The session, made on first use and destroyed when the library is unloaded.
+    // The session, made on first use and destroyed when the library is unloaded or the process
+    // ends. After that, a session that stays closed.
     static Velmor* getVelmor();
 
     Velmor(const Velmor&) = delete;
@@ -57,5 +58,5 @@ class Velmor {
 
   private:
     Velmor() = default;
-    ~Velmor() = default;
+    ~Velmor();
 };
