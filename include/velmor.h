@@ -10,7 +10,8 @@
  * 2. A function returns 0 for success and -1 for failure unless its comment says otherwise.
  *    Counting functions return the count. No function throws an exception or ends the process.
  *    Running out of memory is a failure like any other; the functions that count countries and
- *    phones then return 0. The session stays usable after a failure, except after one of
+ *    phones then return 0. (A library that shares its C++ runtime needs the preparation that
+ *    docs/integration.md describes.) The session stays usable after a failure, except after one of
  *    Velmor_Initialise.
  * 3. Text buffers and DUN settings belong to the host; the library keeps no pointer to them. The
  *    library writes a buffer over its whole size: the text, then zeros. It cuts a text of `size`
@@ -22,7 +23,13 @@
  *    0. It only appears in the trace log.
  * 6. The library starts no threads and takes no locks. Call it from one thread at a time. Do not
  *    call it from inside its callbacks.
- * 7. When the variable TRACE of the catalogue begins with y or Y, the library writes every call to
+ * 7. A thread may be cancelled (pthread_cancel). A call holds cancellation off until it returns;
+ * only the callbacks run with the cancellation state of the host. A thread that is cancelled in a
+ *    callback leaves the session usable. Compile callbacks in C with -fexceptions: without it,
+ *    32-bit Arm cannot free what the call had allocated.
+ * 8. Calls at the end of the process are allowed, for example in an atexit handler. After the
+ *    session is destroyed they answer as without a session, and Velmor_Initialise returns -1.
+ * 9. When the variable TRACE of the catalogue begins with y or Y, the library writes every call to
  *    the trace log. The log holds user names, passwords and subscriber numbers in plain text.
  */
 #ifndef VELMOR_H

@@ -24,8 +24,8 @@ class Link {
 
     bool Send(const String& command) const {
         return session_.database && session_.sendFunction != nullptr &&
-               Cancellation::InHost(session_.sendFunction, command.c_str(),
-                                         command.Length()) == command.Length();
+               Cancellation::InHost(session_.sendFunction, command.c_str(), command.Length()) ==
+                   command.Length();
     }
 
     // Tries once, and again for each retry.
