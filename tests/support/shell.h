@@ -4,16 +4,23 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <utility>
 
-// Starts a shell line in a folder of its own, or here. In it "velmor" is the command; what it
-// prints goes to the file "out", unless the line sends it elsewhere.
+// Starts a shell line in a folder of its own, or here. In it "velmor" is the command, and "await"
+// waits until a file has content or a process has ended. The output goes to the file "out". After
+// 100 seconds, less than the limit of a test, all processes of the line are ended.
 inline std::FILE* Start(const std::string& line, const std::string& folder = ".") {
-    const std::string velmor = "velmor() { " VELMOR_COMMAND " \"$@\"; }; exec 3>&1 >out 2>&3; ";
+    const std::string begin =
+        "velmor() { " VELMOR_COMMAND
+        " \"$@\"; }; exec 3>&1 >out 2>&3\n"
+        "await() { until [ -s $1 ]; do kill -0 $2 || exit 98; sleep 0.05; done; }\n";
     std::filesystem::create_directories(folder);
-    return popen(("cd " + folder + "; " + velmor + line).c_str(), "r");
+    setenv("LINE", (begin + line).c_str(), 1);
+    return popen(("cd " + folder + "; exec timeout -k 5 100 sh -c \"$LINE\" </dev/null").c_str(),
+                 "r");
 }
 
 // Its exit status at its end, and what it wrote on standard error.

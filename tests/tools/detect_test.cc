@@ -16,6 +16,12 @@ namespace {
 using nlohmann::json;
 namespace fs = std::filesystem;
 
+// The sample with a longer limit of a read: four of them, a second in all, fail an answer. A loaded
+// machine then still answers in time.
+std::string PatientSample() {
+    return SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#").text();
+}
+
 // A phone that the sample catalogue knows, on a network that it knows.
 const std::string kAcme = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234567890\n";
 
@@ -24,9 +30,9 @@ const std::string kAcme = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234
 std::string WithPhone(const std::string& lines) {
     return "rm -f device; " VELMOR_COMMAND
            " phone profile -v >device 2>log & phone=$!\n"
-           "until [ -s device ]; do sleep 0.05; done; device=$(cat device)\n" +
+           "await device $phone; device=$(cat device)\n(" +
            lines +
-           "\nstatus=$?; kill -INT $phone; wait $phone; ended=$?\n"
+           "\n); status=$?; kill -INT $phone; wait $phone; ended=$?\n"
            "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: while it ends
 }
 
@@ -56,9 +62,9 @@ std::map<std::string, json> DetectAll(const std::string& catalogue) {
 
 // The lines that detection advises make a catalogue without fault that knows the phone.
 TEST(DetectCommand, AdvisesWhatIsMissing) {
-    WriteFile("sample", SampleSource().text());
+    WriteFile("sample", PatientSample());
     for (const auto& [name, result] : DetectAll("sample")) {
-        std::string source = SampleSource().text();
+        std::string source = PatientSample();
         for (const json& line : result["advice"]) {
             const std::string table = "#$_TABLE_BEGIN_$#" + std::string(line["table"]) + "#";
             source.insert(source.find("E#$_TABLE_END_$#", source.find(table)),
@@ -81,22 +87,18 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
 
 TEST(DetectCommand, EndsWhateverHappens) {
     const std::string detect = "velmor detect ../sample --device $device ";
-    const std::string slow = kAcme + "delay = 150";
-    const std::string slower = kAcme + "delay = 1500";  // busy until long after any start
+    const std::string slow = kAcme + "delay = 1500";  // a detection takes eight seconds
     // A detection that is under way, which then is interrupted.
-    const std::string busy = VELMOR_COMMAND
-        " detect ../sample --device $device 2>said & busy=$!; until [ -s log ]; do sleep 0.05; "
-        "done; ";
+    const std::string busy =
+        VELMOR_COMMAND " detect ../sample --device $device 2>said & busy=$!; await log $busy; ";
     const std::string inUse = busy + detect + "; result=$?; kill -INT $busy; (exit $result)";
     const std::string restored =
         "stty -F $device sane; stty -F $device -g >before; " + busy +
         "kill -INT $busy; wait $busy; result=$?; cat said >&2; stty -F $device -g | "
         "diff before - && ! ls /var/lock/LCK..pts_${device##*/} 2>/dev/null && (exit $result)";
     const std::tuple<std::string, std::string, int, const char*> rows[] = {
-        {slow, detect, 0, "Phone         X100 (10)"},
-        {slow, detect + "--timeout 0.1", 1, "answered nothing"},
-        {slower, inUse, 2, "in use by process"},
-        {slower, restored, 130, "interrupted"},
+        {slow, inUse, 2, "in use by process"},
+        {slow, restored, 130, "interrupted"},
         {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
         {kAcme + "disconnect = 40", detect, 2, "the device is gone"},
         {kAcme + "disconnect = 40", "velmor detect ../sample --phone profile", 2, "is gone"},
@@ -114,7 +116,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {"AT+CIMI: 998", VELMOR_DETECT_HOST " ../sample $device", 1, "the phone says: , \n"},
 #endif
     };
-    WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
+    WriteFile("sample", PatientSample());
     std::vector<std::FILE*> running;
     for (const auto& row : rows) {
         const std::string folder = std::to_string(running.size());
