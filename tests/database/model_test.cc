@@ -58,8 +58,9 @@ TEST_F(Model, RowsAndCells) {
     Pointer<IRow> found;
     EXPECT_EQ(table->get_Row("2", *&found), 0);
     EXPECT_TRUE(found == row);
-    EXPECT_EQ(table->get_Row("4", *&found), 0);
-    EXPECT_FALSE(found);
+    IRow* none = row.get();  // *& would empty a Pointer before the call
+    EXPECT_EQ(table->get_Row("4", none), 0);
+    EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Value(*row, "name"), "<none>");
     EXPECT_EQ(table->get_ColumnIndex("Nothing", index), 0);
     EXPECT_EQ(index, -1);
@@ -81,8 +82,9 @@ TEST_F(Model, RowsAndCells) {
     Pointer<IColumn> same;
     cells->get_Item(1, *&same);
     EXPECT_TRUE(same == cell);
-    EXPECT_EQ(row->get_Column("Nothing", *&cell), 0);
-    EXPECT_FALSE(cell);
+    IColumn* noCell = cell.get();
+    EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
+    EXPECT_EQ(noCell, nullptr);
     EXPECT_EQ(Dump(*database),
               (Lines{"World 7", "Colours: ID Name", "  [1][red]", "  [2][green]", "  [2][blue]"}));
 }
@@ -93,8 +95,9 @@ TEST_F(Model, TakenNameIsNotRegistered) {
     Pointer<ITable> found;
     EXPECT_EQ(database->get_Table("Colours", *&found), 1);
     EXPECT_TRUE(found == table);
-    EXPECT_EQ(database->get_Table("colours", *&found), 0);
-    EXPECT_FALSE(found);
+    ITable* none = table.get();
+    EXPECT_EQ(database->get_Table("colours", none), 0);
+    EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
     static_cast<Table&>(*second).Destroy();
 }
@@ -109,16 +112,15 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_EQ(Count(rows), 1);
     Rows found;
     table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), *&found);
+    IDatabase *ofTable = database.get(), *ofCell = ofTable;
     database.Reset();
 
     EXPECT_EQ(Count(rows), 0);
     EXPECT_EQ(Count(found), 1);
-    Pointer<IDatabase> gone;
-    EXPECT_TRUE(table->get_Database(*&gone) == 0 && !gone);
-    EXPECT_TRUE(cell->get_Database(*&gone) == 0 && !gone);
-    Pointer<ITable> parent(table);
-    EXPECT_EQ(cell->get_Table(*&parent), 0);
-    EXPECT_FALSE(parent);
+    EXPECT_TRUE(table->get_Database(ofTable) == 0 && ofTable == nullptr);
+    EXPECT_TRUE(cell->get_Database(ofCell) == 0 && ofCell == nullptr);
+    ITable* parent = table.get();
+    EXPECT_TRUE(cell->get_Table(parent) == 0 && parent == nullptr);
     EXPECT_EQ(Value(*row, "Name"), "<none>");
     Array<String> names = Texts({"left"});
     row->get_ColumnNames(names);
@@ -167,8 +169,9 @@ TEST_F(Model, MatchesSeveralValues) {
     Pointer<IRow> row;
     EXPECT_EQ(table->FindByIndex("Name", "red", *&row), 0);
     EXPECT_EQ(Value(*row, "ID"), "1");
-    EXPECT_EQ(table->FindByIndex("Colour", "red", *&row), 1);
-    EXPECT_FALSE(row);
+    IRow* none = row.get();
+    EXPECT_EQ(table->FindByIndex("Colour", "red", none), 1);
+    EXPECT_EQ(none, nullptr);
 }
 
 // What a query allocates does not depend on the number of rows it looks at.
