@@ -34,7 +34,7 @@ long Read(char* buffer, long, long) {
 struct Answer {
     long result, number;
     char first[24], second[24];
-    Velmor_DUNSetting record;
+    Velmor_DUNSetting setting;
 };
 
 vel::String text(nullptr);  // goes into ATCompress and comes out
@@ -69,8 +69,8 @@ const struct {
     STEP(-1, Velmor_DetectPhoneAndNetwork(0, a.first, 4, a.second, 16)),
     STEP(-1, Velmor_GetDetectedPhone(0, a.first, 8, a.second, 4)),
     STEP(-1, Velmor_GetNrDetectedDUNSettings(0, &a.number)),
-    STEP(-1, Velmor_GetDetectedDUNSettingByIndex(0, 0, &a.record)),
-    STEP(-1, Velmor_GetDUNSetting(0, 10, 1, &a.record)),
+    STEP(-1, Velmor_GetDetectedDUNSettingByIndex(0, 0, &a.setting)),
+    STEP(-1, Velmor_GetDUNSetting(0, 10, 1, &a.setting)),
     STEP(150, Velmor_GetVersionLibrary()),
     STEP(-1, Velmor_GetVersionDatabase(0)),
     STEP(0, Velmor_GetNrCountries(0)),
@@ -79,7 +79,7 @@ const struct {
     STEP(-1, Velmor_GetPhoneByIndex(0, 1, &a.number, a.first, 20)),
     STEP(0, (OnNetworkListnetworks(), 0)),
     STEP(-1, Velmor_GetCountryNrOfBasicDUNSettings(0, 0)),
-    STEP(-1, Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &a.record)),
+    STEP(-1, Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &a.setting)),
     STEP(-1, Compress(a)),
     STEP(1, Command(a)),
 };
@@ -125,7 +125,7 @@ bool Allowed(std::size_t step, const Answer& got, const Answer& whole, const Ans
     };
     const bool failed = got.result == kSteps[step].failure || got.result == refused.result;
     return got == whole || (failed && either(&Answer::number) && either(&Answer::first) &&
-                            either(&Answer::second) && either(&Answer::record));
+                            either(&Answer::second) && either(&Answer::setting));
 }
 
 // A catalogue, and what a session over it is to say.

@@ -3,18 +3,12 @@
 
 #include "detection/at_compress.h"
 #include "tests/support/scripted_phone.h"
-#include "tests/support/session.h"
 
 using vel::String;
 
 namespace {
 
-class ATCommands : public SessionTest {
-  protected:
-    void Start(const SampleSource& source = {}) {
-        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    }
-};
+class ATCommands : public PhoneTest {};
 
 TEST_F(ATCommands, RelevantLine) {
     const struct {

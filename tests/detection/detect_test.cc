@@ -3,18 +3,15 @@
 #include <thread>
 
 #include "tests/support/scripted_phone.h"
-#include "tests/support/session.h"
 
 namespace {
 
 const std::string kAcme = "AT+CGMI: Acme Mobile\nAT+CGMM: Acme X-100\n";
 const std::string kNorthtel = "AT+CIMI: 999011234567890\n";
 
-class Detection : public SessionTest {
+// What a detection finds, and what it sends.
+class Detection : public PhoneTest {
   protected:
-    void Start(const SampleSource& source = {}) {
-        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    }
     long Detect(const std::string& profile) {
         ScriptedPhone::Play(profile);
         std::memset(maker, 0x55, sizeof maker);
@@ -139,16 +136,16 @@ TEST_F(Detection, Traces) {
     Detect("echo = off\n" + kAcme + kNorthtel);
     char name[8];
     Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
-    Velmor_DUNSetting record;
+    Velmor_DUNSetting setting;
     Settings();
-    Velmor_GetDetectedDUNSettingByIndex(0, 1, &record);
-    Velmor_GetDUNSetting(0, 10, 4, &record);
+    Velmor_GetDetectedDUNSettingByIndex(0, 1, &setting);
+    Velmor_GetDUNSetting(0, 10, 4, &setting);
     ExpectLog("detection/success.log");
     std::filesystem::remove(vel::kTraceLogPath);
     Detect("AT+CGMI: Acme\nAT+CIMI: 12345");
     Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
-    Velmor_GetDetectedDUNSettingByIndex(0, 0, &record);
-    Velmor_GetDUNSetting(0, 10, 9, &record);
+    Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting);
+    Velmor_GetDUNSetting(0, 10, 9, &setting);
     ExpectLog("detection/failure.log");
 }
 

@@ -5,25 +5,26 @@
 
 namespace {
 
+// A DUN setting of a country.
 class CountrySettings : public SessionTest {
   protected:
-    Velmor_DUNSetting record;
+    Velmor_DUNSetting setting;
 };
 
 TEST_F(CountrySettings, FillsEveryField) {
     ASSERT_EQ(Initialise(SampleSource().text()), 0);
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 3);
-    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record), 0);
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting), 0);
     const Velmor_DUNSetting expected = {"",           "",          "192.0.2.53",
                                         "192.0.2.54", "192.0.2.1", "internet.northtel.example",
                                         "Northtel",   "",          "postpaid",
                                         "Y",          "web",       "secret",
                                         "Y",          "Norland",   1};
-    EXPECT_EQ(std::memcmp(&record, &expected, sizeof record), 0);
-    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &record), 0);
-    EXPECT_STREQ(record.DefaultPassword, "back\\slash");
-    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &record), 0);
-    EXPECT_STREQ(record.ClientIP, "203.0.113.7");
+    EXPECT_EQ(std::memcmp(&setting, &expected, sizeof setting), 0);
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 2, &setting), 0);
+    EXPECT_STREQ(setting.DefaultPassword, "back\\slash");
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &setting), 0);
+    EXPECT_STREQ(setting.ClientIP, "203.0.113.7");
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 2), 0);
 }
 
@@ -44,11 +45,11 @@ TEST_F(CountrySettings, OddValues) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         ASSERT_EQ(Initialise(SampleSource().AddRow("BasicDUNSettings", row.row).text()), 0);
-        ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &record), 0);
-        EXPECT_EQ(record.aBasicDUNSettingId, row.id);
-        EXPECT_EQ(std::string(record.APN, strnlen(record.APN, 256)), row.apn);
-        EXPECT_EQ(std::string(record.Country), row.country);
-        EXPECT_STREQ(record.DisplayName, "");
+        ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &setting), 0);
+        EXPECT_EQ(setting.aBasicDUNSettingId, row.id);
+        EXPECT_EQ(std::string(setting.APN, strnlen(setting.APN, 256)), row.apn);
+        EXPECT_EQ(std::string(setting.Country), row.country);
+        EXPECT_STREQ(setting.DisplayName, "");
         Velmor_DeInitialise();
     }
     // Without the column there is nothing to select by; without others the texts are empty.
@@ -58,9 +59,9 @@ TEST_F(CountrySettings, OddValues) {
     Velmor_DeInitialise();
     ASSERT_EQ(
         Initialise(SampleSource().Replace("ID#NetworkID#APN#", "Key#NetworkID#Point#").text()), 0);
-    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record), 0);
-    EXPECT_EQ(record.aBasicDUNSettingId, -1);
-    EXPECT_STREQ(record.APN, "");
+    ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting), 0);
+    EXPECT_EQ(setting.aBasicDUNSettingId, -1);
+    EXPECT_STREQ(setting.APN, "");
 }
 
 // The rows are searched once for each change of country, and once for each session.
@@ -87,8 +88,8 @@ TEST_F(CountrySettings, TraceOfASession) {
     for (long i = 0; i < Velmor_GetNrCountries(0); ++i) {
         Velmor_GetCountryByIndex(0, i, name, sizeof name);
     }
-    Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &record);
-    Velmor_GetCountryBasicDUNSettingByIndex(0, 2, 0, &record);
+    Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting);
+    Velmor_GetCountryBasicDUNSettingByIndex(0, 2, 0, &setting);
     OnNetworkListnetworks();
     Velmor_DeInitialise();
     ExpectLog("dun/country_session.log");

@@ -2,36 +2,33 @@
 #include <cstring>
 
 #include "tests/support/scripted_phone.h"
-#include "tests/support/session.h"
 
 namespace {
 
-class PhoneSettings : public SessionTest {
+// An Acme X100, and a DUN setting for it.
+class PhoneSettings : public PhoneTest {
   protected:
-    void Start(const SampleSource& source = {}) {
-        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    }
     static void Detect(const std::string& imsi) {
         ScriptedPhone::Play("AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: " + imsi);
         ASSERT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0), 0);
     }
-    Velmor_DUNSetting record;
+    Velmor_DUNSetting setting;
 };
 
 TEST_F(PhoneSettings, OfTheDetectedNetwork) {
     Start();
     Detect("99801");
-    ASSERT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &record), 0);
-    EXPECT_EQ(record.aBasicDUNSettingId, 4);
-    EXPECT_STREQ(record.DialString, "ATD*99#");
-    EXPECT_STREQ(record.InitializationString, "AT+CGDCONT=3,\"IP\",\"sud.example\",,0,0");
-    EXPECT_STREQ(record.Country, "Sudland");
-    EXPECT_STREQ(record.ClientIP, "203.0.113.7");
+    ASSERT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting), 0);
+    EXPECT_EQ(setting.aBasicDUNSettingId, 4);
+    EXPECT_STREQ(setting.DialString, "ATD*99#");
+    EXPECT_STREQ(setting.InitializationString, "AT+CGDCONT=3,\"IP\",\"sud.example\",,0,0");
+    EXPECT_STREQ(setting.Country, "Sudland");
+    EXPECT_STREQ(setting.ClientIP, "203.0.113.7");
     for (const long index : {-1L, 1L}) {
-        EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, index, &record), -1);
-        EXPECT_EQ(record.aBasicDUNSettingId, -1);
-        EXPECT_STREQ(record.APN, "");
-        EXPECT_STREQ(record.DialString, "");
+        EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, index, &setting), -1);
+        EXPECT_EQ(setting.aBasicDUNSettingId, -1);
+        EXPECT_STREQ(setting.APN, "");
+        EXPECT_STREQ(setting.DialString, "");
     }
     EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, nullptr), -1);
 }
@@ -61,15 +58,15 @@ TEST_F(PhoneSettings, DialTexts) {
         Start(SampleSource().Replace(row, c.rows).Replace(values, c.values));
         Detect("99801");
         for (const bool detected : {true, false}) {
-            std::memset(&record, 0x55, sizeof record);
-            EXPECT_EQ(detected ? Velmor_GetDetectedDUNSettingByIndex(0, 0, &record)
-                               : Velmor_GetDUNSetting(0, 10, 4, &record),
+            std::memset(&setting, 0x55, sizeof setting);
+            EXPECT_EQ(detected ? Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting)
+                               : Velmor_GetDUNSetting(0, 10, 4, &setting),
                       detected ? c.detected : c.byId);
-            EXPECT_STREQ(record.DialString, c.dial);
-            EXPECT_STREQ(record.InitializationString, c.init);
-            EXPECT_STREQ(record.DisplayName, "Sudphone");
-            EXPECT_STREQ(record.Country, "Sudland");
-            EXPECT_EQ(record.aBasicDUNSettingId, 4);
+            EXPECT_STREQ(setting.DialString, c.dial);
+            EXPECT_STREQ(setting.InitializationString, c.init);
+            EXPECT_STREQ(setting.DisplayName, "Sudphone");
+            EXPECT_STREQ(setting.Country, "Sudland");
+            EXPECT_EQ(setting.aBasicDUNSettingId, 4);
         }
     }
 }
@@ -100,10 +97,10 @@ TEST_F(PhoneSettings, ByIdentifier) {
     Start(source);
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.phone << ", " << row.setting);
-        EXPECT_EQ(Velmor_GetDUNSetting(0, row.phone, row.setting, &record), row.result);
-        EXPECT_EQ(record.aBasicDUNSettingId, row.id);
-        EXPECT_STREQ(record.DialString, row.dial);
-        EXPECT_STREQ(record.APN, row.apn);
+        EXPECT_EQ(Velmor_GetDUNSetting(0, row.phone, row.setting, &setting), row.result);
+        EXPECT_EQ(setting.aBasicDUNSettingId, row.id);
+        EXPECT_STREQ(setting.DialString, row.dial);
+        EXPECT_STREQ(setting.APN, row.apn);
     }
     EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, nullptr), -1);
 }

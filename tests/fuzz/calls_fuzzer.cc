@@ -16,6 +16,7 @@ constexpr const char* kPaths[] = {"sample",     "traced", "sample", "traced",
                                   "incomplete", "",       nullptr};
 constexpr const char* kRecipes[] = {"PhoneIdentificationVariables", "Phones", "", nullptr};
 
+// The arguments of a call, made of the input.
 struct X {
     explicit X(Phone& input) : choice(input.Next()), sizes(input.Next()) {
         for (int length = input.Next() % 32; length > 0; --length) {
@@ -31,7 +32,7 @@ struct X {
     Velmor_DUNSetting space;
     char* const name = choice < 240 ? buffer.bytes : nullptr;
     long* const numberO = choice < 240 ? &number : nullptr;
-    Velmor_DUNSetting* const record = choice < 240 ? &space : nullptr;
+    Velmor_DUNSetting* const setting = choice < 240 ? &space : nullptr;
     const Velmor_ReadFunction read = choice < 240 ? Phone::Read : nullptr;
     vel::String text, recipe{kRecipes[choice % 4]};
 };
@@ -46,13 +47,13 @@ long (*const kCalls[])(X& x) = {
     [](X& x) { return Velmor_GetNrOfPhones(x.a); },
     [](X& x) { return Velmor_GetPhoneByIndex(0, x.a, x.numberO, x.name, x.size); },
     [](X& x) { return Velmor_GetCountryNrOfBasicDUNSettings(0, x.a); },
-    [](X& x) { return Velmor_GetCountryBasicDUNSettingByIndex(0, x.a, x.b, x.record); },
+    [](X& x) { return Velmor_GetCountryBasicDUNSettingByIndex(0, x.a, x.b, x.setting); },
     [](X&) { return OnNetworkListnetworks(), 0L; },
     [](X& x) { return Velmor_DetectPhoneAndNetwork(0, x.name, x.size, x.name, x.size); },
     [](X& x) { return Velmor_GetDetectedPhone(0, x.name, x.size, x.name, x.size); },
     [](X& x) { return Velmor_GetNrDetectedDUNSettings(x.a, x.numberO); },
-    [](X& x) { return Velmor_GetDetectedDUNSettingByIndex(0, x.a, x.record); },
-    [](X& x) { return Velmor_GetDUNSetting(x.a, x.a, x.b, x.record); },
+    [](X& x) { return Velmor_GetDetectedDUNSettingByIndex(0, x.a, x.setting); },
+    [](X& x) { return Velmor_GetDUNSetting(x.a, x.a, x.b, x.setting); },
     [](X& x) { return long{ATCommand(x.text, x.recipe, static_cast<int>(x.b))}; },
     [](X& x) { return long{ATCompress(x.text, x.recipe)}; },
     [](X& x) { return Trace(x.text), 0L; },

@@ -27,16 +27,16 @@ std::size_t Explore() {
         REQUIRE(Velmor_GetCountryByIndex(0, i, country.bytes, country.size) == in(countries));
         const long settings = keep(Velmor_GetCountryNrOfBasicDUNSettings(0, i), country);
         REQUIRE(in(countries) == 0 ? settings >= 0 : settings == -1);
-        Velmor_DUNSetting record;
+        Velmor_DUNSetting setting;
         for (long s = 0; s <= settings && s < 3; ++s) {
-            const long got = Velmor_GetCountryBasicDUNSettingByIndex(0, i, s, &record);
-            REQUIRE(keep(got, record) == (s < settings ? 0 : -1));
+            const long got = Velmor_GetCountryBasicDUNSettingByIndex(0, i, s, &setting);
+            REQUIRE(keep(got, setting) == (s < settings ? 0 : -1));
         }
         long id = 0;
         REQUIRE(Velmor_GetPhoneByIndex(0, i, &id, phone.bytes, phone.size) <= in(phones));
         keep(id, phone);
-        REQUIRE(keep(Velmor_GetDetectedDUNSettingByIndex(0, i, &record), record) <= in(fitting));
-        keep(Velmor_GetDUNSetting(0, id, i, &record), record);
+        REQUIRE(keep(Velmor_GetDetectedDUNSettingByIndex(0, i, &setting), setting) <= in(fitting));
+        keep(Velmor_GetDUNSetting(0, id, i, &setting), setting);
     }
     return std::hash<std::string>()(all);
 }

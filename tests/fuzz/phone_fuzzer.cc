@@ -19,14 +19,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     REQUIRE(Velmor_GetNrDetectedDUNSettings(0, &count) == 0 && count >= 0 && count <= 2);
     REQUIRE(result == (phone > 0 || count > 0 ? 0 : -1));
     for (long i = -1; i <= count; ++i) {
-        Velmor_DUNSetting record, byId;
-        const long status = Velmor_GetDetectedDUNSettingByIndex(0, i, &record);
-        REQUIRE((record.aBasicDUNSettingId > 0) == (i >= 0 && i < count));
-        REQUIRE((status == 0) == (*record.DialString != '\0'));
-        REQUIRE(status == -1 || std::strstr(record.InitializationString, record.APN) != nullptr);
-        // Both ways to a setting end at the same record.
-        REQUIRE(Velmor_GetDUNSetting(0, phone, record.aBasicDUNSettingId, &byId) == status);
-        REQUIRE(std::memcmp(&record, &byId, sizeof record) == 0);
+        Velmor_DUNSetting setting, byId;
+        const long status = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting);
+        REQUIRE((setting.aBasicDUNSettingId > 0) == (i >= 0 && i < count));
+        REQUIRE((status == 0) == (*setting.DialString != '\0'));
+        REQUIRE(status == -1 || std::strstr(setting.InitializationString, setting.APN) != nullptr);
+        // Both ways to a setting end at the same setting.
+        REQUIRE(Velmor_GetDUNSetting(0, phone, setting.aBasicDUNSettingId, &byId) == status);
+        REQUIRE(std::memcmp(&setting, &byId, sizeof setting) == 0);
     }
     Velmor::getVelmor()->ForgetDetection();
     REQUIRE(Velmor::getVelmor()->traceDepth == 0 && allocation::Live() == before);

@@ -13,6 +13,7 @@
 
 namespace {
 
+// Switches tracing on for a test.
 class TraceLog : public testing::Test {
   protected:
     void SetUp() override {

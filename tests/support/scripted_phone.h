@@ -2,9 +2,10 @@
 #pragma once
 
 #include "phone/simulated_phone.h"
+#include "tests/support/session.h"
 
 // A simulated phone behind the host's callbacks: pass ScriptedPhone::Read and ScriptedPhone::Send
-// to Velmor_Initialise. There is one; Play replaces it and clears the records.
+// to Velmor_Initialise. There is one; Play replaces it and forgets what was sent.
 struct ScriptedPhone {
     static inline std::optional<tool::SimulatedPhone> phone;
     static inline long reads = 0;                 // calls of Read, the failed ones included
@@ -29,5 +30,13 @@ struct ScriptedPhone {
     static long Send(const char* buffer, long length) {
         sent.emplace_back(buffer, static_cast<std::size_t>(length));
         return static_cast<long>(phone->Receive(sent.back()));
+    }
+};
+
+// A session that talks to the scripted phone.
+class PhoneTest : public SessionTest {
+  protected:
+    static void Start(const SampleSource& source = {}) {
+        ASSERT_EQ(Initialise(source.text(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
     }
 };

@@ -5,7 +5,6 @@
 #include "commands/command.h"
 #include "support/error.h"
 #include "tests/support/scripted_phone.h"
-#include "tests/support/session.h"
 
 using namespace tool;
 
@@ -81,12 +80,12 @@ std::vector<std::string> Expected(const std::vector<Owner>& owners, const std::s
 
 std::vector<std::string> Detected() {
     std::vector<std::string> offers;
-    Velmor_DUNSetting record;
+    Velmor_DUNSetting setting;
     Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
-    for (long i = 0; Velmor_GetDetectedDUNSettingByIndex(0, i, &record) == 0; ++i) {
-        offers.emplace_back(record.DisplayName);
-        for (const char* text : {record.APN, record.DefaultUser, record.DefaultPassword,
-                                 record.Dns1, record.Dns2, record.GatewayIP}) {
+    for (long i = 0; Velmor_GetDetectedDUNSettingByIndex(0, i, &setting) == 0; ++i) {
+        offers.emplace_back(setting.DisplayName);
+        for (const char* text : {setting.APN, setting.DefaultUser, setting.DefaultPassword,
+                                 setting.Dns1, setting.Dns2, setting.GatewayIP}) {
             offers.back() += "|" + std::string(text);
         }
     }
