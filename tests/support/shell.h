@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -35,4 +37,13 @@ inline std::pair<int, std::string> Finish(std::FILE* running) {
 
 inline std::pair<int, std::string> Shell(const std::string& line) {
     return Finish(Start(line));
+}
+
+using Names = std::set<std::string>;
+
+// What the group of a pattern matches in a text.
+inline Names Matches(const std::string& text, const std::string& pattern) {
+    const std::regex regex(pattern);
+    const std::sregex_token_iterator first(text.begin(), text.end(), regex, 1);
+    return {first, std::sregex_token_iterator()};
 }

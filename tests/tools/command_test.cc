@@ -34,6 +34,56 @@ TEST(Encode, ComesBackByteForByte) {
     EXPECT_EQ(ReadFile("back"), "E#a#\nb\n");
 }
 
+std::string Help(const std::string& subcommand) {
+    Shell("velmor " + subcommand + " --help");
+    return ReadFile("out");
+}
+
+// What the completion offers for the last of the words.
+Names Completed(const std::string& words) {
+    Shell("bash -c '. " VELMOR_SOURCE_DIR "/completions/velmor.bash; COMP_WORDS=(velmor " + words +
+          "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _velmor; printf \"%s\\n\" ${COMPREPLY[@]}'");
+    return Matches(ReadFile("out"), "(.+)\n");
+}
+
+// The help of the command, its completion and its manual page have the same subcommands and
+// options.
+TEST(Command, HelpIsLikeCompletionAndManPage) {
+    const std::string option = "(--?[a-z-]+)", inHelp = "\n +(?:-[a-z],)?" + option;
+    const std::string page = std::regex_replace(ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1"),
+                                                std::regex(R"(\\f.|\\(?=-))"), "");
+    const auto bold = [&](const std::string& begin) {
+        std::string lines;
+        for (const std::string& line : Matches(page, "\n\\.BR? (" + begin + ".*)")) {
+            lines += line + "\n";
+        }
+        return lines;
+    };
+    const std::string help = Help("");
+    const Names names = Matches(help.substr(help.find("Subcommands:")), "\n  ([a-z]+) ");
+    EXPECT_EQ(Matches(page, "\n\\.B velmor ([a-z]+) "), names);
+    EXPECT_EQ(Matches(page, "[S,] velmor ([a-z]+)"), names);
+    Names words = Matches(help, inHelp);
+    EXPECT_EQ(Matches(bold("velmor -"), option), words);
+    words.insert(names.begin(), names.end());
+    EXPECT_EQ(Completed("\"\""), words);
+    for (const std::string& name : names) {
+        SCOPED_TRACE(name);
+        const std::string text = Help(name);
+        Names options = Matches(text, inHelp);
+        EXPECT_EQ(Completed(name + " --"), options);
+        const Names values = Matches(text, "[{,]([a-z]+)(?=[,}])");
+        EXPECT_EQ(values.empty() ? values : Completed(name + " --format \"\""), values);
+        std::string told = std::regex_replace(bold("velmor " + name + " "), std::regex("FORMAT"),
+                                              bold("\"?--format"));
+        for (const std::string& both : Matches(text, "\n +(-[a-z],--[a-z]+)")) {
+            told = std::regex_replace(told, std::regex(both.substr(0, 2) + "\\b"), both.substr(3));
+        }
+        options.erase("--help");
+        EXPECT_EQ(Matches(told, option), options);
+    }
+}
+
 // What each line ends with. Trouble is told in one line on standard error and leaves no file
 // behind.
 TEST(Command, Answers) {
