@@ -79,19 +79,6 @@ TEST_F(ATCommands, ReadAttemptsAndTimeOut) {
     }
 }
 
-TEST_F(ATCommands, TraceOfEveryOutcome) {
-    Start(SampleSource().Traced());
-    for (const char* profile :
-         {"AT+CGMI: NAME", "AT+CGMI: ERROR", "AT+CGMI:= NAM", "accepts = 1"}) {
-        ScriptedPhone::Play(profile);
-        String response("before");
-        ATCommand("AT+CGMI\r", response, -1);
-    }
-    String answer("a-b");
-    ATCompress(answer, "PhoneIdentificationVariables");
-    ExpectLog("detection/at_command.log");
-}
-
 TEST_F(ATCommands, Compress) {
     const struct {
         const char *upperCase, *remove, *compress, *answer, *key;

@@ -142,10 +142,11 @@ TEST_F(Detection, Traces) {
     Velmor_GetDUNSetting(0, 10, 4, &setting);
     ExpectLog("detection/success.log");
     std::filesystem::remove(vel::kTraceLogPath);
-    Detect("AT+CGMI: Acme\nAT+CIMI: 12345");
+    Detect("AT+CGMI: Acme\nAT+CGMM:= AC\nAT+CIMI: 12345");
     Velmor_GetDetectedPhone(0, name, 8, nullptr, 0);
     Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting);
     Velmor_GetDUNSetting(0, 10, 9, &setting);
+    Detect("accepts = 1");
     ExpectLog("detection/failure.log");
 }
 

@@ -29,6 +29,7 @@ TEST(Encode, ComesBackByteForByte) {
         EXPECT_EQ(ReadFile("stored"), ReadFile("source.encode"));
         EXPECT_EQ(ReadFile("back"), source);
     }
+    EXPECT_TRUE(vel::ArrayCrypter().CryptFile("missing", ""));
     WriteFile("source", "E#a#\r\nb\r\n");
     Shell(roundTrip);
     EXPECT_EQ(ReadFile("back"), "E#a#\nb\n");
