@@ -93,7 +93,8 @@ void CheckReaders(const std::string& bytes, char separator) {
         std::string line = text.substr(at, end - at);
         stored += (line[0] == 'E' ? "D" + encipher.Encipher(line.substr(1)) : line) + '\n';
         if (line[0] == 'D') {
-            line = ("D" + decipher.Decipher(line.substr(1))).c_str();  // up to its first NUL
+            line = "D" + decipher.Decipher(line.substr(1));
+            line = line.substr(0, line.find('\0'));
         }
         Lines fields;
         if (Split(line, separator, fields)) {

@@ -26,16 +26,16 @@ void Free(void* block) {
 
 }  // namespace
 
-#define DEFINE(type, operation, body) \
-    type operator operation {         \
-        body;                         \
+#define DEFINE(declaration, body) \
+    declaration {                 \
+        body;                     \
     }
-DEFINE(void*, new (std::size_t size), return Allocate(size))
-DEFINE(void*, new[](std::size_t size), return Allocate(size))
-DEFINE(void, delete (void* block) noexcept, Free(block))
-DEFINE(void, delete[](void* block) noexcept, Free(block))
-DEFINE(void, delete (void* block, std::size_t) noexcept, Free(block))
-DEFINE(void, delete[](void* block, std::size_t) noexcept, Free(block))
+DEFINE(void* operator new(std::size_t size), return Allocate(size))
+DEFINE(void* operator new[](std::size_t size), return Allocate(size))
+DEFINE(void operator delete(void* block) noexcept, Free(block))
+DEFINE(void operator delete[](void* block) noexcept, Free(block))
+DEFINE(void operator delete(void* block, std::size_t) noexcept, Free(block))
+DEFINE(void operator delete[](void* block, std::size_t) noexcept, Free(block))
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
     return Allocate(size);
 } catch (const std::bad_alloc&) {
