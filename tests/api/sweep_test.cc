@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The fault sweeps: a whole session over the exported functions, in which each allocation and each
-// stdio call fails in turn.
+// The fault sweeps. A session calls all exported functions, and each request in it fails in turn. A
+// request is an allocation or a stdio call.
 #include <cstring>
 
 #include "detection/at_command.h"
@@ -13,7 +13,7 @@
 
 namespace {
 
-// A phone that needs no memory itself.
+// A phone that allocates nothing.
 const char* canned = "";
 
 long Send(const char* command, long length) {
@@ -30,18 +30,18 @@ long Read(char* buffer, long, long) {
     return *canned++ == '\0' ? 0 : 1;
 }
 
-// What a call gave the host. The texts are told to be shorter than they are. There is no padding:
-// answers are compared as bytes.
+// What a call gave the host. The calls are told smaller sizes than the texts have, so a byte behind
+// shows. The struct has no padding: answers are compared as bytes.
 struct Answer {
     long result, number;
     char first[24], second[20];
     Velmor_DUNSetting setting;
 };
 
-vel::String text(nullptr);  // goes into ATCompress and comes out
+vel::String text(nullptr);  // ATCompress changes it
 const vel::String kCommand("AT+CIMI\r"), kRecipe("PhoneIdentificationVariables");
 
-// ATCompress and ATCommand, whose texts have no bounds.
+// ATCompress and ATCommand. Their texts have no limit, so part of them is the answer.
 long Compress(Answer& a) {
     const long result = ATCompress(text, kRecipe);
     vel::FillText(a.first, 20, text);
@@ -56,7 +56,7 @@ long Command(Answer& a) {
     return result;
 }
 
-// The calls in their order, each with its result in case of failure.
+// The calls in their order. Each has the result that reports its failure.
 #define STEP(failure, call)                                              \
     {                                                                    \
 #call, failure, [](Answer & a) -> long { return (void)a, call; } \
@@ -96,13 +96,13 @@ bool Same(const T& a, const T& b) {
 Answer Do(std::size_t step) {
     Answer answer;
     std::memset(&answer, 0x5A, sizeof answer);
-    Velmor::getVelmor()->countrySettings.Reset();  // no call finds anything cached
+    Velmor::getVelmor()->countrySettings.Reset();  // a cached country needs no memory
     Velmor::getVelmor()->countrySettingsId.Clear();
     answer.result = kSteps[step].call(answer);
     return answer;
 }
 
-// The answers to all steps of a session, which then is open.
+// The answers to all steps. The session stays open.
 struct Session {
     Session() {
         text = "acme-x";
@@ -124,18 +124,17 @@ void EndAll() {
 // - A call in which no request for memory fails gives the usual answer.
 // - A call in which one fails gives it too, or reports failure. Each of its outputs then holds what
 //   it holds in one of the two answers.
-// - After a start that failed, the usual answers are those without a session. After a detection
-// that
-//   failed, this is so for the calls that ask for its results.
-// - A request that fails for a file is no failure of the call. What cannot be written is lost, and
-//   what cannot be read ends the file: the usual answers are those with that part of the catalogue.
+// - After a failed start, the answers without a session are the usual ones. After a failed
+//   detection, this holds for the calls that ask for its results.
+// - A call does not fail when a stdio call in it fails. What cannot be written is lost. What cannot
+//   be read ends the file, so the usual answers are those with the first part of the catalogue.
 class Judge {
   public:
-    // Memory is short in the first call that is judged, and if lasting, in all later ones.
+    // Memory is short in the first call that is judged. If lasting, it is short in all later ones.
     Judge(const Session& usual, const Session& without, bool isShort, bool lasting)
         : usual_(usual), without_(without), isShort_(isShort), lasting_(lasting) {}
 
-    // The calls are judged one by one, in their order.
+    // Judges the calls one by one, in their order.
     bool Accepts(std::size_t step, const Answer& got) {
         const bool isUsual = Same(got, (step < usualFrom_ ? without_ : usual_).answers[step]);
         const bool accepted = isUsual || (isShort_ && ReportsFailure(step, got));
@@ -166,8 +165,8 @@ class Judge {
 // A catalogue, and what a session with it answers.
 class FaultSweep : public SessionTest {
   protected:
-    // A plain catalogue that has calls traced, or a stored one, longer than what is read at once.
-    // Both hold a table that is refused and taken apart.
+    // Takes a plain catalogue with tracing, or a stored one that is longer than a block of reading.
+    // Both have two tables of one name, so the library refuses one and takes it apart.
     void Use(bool traced) {
         SampleSource source;
         source.Replace("E#$_TABLE_BEGIN_$#Networks#",
@@ -176,7 +175,7 @@ class FaultSweep : public SessionTest {
         WriteFile("catalogue", source.text());
         vel::ArrayCrypter().CryptFile("catalogue", "in place");
         bytes_ = std::string(1500, '-') + '\n' + ReadFile("catalogue");
-        if (traced) {  // with fewer settings: a call costs a hundred times as much
+        if (traced) {  // fewer settings: a traced call costs a hundred times as much
             const std::regex settings("E#[2-4]#[0-9]+#.*\n");
             bytes_ = std::regex_replace(source.Traced().text(), settings, "");
         }
@@ -188,8 +187,8 @@ class FaultSweep : public SessionTest {
         EndAll();
     }
 
-    // Lets each request of one kind fail in turn, in one step after the other; there are at least
-    // `least`. After every so many failures the session goes on.
+    // Lets each request of one kind fail in turn, step by step. There are at least `least`. The
+    // session goes on after each failure whose number is a multiple of `every`.
     template <class Kind>
     void Sweep(std::string name, typename Kind::Fail how, std::size_t every, std::size_t least) {
         const char* const modes[] = {", once", ", from there on", ", short"};
@@ -216,8 +215,8 @@ class FaultSweep : public SessionTest {
         EXPECT_GE(points, least) << name;
     }
 
-    // One step in which the n-th request fails. Where it is to go on, the session does so while
-    // requests fail as before, and then once more without failures.
+    // Does a step in which the n-th request fails. To go on, the session does all later steps while
+    // requests still fail, and then all steps without failures.
     template <class Kind>
     void Fault(std::size_t step, std::size_t n, typename Kind::Fail how, bool goOn, bool& failed) {
         constexpr bool kFiles = std::is_same_v<Kind, stdio>;
@@ -245,7 +244,7 @@ class FaultSweep : public SessionTest {
         }
     }
 
-    // The answers when only the first bytes of the catalogue can be read.
+    // The answers of a session that can read only the first bytes of the catalogue.
     Session OfTheFirst(std::size_t size) const {
         WriteFile("catalogue", bytes_.substr(0, size));
         const Session session;
@@ -254,8 +253,9 @@ class FaultSweep : public SessionTest {
         return session;
     }
 
-    // How much of the catalogue is read when the n-th stdio call of the start fails. At the end of
-    // loading it is opened, read in blocks and closed; before that, its copy is written.
+    // How much of the catalogue is read when the n-th stdio call of the start fails. The start
+    // first writes the copy of the catalogue. Then it opens the catalogue, reads it in blocks and
+    // closes it.
     std::size_t ReadUntil(std::size_t n, stdio::Fail how) const {
         const std::size_t opened = loading_ - 1 - (bytes_.size() + 4095) / 4096;
         const bool isShort = how == stdio::Fail::kShort;
@@ -269,10 +269,10 @@ class FaultSweep : public SessionTest {
 
     std::string bytes_;  // of the catalogue
     Session usual_, without_;
-    std::size_t loading_ = 0;  // the stdio calls that loading it takes
+    std::size_t loading_ = 0;  // the number of stdio calls that load it
 };
 
-// The least numbers are four fifths of what each sweep has found.
+// Each least number is four fifths of the failure points that the sweep has now.
 TEST_F(FaultSweep, EveryCallOfASession) {
     for (const bool traced : {false, true}) {
         Use(traced);

@@ -12,7 +12,7 @@ namespace {
 
 using Rows = Pointer<ICollection<IRow*>>;
 
-// A database with a table of two columns, and a check that all of it is gone at the end.
+// Makes a database with a table of two columns. At the end nothing of it may be left.
 class Model : public testing::Test {
   protected:
     Model() {
@@ -58,7 +58,7 @@ TEST_F(Model, RowsAndCells) {
     Pointer<IRow> found;
     EXPECT_EQ(table->get_Row("2", *&found), 0);
     EXPECT_TRUE(found == row);
-    IRow* none = row.get();  // *& would empty a Pointer before the call
+    IRow* none = row.get();  // holds a row: *& would empty a Pointer
     EXPECT_EQ(table->get_Row("4", none), 0);
     EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Value(*row, "name"), "<none>");
@@ -102,7 +102,8 @@ TEST_F(Model, TakenNameIsNotRegistered) {
     static_cast<Table&>(*second).Destroy();
 }
 
-// The tree goes with the last outside reference; what is held beyond that stays valid but empty.
+// The last reference from outside releases the whole tree. A part that the test still holds stays
+// valid, but it is empty.
 TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     const Pointer<IRow> row = Create({"1", "red"});
     Pointer<IColumn> cell;
@@ -174,7 +175,7 @@ TEST_F(Model, MatchesSeveralValues) {
     EXPECT_EQ(none, nullptr);
 }
 
-// What a query allocates does not depend on the number of rows it looks at.
+// A query allocates the same for one row and for a thousand.
 TEST_F(Model, ScansAllocateNothingForARow) {
     const auto cost = [&](const char* last) {
         const std::size_t start = allocation::Count();

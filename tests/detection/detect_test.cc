@@ -77,7 +77,7 @@ TEST_F(Detection, AsksUntilItKnows) {
     }
     Start(SampleSource().AddRow("ManufacturerIdentification", "##2#"));
     EXPECT_EQ(Detect("unknown =\nAT+CGMM: SWIFT5"), 0);
-    EXPECT_EQ(Commands(), "+CGMI +CGMM +CIMI +COPS? ");  // an empty pattern takes silence too
+    EXPECT_EQ(Commands(), "+CGMI +CGMM +CIMI +COPS? ");  // an empty pattern matches silence
 }
 
 TEST_F(Detection, ResultsLastUntilTheNext) {

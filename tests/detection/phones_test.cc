@@ -9,7 +9,7 @@
 
 namespace {
 
-// What the phone says to these commands up to the first failed read, or what its profile lacks.
+// What the phone says to these commands until a read fails, or what is wrong with its profile.
 std::string Dialogue(const std::string& profile, const std::string& commands) try {
     ScriptedPhone::Play(profile);
     ScriptedPhone::Send(commands.data(), static_cast<long>(commands.size()));
@@ -49,8 +49,8 @@ TEST(Profile, Answers) {
     }
 }
 
-// Every profile is played against a catalogue that knows all the phones; a device that stays
-// unknown says why.
+// Plays every profile with a catalogue that knows all phones. The profile of a device that stays
+// unknown gives the reason.
 TEST(Profiles, AreDetectedAsTheySay) {
     WriteFile("catalogue", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
                                ReadFile(VELMOR_DATA_DIR "/phones.source") +

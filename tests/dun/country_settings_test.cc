@@ -36,7 +36,7 @@ TEST_F(CountrySettings, OddValues) {
     EXPECT_EQ(std::string(setting.APN, 256), std::string(256, 'c'));
     EXPECT_STREQ(setting.DisplayName, "");
     EXPECT_STREQ(setting.Country, "Sudland");
-    // Without the column there is nothing to select by; without others the texts are empty.
+    // The country selects nothing without its column. Without other columns the texts are empty.
     ASSERT_EQ(Initialise(SampleSource().Replace("#Default#CountryID#", "#Default#Country#").text()),
               0);
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 0);
@@ -48,7 +48,7 @@ TEST_F(CountrySettings, OddValues) {
     EXPECT_STREQ(setting.APN, "");
 }
 
-// The rows are searched once for each change of country, and once for each session.
+// The library searches the rows again when the country changes, and in a new session.
 TEST_F(CountrySettings, SearchesOncePerCountry) {
     const auto cached = [](long country) {
         EXPECT_GE(Velmor_GetCountryNrOfBasicDUNSettings(0, country), 0);

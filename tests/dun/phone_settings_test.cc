@@ -33,7 +33,7 @@ TEST_F(PhoneSettings, OfTheDetectedNetwork) {
     EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, nullptr), -1);
 }
 
-// The texts of phone 10 on the network of setting 4, with different phone rows and values.
+// Phone 10 on the network of setting 4, with different phone rows and values.
 TEST_F(PhoneSettings, DialTexts) {
     const std::string row = "E#10#UMTS#ATD*99\\##AT+CGDCONT=%NUM%,\"IP\",\"%APN%\"%VAR1%#\n";
     const std::string values = "#4#200#sud.example#3#,,0,0#";

@@ -32,11 +32,11 @@ TEST(Array, GrowthRule) {
         EXPECT_EQ(array.count, row.count);
     }
     Array<char> huge(32);
-    huge.count = huge.capacity = INT_MAX - 1;  // stated only: no buffer of that size is made
+    huge.count = huge.capacity = INT_MAX - 1;  // the array has no buffer of that size
     EXPECT_THROW(huge.internalEnsureSpace(32), std::bad_alloc);
 }
 
-// Large arrays keep the stated capacities and yet copy seldom.
+// A large array has the stated capacity, but copies its elements rarely.
 TEST(Array, GrowingIsLinearInTheElements) {
     Array<int> array(8, 1);
     const std::size_t before = allocation::Count();

@@ -15,7 +15,7 @@ String Null() {
     return text;
 }
 
-// A null for the bytes stands for no buffer.
+// Null bytes mean that the text has no buffer.
 void ExpectState(const String& text, int count, int capacity, const char* bytes) {
     EXPECT_EQ(text.count, count);
     EXPECT_EQ(text.capacity, capacity);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The input is a sequence of calls of all that the library exports, with their arguments and what
-// the phone says meanwhile. In some calls memory runs out.
+// The input is a sequence of calls of the exported functions, with their arguments and the answers
+// of the phone. Some calls run out of memory.
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
 #include "session/trace.h"
@@ -16,7 +16,7 @@ constexpr const char* kPaths[] = {"sample",     "traced", "sample", "traced",
                                   "incomplete", "",       nullptr};
 constexpr const char* kRecipes[] = {"PhoneIdentificationVariables", "Phones", "", nullptr};
 
-// The arguments of a call, made of the input.
+// The arguments of a call, taken from the input.
 struct X {
     explicit X(Phone& input) : choice(input.Next()), sizes(input.Next()) {
         for (int length = input.Next() % 32; length > 0; --length) {
@@ -60,10 +60,10 @@ long (*const kCalls[])(X& x) = {
     [](X& x) { return Trace(x.a), 0L; },
     [](X& x) { return Trace(x.name == nullptr ? nullptr : x.text.c_str()), 0L; },
 };
-// What each may return at most; -1 is the least.
+// The highest result that each may have. The lowest is -1.
 constexpr long kMost[] = {0, 0, 7, 150, 3, 0, 3, 0, 3, 0, 0, 0, 20, 0, 0, 0, 1, 0, 0, 0, 0};
 
-// The catalogues: the sample, unhidden, the same with tracing, and one that lacks a table.
+// Writes the sample with no line hidden, the same with tracing, and the same without a table.
 bool WriteCatalogues() {
     std::string text = ReadFile(VELMOR_DATA_DIR "/sample.source");
     for (std::size_t at = 0; (at = text.find("\nE", at)) != std::string::npos;) {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The input is a catalogue: as it is, then as the enciphered copy that the library made of it.
+// The input is a catalogue. It is loaded as it is, then from the copy that the library enciphered.
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/files.h"
 
 namespace {
 
-// All that the session answers, hashed.
+// A hash of all that the session answers.
 std::size_t Explore() {
     std::string all;
     const auto keep = [&](long result, const auto& output) {
@@ -55,7 +55,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     WriteFile("catalogue", bytes);
     const std::size_t answers = Load("catalogue");
-    // The copy of a source says the same; that of a file with stored lines or NULs need not.
+    // The copy of a source gives the same answers. A file with stored lines or NULs may differ.
     const bool source = ("\n" + bytes).find("\nD") + bytes.find('\0') == 2 * std::string::npos;
     REQUIRE(Load(source ? "catalogue.encode" : "catalogue") == answers);
     return 0;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The cipher and the readers a second time, plainly. The input is a separator and a file.
+// Compares the cipher and the readers with simple ones. The input is a separator and a file.
 #include <algorithm>
 
 #include "storage/csv_dict_reader.h"
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The cipher in floating point, its generator by Schrage's method.
+// The cipher in floating point. Its generator uses Schrage's method.
 struct PlainCipher {
     double Random() {
         const std::int32_t t = 48271 * (state % 44488) - 3399 * (state / 44488);
@@ -38,7 +38,7 @@ struct PlainCipher {
     std::int32_t state = 592741386;
 };
 
-// A line's fields; false when it is no record.
+// Appends the fields of a line. False when the line is no record.
 bool Split(const std::string& line, char separator, Lines& fields) {
     bool prefix = true;
     std::string field;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the fuzzers share. A finding is an abort here or a sanitizer's report. They run in a scratch
-// directory.
+// What the fuzzers share. A finding is an abort here or a report of a sanitizer. The fuzzers run in
+// a scratch directory.
 #pragma once
 
 #include <climits>
@@ -17,8 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 #define REQUIRE(condition) \
     ((condition) ? void() : (std::fprintf(stderr, "%s: %s\n", __func__, #condition), std::abort()))
 
-// The phone behind the callbacks: it says its script, where 0xFF and a byte stand for a read and
-// 0xFE and a byte for a send with that result. At the end it is silent or starts anew.
+// The phone behind the callbacks. It says the bytes of its script. 0xFF and a byte stand for a read
+// with that result, 0xFE and a byte for a send. At the end it is silent or starts again.
 struct Phone {
     bool IsAtEnd() const { return at == end; }
     std::uint8_t Next() { return IsAtEnd() ? std::uint8_t{0} : *at++; }
@@ -48,7 +48,7 @@ struct Phone {
 };
 inline Phone Phone::phone{};
 
-// A host's buffer. Nothing may change behind the size that a call is told.
+// A host's buffer. A call may change nothing behind the size that it is told.
 struct Buffer {
     explicit Buffer(long told) : size(told) { std::memset(bytes, 0x5A, sizeof bytes); }
     ~Buffer() {
@@ -61,7 +61,7 @@ struct Buffer {
     char bytes[320];
 };
 
-// Leaves the library as in a new process; nothing that was allocated in between is left.
+// At its end the library is as in a new process. No allocation made in between may be left.
 struct FreshSession {
     ~FreshSession() {
         EndSession();

@@ -8,7 +8,7 @@
 int main(int, char** argv) {
     int count = 0;
     for (const auto& input : std::filesystem::directory_iterator(argv[1])) {
-        std::fprintf(stderr, "%s\n", input.path().c_str());  // the last one named has failed
+        std::fprintf(stderr, "%s\n", input.path().c_str());  // the last name is the failed input
         const std::string bytes = ReadFile(input.path());
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
         ++count;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The input is what the phone says; the catalogue is the sample.
+// The input is what the phone says. The catalogue is the sample.
 #include "tests/fuzz/fuzz.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -24,7 +24,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         REQUIRE((setting.aBasicDUNSettingId > 0) == (i >= 0 && i < count));
         REQUIRE((status == 0) == (*setting.DialString != '\0'));
         REQUIRE(status == -1 || std::strstr(setting.InitializationString, setting.APN) != nullptr);
-        // Both ways to a setting end at the same setting.
+        // Index and identifier lead to the same setting.
         REQUIRE(Velmor_GetDUNSetting(0, phone, setting.aBasicDUNSettingId, &byId) == status);
         REQUIRE(std::memcmp(&setting, &byId, sizeof setting) == 0);
     }

@@ -49,7 +49,7 @@ TEST_F(Session, RequiredTables) {
     }
 }
 
-// dun/country_session.log has a session that is traced from its start to its end.
+// dun/country_session.log shows a whole traced session.
 TEST_F(Session, EachCatalogueDecidesOnTracing) {
     ASSERT_EQ(Initialise(SampleSource().Traced().text()), 0);
     Velmor_DeInitialise();

@@ -40,7 +40,7 @@ TEST_F(TraceLog, EveryFragmentIsIndented) {
     EXPECT_EQ(Log(), "         a   -2147483648");
 }
 
-// The fault sweep has the lack of memory.
+// The fault sweep tests exceptions for lack of memory.
 TEST_F(TraceLog, NoIndexIsThrownOutOfAFrame) {
     EXPECT_EQ(vel::Framed(
                   "Index", 0,

@@ -27,7 +27,7 @@ Lines ReadLines(const char* path) {
     return lines;
 }
 
-// fuzz/differential_fuzzer.cc has the line ends.
+// fuzz/differential_fuzzer.cc tests the line ends.
 TEST(File, Lines) {
     const std::string nul("a\0b", 3), longer(100000, 'x');
     WriteFile("lines", "abc\r\r\na\rb\n\r\n\xff\n" + nul + "\n" + longer + "\ny");

@@ -10,7 +10,7 @@ using namespace vel;
 
 namespace {
 
-// fuzz/differential_fuzzer.cc has the fields of a line.
+// fuzz/differential_fuzzer.cc tests the fields of a line.
 TEST(CSVDictReader, NewestFirst) {
     WriteFile("csv", ";name;Ann;city;Oslo;name;Bob;\n;\nskipped\n;;;name;\n");
     char path[] = "csv";
@@ -28,7 +28,7 @@ TEST(CSVDictReader, NewestFirst) {
     }
 }
 
-// tools/check_test.cc has what the check reads as the library does.
+// tools/check_test.cc compares other catalogues with what the check reads.
 TEST(DBReader, Grammar) {
     const std::string begin = "#$_DATABASE_BEGIN_$#\n";
     const std::string table = "#$_TABLE_BEGIN_$#T#A#B#\n";

@@ -30,13 +30,13 @@ inline Lines Plain(const vel::Array<vel::String>& texts) {
     return lines;
 }
 
-// The cell of a row, "<none>" when it has no such column.
+// The cell of a row, or "<none>" when there is no such column.
 inline std::string Value(const vel::IRow& row, const char* column) {
     vel::String value;
     return row.get_ColumnValue(column, value) == 0 ? Plain(value) : "<none>";
 }
 
-// The whole database, one line for each of its parts.
+// The whole database, with a line for each table and each row.
 inline Lines Dump(const vel::IDatabase& database) {
     vel::String name;
     vel::String version;

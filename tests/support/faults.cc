@@ -42,7 +42,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
     return nullptr;
 }
 
-// What the linker makes of a call of fopen, and of fopen itself.
+// With --wrap the linker turns a call of fopen into __wrap_fopen, and __real_fopen into fopen.
 #define WRAPPED(type, name, ...)     \
     type __real_##name(__VA_ARGS__); \
     type __wrap_##name(__VA_ARGS__); \
@@ -50,7 +50,7 @@ void* operator new(std::size_t size, const std::nothrow_t&) noexcept try {
 
 extern "C" {
 
-// A call that can only be granted or refused.
+// For a request that cannot be short.
 #define REFUSED (stdio::Next() != stdio::Fate::kGranted)
 
 WRAPPED(std::FILE*, fopen, const char* path, const char* mode) {
@@ -73,8 +73,8 @@ WRAPPED(std::size_t, fread, void* to, std::size_t size, std::size_t count, std::
     }
     const bool halved = fate == stdio::Fate::kHalved;
     const std::size_t read = halved ? __real_fread(to, size, count, from) / 2 : 0;
-    std::clearerr(from);     // a read error at the end of the file does not tell of the end
-    std::fputc('\0', from);  // sets the error: the stream is not for writing
+    std::clearerr(from);     // an error at the end of the file does not show the end
+    std::fputc('\0', from);  // sets the error: the stream is for reading
     return read;
 }
 

@@ -4,21 +4,21 @@
 #include <cstddef>
 #include <utility>
 
-// What a test program asks of the system, counted, and refused where a test says so. There are two
-// kinds: every operator new and delete, and the stdio calls (the linker's --wrap, CMakeLists.txt).
+// Counts the requests of a test program, and lets those fail that a test chooses. There are two
+// kinds: allocations with new, and stdio calls (through the linker's --wrap, CMakeLists.txt).
 template <class Kind>
 class Faults {
   public:
-    // How to fail. A short call is granted half of what it asks, and the next one is refused.
+    // Which requests fail. A short one transfers half of its bytes, and the next one fails.
     enum class Fail { kOnce, kFromThereOn, kShort };
     enum class Fate { kGranted, kHalved, kRefused };
 
-    // Calls made since the program started.
+    // Requests since the program started.
     static std::size_t Count() { return count; }
-    // Blocks allocated and not yet freed; streams open.
+    // Blocks that are allocated, or streams that are open.
     static std::ptrdiff_t Live() { return live; }
-    // Lets the n-th call from now on fail (n >= 1); 0 switches failing off. Returns whether the
-    // failure last armed has come about.
+    // Lets the n-th request from now on fail; 0 lets none fail. Returns whether a request has
+    // failed since the last call.
     static bool FailAfter(std::size_t n, Fail how = Fail::kOnce) {
         failAt = n == 0 ? 0 : count + n;
         mode = how;
@@ -26,8 +26,8 @@ class Faults {
     }
     static bool HasFailed() { return failed; }
 
-    // For the calls themselves. Only a transfer of bytes can be short: the first from the n-th call
-    // on is.
+    // What becomes of a request that is made now. Only a transfer of bytes can be short: the first
+    // one from the n-th request on.
     static Fate Next(bool transfers = false) {
         ++count;
         failAt += mode == Fail::kShort && count == failAt && !transfers ? 1 : 0;

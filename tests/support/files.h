@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-// Every test program runs in a scratch directory of its own (support/main.cc), so plain names do.
+// Every test program runs in a scratch directory of its own (support/main.cc).
 
 inline void WriteFile(const std::string& name, const std::string& bytes) {
     std::ofstream(name, std::ios::binary) << bytes;

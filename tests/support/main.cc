@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Runs the tests of a program in a scratch directory, which is removed afterwards.
+// Runs the tests of a program in a scratch directory, and removes it afterwards.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -5,10 +5,10 @@
 #include "tests/support/session.h"
 
 // A simulated phone behind the host's callbacks: pass ScriptedPhone::Read and ScriptedPhone::Send
-// to Velmor_Initialise. There is one; Play replaces it and forgets what was sent.
+// to Velmor_Initialise. There is only one. Play replaces it and forgets what was sent.
 struct ScriptedPhone {
     static inline std::optional<tool::SimulatedPhone> phone;
-    static inline long reads = 0;                 // calls of Read, the failed ones included
+    static inline long reads = 0;                 // calls of Read, also those that failed
     static inline long timeout = 0;               // what the last one got
     static inline std::vector<std::string> sent;  // what each call of Send got
 

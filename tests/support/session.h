@@ -11,8 +11,8 @@
 #include "session/trace.h"
 #include "tests/support/files.h"
 
-// The sample catalogue in its source form with the given text replaced, a table left out, or lines
-// added after a given one. Plain: the marker of hidden lines is ignored by the reader.
+// The source of the sample catalogue, with changes. The library reads a source as it is: it ignores
+// the marker of hidden lines.
 class SampleSource {
   public:
     SampleSource& Replace(const std::string& what, const std::string& with) {
@@ -28,7 +28,7 @@ class SampleSource {
         text_.erase(at, text_.find(end, at) + end.size() - at);
         return *this;
     }
-    // Adds a row at the head of a table.
+    // Adds a row as the first of a table.
     SampleSource& AddRow(const std::string& table, const std::string& row) {
         const std::size_t at = text_.find("E#$_TABLE_BEGIN_$#" + table + "#");
         EXPECT_NE(at, std::string::npos) << table;
@@ -42,7 +42,7 @@ class SampleSource {
     std::string text_ = ReadFile(VELMOR_DATA_DIR "/sample.source");
 };
 
-// Starts and ends the session around a test.
+// Ends the session after a test.
 class SessionTest : public testing::Test {
   protected:
     ~SessionTest() override {
@@ -61,7 +61,7 @@ class SessionTest : public testing::Test {
         static const std::regex address("(\\(long\\)[a-zA-Z_]+ <= +)-?[1-9][0-9]*");
         return std::regex_replace(ReadFile(vel::kTraceLogPath), address, "$1ADDRESS");
     }
-    // Compares the log with a checked-in one; with VELMOR_RENEW_LOGS set, replaces that.
+    // Compares the log with a file of the tree. With VELMOR_RENEW_LOGS set, replaces the file.
     static void ExpectLog(const std::string& name) {
         const std::string path = VELMOR_TESTS_DIR "/" + name;
         if (std::getenv("VELMOR_RENEW_LOGS") != nullptr) {

@@ -11,9 +11,9 @@
 #include <string>
 #include <utility>
 
-// Starts a shell line in a folder of its own, or here. In it "velmor" is the command, and "await"
-// waits until a file has content or a process has ended. The output goes to the file "out". After
-// 100 seconds, less than the limit of a test, all processes of the line are ended.
+// Starts a shell line in a folder of its own, or here. In the line, "velmor" is the command, and
+// "await" waits until a file has content or a process has ended. The output goes to the file "out".
+// The line and its processes end after 100 seconds at most; a test has more time.
 inline std::FILE* Start(const std::string& line, const std::string& folder = ".") {
     const std::string begin =
         "velmor() { " VELMOR_COMMAND
@@ -25,7 +25,7 @@ inline std::FILE* Start(const std::string& line, const std::string& folder = "."
                  "r");
 }
 
-// Its exit status at its end, and what it wrote on standard error.
+// Waits for its end. Returns its exit status and what it wrote on standard error.
 inline std::pair<int, std::string> Finish(std::FILE* running) {
     std::string errors;
     for (int c = 0; (c = std::fgetc(running)) != EOF;) {
@@ -41,7 +41,7 @@ inline std::pair<int, std::string> Shell(const std::string& line) {
 
 using Names = std::set<std::string>;
 
-// What the group of a pattern matches in a text.
+// What the group of a pattern matches in a text, each text once.
 inline Names Matches(const std::string& text, const std::string& pattern) {
     const std::regex regex(pattern);
     const std::sregex_token_iterator first(text.begin(), text.end(), regex, 1);

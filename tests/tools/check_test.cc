@@ -55,8 +55,8 @@ const std::string kTable = "E#$_TABLE_BEGIN_$#";
 const std::string kTableEnd = "E#$_TABLE_END_$#\n";
 const std::string kComment = "Recipes: how an answer of the phone becomes a key.";
 
-// Where a fault looks as it does in the source: in the stored form, and to the library, which does
-// not mend what would cost it the rest of the file.
+// Where a fault is found like in the source: in the stored form and in what the library reads, only
+// in the stored form, or in neither. The library does not read on after some faults.
 enum Alike { kEverywhere, kNotToLibrary, kNowhere };
 
 const struct {
@@ -117,7 +117,7 @@ const struct {
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
-    {"", "#1#ACME X100#", "##SOLO#", ""},                 // of a manufacturer not recognised
+    {"", "#1#ACME X100#", "##SOLO#", ""},                 // the manufacturer is not recognised
     {"", "BRONTEL#2#", "BRONTEL#2#\nE##1#", ""},          // any other manufacturer
     {"", "FJORDNET#1", "99903NET#1", ""},                 // digits, then a name
     {"", "-\"#\nE#Compress# #", "X#\nE#Compress##", ""},  // takes only the capital X

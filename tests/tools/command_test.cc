@@ -47,8 +47,7 @@ Names Completed(const std::string& words) {
     return Matches(ReadFile("out"), "(.+)\n");
 }
 
-// The help of the command, its completion and its manual page have the same subcommands and
-// options.
+// The help, the completion and the manual page have the same subcommands and options.
 TEST(Command, HelpIsLikeCompletionAndManPage) {
     const std::string option = "(--?[a-z-]+)", inHelp = "\n +(?:-[a-z],)?" + option;
     const std::string page = std::regex_replace(ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1"),
@@ -85,13 +84,13 @@ TEST(Command, HelpIsLikeCompletionAndManPage) {
     }
 }
 
-// What each line ends with. Trouble is told in one line on standard error and leaves no file
-// behind.
+// The exit status and the output of each line. A failure prints one line on standard error and
+// leaves no new file.
 TEST(Command, Answers) {
     const struct {
         const char* line;
         int status;
-        const char* words;       // all of the output, or part of the one line of trouble
+        const char* words;       // the output, or part of the line that reports a failure
         std::string input = {};  // the bytes of the file "input"
     } rows[] = {
         {"velmor encode input -o out.file", 2, "line 2: begins with D", "x\nDial\n"},
@@ -152,7 +151,7 @@ TEST(Command, Answers) {
         EXPECT_EQ(std::distance(Files("."), Files()), before);
     }
     EXPECT_EQ(ReadFile("kept"), "as it was");
-    if (geteuid() != 0) {  // nothing is forbidden to root
+    if (geteuid() != 0) {  // root may read every file
         fs::permissions("kept", fs::perms::none);
         EXPECT_NE(Shell("velmor check kept").second.find("Permission denied"), std::string::npos);
     }

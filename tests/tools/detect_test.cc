@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// velmor detect, setting and phone as processes of their own, over pseudo-terminals, and other
-// people's programs against them.
+// velmor detect, setting and phone as processes of their own, over pseudo-terminals, also with the
+// programs of others.
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -16,8 +16,8 @@ namespace {
 using nlohmann::json;
 namespace fs = std::filesystem;
 
-// The sample with a longer limit of a read: four of them, a second in all, fail an answer. A loaded
-// machine then still answers in time.
+// The sample with more time for an answer: four reads of 250 milliseconds. A loaded machine needs
+// it.
 std::string PatientSample() {
     return SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#").text();
 }
@@ -25,15 +25,15 @@ std::string PatientSample() {
 // A phone that the sample catalogue knows, on a network that it knows.
 const std::string kAcme = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234567890\n";
 
-// Shell lines around a phone that plays the file "profile" meanwhile: $device is where, and "log"
-// what was said.
+// Shell lines that run while a phone plays the file "profile". $device is its device, and the file
+// "log" has the dialogue.
 std::string WithPhone(const std::string& lines) {
     return "rm -f device; " VELMOR_COMMAND
            " phone profile -v >device 2>log & phone=$!\n"
            "await device $phone; device=$(cat device)\n(" +
            lines +
            "\n); status=$?; kill -INT $phone; wait $phone; ended=$?\n"
-           "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: while it ends
+           "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: at its end
 }
 
 bool Installed(const std::string& program) {
@@ -42,8 +42,8 @@ bool Installed(const std::string& program) {
     return installed;
 }
 
-// Detects every profile, several at once, with a catalogue in whose name {} stands for the
-// profile's. Adds the exit status to the result.
+// Detects every profile, several at once. In the catalogue's name, {} stands for the profile's
+// name. Adds the exit status to the result.
 std::map<std::string, json> DetectAll(const std::string& catalogue) {
     EXPECT_EQ(Shell("for i in $(ls " VELMOR_DATA_DIR "/profiles); do echo ${i%.*}; done | xargs -P "
                     "12 -I {} sh -c '" VELMOR_COMMAND " detect " +
@@ -60,7 +60,7 @@ std::map<std::string, json> DetectAll(const std::string& catalogue) {
     return all;
 }
 
-// The lines that detection advises make a catalogue without fault that knows the phone.
+// The lines that detection advises make a catalogue that knows the phone and has no errors.
 TEST(DetectCommand, AdvisesWhatIsMissing) {
     WriteFile("sample", PatientSample());
     for (const auto& [name, result] : DetectAll("sample")) {
@@ -88,7 +88,7 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
 TEST(DetectCommand, EndsWhateverHappens) {
     const std::string detect = "velmor detect ../sample --device $device ";
     const std::string slow = kAcme + "delay = 1500";  // a detection takes eight seconds
-    // A detection that is under way, which then is interrupted.
+    // A detection that has begun when the next command starts.
     const std::string busy =
         VELMOR_COMMAND " detect ../sample --device $device 2>said & busy=$!; await log $busy; ";
     const std::string inUse = busy + detect + "; result=$?; kill -INT $busy; (exit $result)";
@@ -134,7 +134,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
     }
 }
 
-// A word in double quotes in which a backslash quotes the next character, as pppd reads it.
+// A word in double quotes, as pppd reads it: a backslash quotes the next character.
 std::string Unquoted(const std::string& text, const std::string& before) {
     std::string word;
     for (std::size_t i = text.find(before + "\"") + before.size() + 1; text.at(i) != '"'; ++i) {
@@ -152,7 +152,7 @@ TEST(Dialers, TakeHostileValuesAsData) {
                                   "EOT"};
     const bool chat = Installed("/usr/sbin/chat");
     const bool wvdial = Installed("wvdial");
-    std::map<std::string, std::pair<std::FILE*, std::string>> running;  // by folder, with the value
+    std::map<std::string, std::pair<std::FILE*, std::string>> running;  // and the value, by folder
     for (const std::string& value : values) {
         SCOPED_TRACE(value);
         const std::string cell = std::regex_replace(value, std::regex("[#\\\\]"), "\\$&");

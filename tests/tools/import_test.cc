@@ -31,7 +31,7 @@ TEST(Import, DecidesWhatTheDataLeaveOpen) {
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
 }
 
-// An operator of the real file, read without the importer.
+// An operator in the real file, read without the code of the import.
 struct Owner {
     std::string name;
     bool primary = false;
@@ -63,7 +63,7 @@ Owner ReadOwner(const pugi::xml_node& node) {
     return owner;
 }
 
-// What the owners of a key offer: the primary one first, then those with just that number.
+// What the owners of a key offer: first the primary one, then those with exactly that number.
 std::vector<std::string> Expected(const std::vector<Owner>& owners, const std::string& key) {
     std::vector<std::string> expected;
     for (const int rank : {0, 1, 2, 3}) {
@@ -118,7 +118,7 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     for (const Owner& owner : owners) {
         ScriptedPhone::Play(kPhone + "AT+COPS?: +COPS: 0,0,\"" + owner.name + "\"\n");
         const std::vector<std::string> offers = Detected();
-        if (!offers.empty()) {  // then all who bear the name offer nothing else
+        if (!offers.empty()) {  // then all operators of that name offer the same
             names.insert(owner.name);
             EXPECT_FALSE(owner.numbers.empty()) << owner.name;
             for (const std::string& number : owner.numbers) {
