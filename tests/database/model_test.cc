@@ -12,6 +12,13 @@ namespace {
 
 using Rows = Pointer<ICollection<IRow*>>;
 
+// A condition that no table suits.
+class OddStatus final : public IRowCondition {
+  public:
+    int Prepare(ITable*) override { return 7; }
+    bool Matches(const IRow* const&) const override { return true; }
+};
+
 // Makes a database with a table of two columns. At the end nothing of it may be left.
 class Model : public testing::Test {
   protected:
@@ -82,11 +89,26 @@ TEST_F(Model, RowsAndCells) {
     Pointer<IColumn> same;
     cells->get_Item(1, *&same);
     EXPECT_TRUE(same == cell);
+    Pointer<IDatabase> ofRow, ofCell;
+    Pointer<ITable> tableOfRow, tableOfCell;
+    EXPECT_TRUE(row->get_Database(*&ofRow) == 0 && ofRow == database);
+    EXPECT_TRUE(cell->get_Database(*&ofCell) == 0 && ofCell == database);
+    EXPECT_TRUE(row->get_Table(*&tableOfRow) == 0 && tableOfRow == table);
+    EXPECT_TRUE(cell->get_Table(*&tableOfCell) == 0 && tableOfCell == table);
+    Array<String> names;
+    EXPECT_EQ(row->get_ColumnNames(names), 0);
+    EXPECT_EQ(Plain(names), (Lines{"ID", "Name"}));
+    EXPECT_TRUE(row->get_ColumnName(0, text) == 0 && text == String("ID"));
+    EXPECT_EQ(table->AddRef(), table->Release() + 1);
     IColumn* noCell = cell.get();
     EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
     EXPECT_EQ(noCell, nullptr);
     EXPECT_EQ(Dump(*database),
               (Lines{"World 7", "Colours: ID Name", "  [1][red]", "  [2][green]", "  [2][blue]"}));
+    EXPECT_EQ(table->Clear(), 0);
+    EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
+    EXPECT_EQ(Value(*row, "Name"), "green");  // a row whose cells were made stays alive
+    static_cast<Row&>(*row).Destroy();
 }
 
 TEST_F(Model, TakenNameIsNotRegistered) {
@@ -167,6 +189,22 @@ TEST_F(Model, MatchesSeveralValues) {
     EXPECT_EQ(ids({{"Name", "red"}, {"ID", "3"}}), "3");
     EXPECT_EQ(ids({{"Name", "re"}}), "");
     EXPECT_EQ(ids({{"ID", "1"}, {"Colour", "red"}}), "refused");
+    // Prepared for another table, a condition looks at its columns there.
+    Pointer<ITable> other;
+    database->CreateTable("Other", Texts({"Name", "ID"}), *&other);
+    Pointer<IRow> inOther;
+    other->CreateRow(Texts({"red", "9"}), *&inOther);
+    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
+    match->Require("Name", "red");
+    Rows here, there, neither;
+    EXPECT_EQ(table->Find(match.get(), *&here), 0);
+    EXPECT_EQ(other->Find(match.get(), *&there), 0);
+    EXPECT_EQ(Count(here) + 10 * Count(there), 12);
+    EXPECT_EQ(table->Find(nullptr, *&neither), 1);
+    EXPECT_EQ(Count(neither), 0);
+    auto odd = Pointer<OddStatus>::Adopt(new OddStatus);
+    EXPECT_EQ(table->Find(odd.get(), *&neither), 7);
+    EXPECT_EQ(Count(neither), 0);
     Pointer<IRow> row;
     EXPECT_EQ(table->FindByIndex("Name", "red", *&row), 0);
     EXPECT_EQ(Value(*row, "ID"), "1");

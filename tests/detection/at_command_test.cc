@@ -20,6 +20,8 @@ TEST_F(ATCommands, RelevantLine) {
         {"first line", "AT+CGMI: NAME", 0, 0, "NAME"},
         {"last line", "AT+CGMI: NAME", -1, 0, "NAME"},
         {"the final line counts", "AT+CGMI: NAME", 1, 0, "OK"},
+        {"beyond the last line", "AT+CGMI: NAME", 2, 0, ""},
+        {"cut at its first return", "AT+CGMI:= \\r\\nNA\\rME\\r\\nOK\\r\\n", -1, 0, "NA"},
         {"no echo, by index", "echo = off\nAT+CGMI: NAME", 0, 0, ""},
         {"no echo, last line", "echo = off\nAT+CGMI: NAME", -1, 0, "NAME"},
         {"no echo, no line break ahead", "echo = off\nAT+CGMI:= NAME\\r\\nOK\\r\\n", 0, 0, "NAME"},
@@ -48,6 +50,14 @@ TEST_F(ATCommands, RelevantLine) {
     ScriptedPhone::Play("accepts = 3");
     String response;
     ATCommand("AT+CGMI\r", response, -1);
+    EXPECT_EQ(ScriptedPhone::reads, 0);
+    ScriptedPhone::Play("AT+CGMI: NAME");
+    for (const bool sends : {false, true}) {
+        ASSERT_EQ(Velmor_Initialise("catalogue", sends ? nullptr : ScriptedPhone::Read,
+                                    sends ? ScriptedPhone::Send : nullptr),
+                  0);
+        EXPECT_EQ(ATCommand("AT+CGMI\r", response, -1), 1);
+    }
     EXPECT_EQ(ScriptedPhone::reads, 0);
     Velmor_DeInitialise();
     ScriptedPhone::Play("AT+CGMI: NAME");

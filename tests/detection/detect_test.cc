@@ -2,6 +2,7 @@
 #include <cstring>
 #include <thread>
 
+#include "detection/manufacturer_selector.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {
@@ -63,6 +64,8 @@ TEST_F(Detection, AsksUntilItKnows) {
          "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "", "100", 2},
         {"line noise", "AT+CGMI:= \\r\\n\\x00Acme\\r\\nOK\\r\\n\nAT+CGMM: ACME X100",
          "+CGMI +CGMM +CIMI +COPS? ", 0, "10", "", 0},
+        {"almost a maker's pattern", "AT+CGMI: ACMX\nAT+CGMM: ACME X100",
+         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
         {"silence", "unknown =", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
     };
     Start();
@@ -87,6 +90,7 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
     EXPECT_EQ(Detect(kAcme + kNorthtel), -1);  // no session
     EXPECT_TRUE(ScriptedPhone::sent.empty());
     EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
+    EXPECT_EQ(std::string(model, 9), std::string(8, '\0') + '\x55');
     EXPECT_EQ(phone(), -1);
     Start();
     EXPECT_EQ(Detect(kAcme + kNorthtel), 0);
@@ -94,6 +98,12 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
     EXPECT_EQ(std::string(model, 9), "Acme X-1\x55");  // cut, without a terminator
     EXPECT_EQ(phone(), 10);
     EXPECT_EQ(std::string(name, 8) + manufacturer, std::string("X100\0\0\0\0Acme", 12));
+    Velmor_DeInitialise();
+    EXPECT_EQ(Settings(), 0);  // these end with the session; the phone is looked up in the next
+    EXPECT_EQ(phone(), -1);
+    Start(SampleSource().Replace("#10#X100#", "#10#Y200#"));
+    EXPECT_EQ(phone(), 10);
+    EXPECT_STREQ(name, "Y200");
     EXPECT_EQ(Detect("unknown ="), -1);
     EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
     EXPECT_EQ(phone(), -1);
@@ -101,6 +111,7 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
     EXPECT_EQ(Settings(), 0);
     EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 8, nullptr, -1), -1);
     EXPECT_EQ(Velmor_GetNrDetectedDUNSettings(0, nullptr), 0);
+    EXPECT_FALSE(ManufacturerSelector("ACME").Matches(nullptr));
 }
 
 TEST_F(Detection, OddPhoneRows) {

@@ -61,6 +61,11 @@ TEST_F(CountrySettings, SearchesOncePerCountry) {
     EXPECT_FALSE(cached(1) == first);
     const auto again = cached(0);
     EXPECT_FALSE(again == first);
+    // A second start without an end before keeps the rows, which have lost their texts.
+    ASSERT_EQ(Velmor_Initialise("catalogue", nullptr, nullptr), 0);
+    EXPECT_TRUE(cached(0) == again);
+    EXPECT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting), 0);
+    EXPECT_STREQ(setting.APN, "");
     Velmor_DeInitialise();
     ASSERT_EQ(Velmor_Initialise("catalogue", nullptr, nullptr), 0);
     EXPECT_FALSE(cached(0) == again);
@@ -75,6 +80,10 @@ TEST_F(CountrySettings, TraceOfASession) {
     Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting);
     Velmor_GetCountryBasicDUNSettingByIndex(0, 2, 0, &setting);
     OnNetworkListnetworks();
+    long id = Velmor_GetNrOfPhones(0);
+    Velmor_GetPhoneByIndex(Velmor_GetVersionLibrary(), 0, &id, name, sizeof name);
+    const auto address = reinterpret_cast<std::intptr_t>(name);
+    EXPECT_NE(ReadFile(vel::kTraceLogPath).find(std::to_string(address)), std::string::npos);
     Velmor_DeInitialise();
     ExpectLog("dun/country_session.log");
 }

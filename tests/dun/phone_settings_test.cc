@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
+#include "tests/support/faults.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {
@@ -31,6 +32,39 @@ TEST_F(PhoneSettings, OfTheDetectedNetwork) {
         EXPECT_STREQ(setting.DialString, "");
     }
     EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, nullptr), -1);
+    // Without a row the identifiers are empty, and a catalogue can hold empty keys.
+    Start(SampleSource()
+              .AddRow("Countries", "##Nowhere#")
+              .AddRow("Networks", "##Any#ANY#")
+              .AddRow("BasicDUNForPhone", "#10#ANY#any dial#any init#"));
+    Detect("99801");
+    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 9, &setting), -1);
+    EXPECT_STREQ(setting.Country, "Nowhere");
+    EXPECT_STREQ(setting.DialString, "any dial");
+}
+
+// Values that hold placeholders multiply; what exceeds 64 KiB is like running out of memory.
+TEST_F(PhoneSettings, TextsDoNotGrowForEver) {
+    const std::string ten(10, 'x');
+    const auto times = [](const std::string& text, int count) {
+        std::string all;
+        for (; count > 0; --count) {
+            all += text;
+        }
+        return all;
+    };
+    for (const int last : {16, 17, 1000}) {  // 64 * 64 * 16 bytes are the most
+        Start(SampleSource()
+                  .Replace("E#10#UMTS#ATD*99\\##", "E#10#UMTS#" + times("%APN%", 64) + "#")
+                  .Replace("#sud.example#3#,,0,0#",
+                           "#" + times("%NUM%", 64) + "#" +
+                               std::string(static_cast<unsigned>(last), 'x') + "##"));
+        const std::ptrdiff_t before = allocation::Live();
+        EXPECT_EQ(Velmor_GetDUNSetting(0, 10, 4, &setting), last == 16 ? 0 : -1) << last;
+        EXPECT_EQ(setting.aBasicDUNSettingId, last == 16 ? 4 : -1);
+        EXPECT_EQ(std::string(setting.DialString, 10), last == 16 ? ten : std::string(10, '\0'));
+        EXPECT_EQ(allocation::Live(), before);
+    }
 }
 
 // Phone 10 on the network of setting 4, with different phone rows and values.
@@ -84,6 +118,8 @@ TEST_F(PhoneSettings, ByIdentifier) {
         {-5, -9, 0, -1, "negative", ""},
         {-5, 9, -1, -1, "negative", ""},
         {-7, -9, 0, -1, "", ""},
+        {0, -9, -1, -1, "zero", ""},
+        {-5, 0, -1, -1, "negative", ""},
         {10, 5, -1, -1, "", ""},
         {10, -3, 0, -3, "ATD*99#", "minus.example"},
         {10, 4 + (1L << (4 * sizeof(long))), -1, -1, "", ""},
@@ -91,7 +127,8 @@ TEST_F(PhoneSettings, ByIdentifier) {
     SampleSource source;
     source.AddRow("BasicDUNSettings", "#-3#200#minus.example###############");
     source.AddRow("BasicDUNSettings", "#005#200#padded.example###############");
-    for (const char* row : {"#5##untyped %APN%#i#", "#-5##negative#i#", "#-7##a#b#", "#-7##a#b#"}) {
+    for (const char* row :
+         {"#5##untyped %APN%#i#", "#0##zero#i#", "#-5##negative#i#", "#-7##a#b#", "#-7##a#b#"}) {
         source.AddRow("BasicDUNForPhone", row);
     }
     Start(source);
