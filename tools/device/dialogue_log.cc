@@ -9,8 +9,8 @@ namespace {
 constexpr int kMostLines = 20;
 constexpr std::size_t kMostBytes = 200;  // of a line
 
-}  // namespace
-
+// The text with every byte that is no printable ASCII as \xNN: what a phone says must not reach a
+// terminal as it is.
 std::string Printable(const std::string& bytes) {
     std::string text;
     for (const char c : bytes) {
@@ -24,6 +24,8 @@ std::string Printable(const std::string& bytes) {
     }
     return text;
 }
+
+}  // namespace
 
 void DialogueLog::Command(const std::string& command) {
     EndAnswer();

@@ -6,10 +6,6 @@
 
 namespace tool {
 
-// The text with every byte that is no printable ASCII as \xNN: what a phone says must not reach a
-// terminal as it is.
-std::string Printable(const std::string& bytes);
-
 // Shows a dialogue of AT commands on standard error as it happens, each line with the seconds since
 // the beginning. Of a long answer only the beginning is shown.
 class DialogueLog {

@@ -35,7 +35,7 @@ PhonePlayer::PhonePlayer(Profile profile, bool silent) : phone_(std::move(profil
     if (slave_ < 0 || tcgetattr(slave_, &raw) != 0) {
         const std::string reason = std::strerror(errno);
         close(master_);
-        throw ToolError("no pseudo-terminal: " + reason);
+        throw ToolError("no pseudo-terminal: ", reason);
     }
     cfmakeraw(&raw);
     tcsetattr(slave_, TCSANOW, &raw);
@@ -102,7 +102,7 @@ PlayedPhone::PlayedPhone(const std::string& profile) {
     const pid_t parent = getpid();
     process_ = fork();
     if (process_ < 0) {
-        throw ToolError(profile + ": cannot be played: " + std::strerror(errno));
+        throw ToolError(profile, ": cannot be played: ", std::strerror(errno));
     }
     if (process_ == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -29,37 +28,23 @@ const struct {
     {2000000, B2000000}, {3000000, B3000000},
 };
 
-long long Now() {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-               std::chrono::steady_clock::now().time_since_epoch())
-        .count();
-}
-
-[[noreturn]] void Fail(const std::string& path, const std::string& what) {
-    throw ToolError(path + ": " + what);
-}
-
 }  // namespace
 
-SerialLine::SerialLine(const std::string& path, unsigned baud) {
+// It delegates, so that its failure runs the destructor.
+SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     const std::unique_ptr<char, void (*)(void*)> device(realpath(path.c_str(), nullptr), std::free);
     if (!device) {
-        Fail(path, std::string("cannot be opened: ") + std::strerror(errno));
+        throw ToolError(path, ": cannot be opened: ", std::strerror(errno));
     }
     Open(device.get());
-    try {
-        if (isatty(descriptor_) == 0) {
-            Fail(path, "is no serial device");
-        }
-        lock_ = std::make_unique<UucpLock>(device.get());
-        if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-            Fail(path, "in use by another program");
-        }
-        MakeRaw(path, baud);
-    } catch (...) {
-        close(descriptor_);
-        throw;
+    if (isatty(descriptor_) == 0) {
+        throw ToolError(path, ": is no serial device");
     }
+    lock_ = std::make_unique<UucpLock>(device.get());
+    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+        throw ToolError(path, ": in use by another program");
+    }
+    MakeRaw(path, baud);
 }
 
 SerialLine::~SerialLine() {
@@ -68,14 +53,18 @@ SerialLine::~SerialLine() {
         tcsetattr(descriptor_, TCSANOW, &saved_);
         ioctl(descriptor_, TIOCNXCL);
     }
-    close(descriptor_);
+    if (descriptor_ >= 0) {
+        close(descriptor_);
+    }
 }
 
 void SerialLine::Open(const std::string& path) {
     descriptor_ = open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor_ < 0 && errno == EBUSY) {
+        throw ToolError(path, ": in use by another program");
+    }
     if (descriptor_ < 0) {
-        Fail(path, errno == EBUSY ? "in use by another program"
-                                  : std::string("cannot be opened: ") + std::strerror(errno));
+        throw ToolError(path, ": cannot be opened: ", std::strerror(errno));
     }
 }
 
@@ -83,10 +72,10 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     const auto* speed = std::find_if(std::begin(kSpeeds), std::end(kSpeeds),
                                      [&](const auto& row) { return row.baud == baud; });
     if (speed == std::end(kSpeeds)) {
-        throw ToolError("--baud " + std::to_string(baud) + ": is no speed of serial devices");
+        throw ToolError("--baud ", baud, ": is no speed of serial devices");
     }
     if (tcgetattr(descriptor_, &saved_) != 0) {
-        Fail(path, std::string("has no line settings: ") + std::strerror(errno));
+        throw ToolError(path, ": has no line settings: ", std::strerror(errno));
     }
     struct termios raw = saved_;
     cfmakeraw(&raw);
@@ -99,14 +88,15 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     ioctl(descriptor_, TIOCEXCL);
     changed_ = true;
     if (tcsetattr(descriptor_, TCSAFLUSH, &raw) != 0) {
-        Fail(path, std::string("takes no line settings: ") + std::strerror(errno));
+        throw ToolError(path, ": takes no line settings: ", std::strerror(errno));
     }
 }
 
-bool SerialLine::Wait(short event, long long until) {
+bool SerialLine::Wait(short event, Clock::time_point until) {
     struct pollfd waiting = {descriptor_, event, 0};
-    const long long left = std::clamp<long long>(until - Now(), 0, INT_MAX);
-    const int ready = Interruption::Wait(&waiting, 1, static_cast<int>(left));
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(until - Clock::now());
+    const int ready = Interruption::Wait(
+        &waiting, 1, static_cast<int>(std::clamp<long long>(left.count(), 0, INT_MAX)));
     if (ready == 1 && (waiting.revents & event) == 0) {
         gone_ = true;
     }
@@ -115,7 +105,7 @@ bool SerialLine::Wait(short event, long long until) {
 
 bool SerialLine::Read(char& byte, int milliseconds) {
     if (next_ == count_) {
-        if (gone_ || !Wait(POLLIN, Now() + milliseconds)) {
+        if (gone_ || !Wait(POLLIN, Clock::now() + std::chrono::milliseconds(milliseconds))) {
             return false;
         }
         const ssize_t got = read(descriptor_, received_, sizeof received_);
@@ -131,7 +121,7 @@ bool SerialLine::Read(char& byte, int milliseconds) {
 }
 
 std::size_t SerialLine::Write(const std::string& bytes, int milliseconds) {
-    const long long until = Now() + milliseconds;
+    const Clock::time_point until = Clock::now() + std::chrono::milliseconds(milliseconds);
     next_ = count_ = 0;
     tcflush(descriptor_, TCIFLUSH);
     std::size_t done = 0;

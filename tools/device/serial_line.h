@@ -3,10 +3,11 @@
 
 #include <termios.h>
 
+#include <chrono>
 #include <memory>
 #include <string>
 
-#include "device/lock.h"
+#include "device/uucp_lock.h"
 
 namespace tool {
 
@@ -29,10 +30,13 @@ class SerialLine {
     bool Gone() const { return gone_; }
 
   private:
+    using Clock = std::chrono::steady_clock;
+
+    SerialLine() = default;
     void Open(const std::string& path);
     void MakeRaw(const std::string& path, unsigned baud);
-    // Waits for an event, at most until a point in time of Now().
-    bool Wait(short event, long long until);
+    // Waits for an event, at most until a point in time.
+    bool Wait(short event, Clock::time_point until);
 
     std::unique_ptr<UucpLock> lock_;
     int descriptor_ = -1;

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <fstream>
 #include <iterator>
+#include <set>
+#include <sstream>
 #include <stdexcept>
 
 namespace tool {
@@ -16,14 +18,10 @@ bool StartsWith(const std::string& text, const std::string& start) {
 
 // Whether the text is a result code, which a phone sends alone, without an OK after it.
 bool IsResultCode(const std::string& text) {
-    for (const char* code :
-         {"OK", "ERROR", "NO CARRIER", "NO DIALTONE", "NO ANSWER", "BUSY", "COMMAND NOT SUPPORT"}) {
-        if (text == code) {
-            return true;
-        }
-    }
-    return text == "CONNECT" || StartsWith(text, "CONNECT ") || StartsWith(text, "+CME ERROR:") ||
-           StartsWith(text, "+CMS ERROR:");
+    const std::set<std::string> whole = {"OK",        "ERROR", "NO CARRIER", "NO DIALTONE",
+                                         "NO ANSWER", "BUSY",  "CONNECT",    "COMMAND NOT SUPPORT"};
+    return whole.count(text) > 0 || StartsWith(text, "CONNECT ") ||
+           StartsWith(text, "+CME ERROR:") || StartsWith(text, "+CMS ERROR:");
 }
 
 std::string WholeAnswer(const std::string& text) {
@@ -41,10 +39,8 @@ class Parser {
     explicit Parser(std::string name) : name_(std::move(name)) {}
 
     Profile Parse(const std::string& text) {
-        for (std::size_t at = 0; at < text.size();) {
-            const std::size_t end = std::min(text.find('\n', at), text.size());
-            std::string line = text.substr(at, end - at);
-            at = end + 1;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) {
             ++number_;
             if (!line.empty() && line.back() == '\r') {
                 line.pop_back();
@@ -52,7 +48,7 @@ class Parser {
             if (StartsWith(line, "AT")) {
                 ParseAnswer(line);
             } else if (line.find_first_not_of(" \t") != std::string::npos && line[0] != '#') {
-                ParseSetting(line);
+                ParseProperty(line);
             }
         }
         return std::move(profile_);
@@ -122,7 +118,7 @@ class Parser {
         }
     }
 
-    void ParseSetting(const std::string& line) {
+    void ParseProperty(const std::string& line) {
         const std::size_t equals = line.find('=');
         if (equals == std::string::npos) {
             Fail("neither \"key = value\" nor \"COMMAND: answer\"");

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <sstream>
 
 #include "support/error.h"
 
@@ -21,19 +22,17 @@ std::string ReadInput(const std::string& path) {
         bytes.append(block, count);
     }
     if (file == nullptr || std::ferror(file.get()) != 0) {
-        throw ToolError(path + ": cannot be read: " + std::strerror(errno));
+        throw ToolError(path, ": cannot be read: ", std::strerror(errno));
     }
     return bytes;
 }
 
 std::vector<std::string> SplitLines(const std::string& bytes) {
     std::vector<std::string> lines;
-    std::size_t start = 0;
-    for (std::size_t end = 0; (end = bytes.find('\n', start)) != std::string::npos;
-         start = end + 1) {
-        lines.push_back(bytes.substr(start, end - start));
+    std::istringstream stream(bytes + "\n");
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
     }
-    lines.push_back(bytes.substr(start));
     return lines;
 }
 

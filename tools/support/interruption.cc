@@ -24,9 +24,7 @@ Interruption::Interruption() {
     sigset_t blocked;
     sigemptyset(&blocked);
     for (const int signal : kSignals) {
-        struct sigaction action = {};
-        action.sa_handler = Note;
-        sigaction(signal, &action, nullptr);
+        std::signal(signal, Note);
         sigaddset(&blocked, signal);
     }
     sigprocmask(SIG_BLOCK, &blocked, &outside);
@@ -34,9 +32,7 @@ Interruption::Interruption() {
 
 Interruption::~Interruption() {
     for (const int signal : kSignals) {
-        struct sigaction action = {};
-        action.sa_handler = SIG_DFL;
-        sigaction(signal, &action, nullptr);
+        std::signal(signal, SIG_DFL);
     }
     sigprocmask(SIG_SETMASK, &outside, nullptr);
 }

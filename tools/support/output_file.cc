@@ -16,11 +16,11 @@ namespace tool {
 OutputFile::OutputFile(std::string path, bool force)
     : path_(std::move(path)), scratch_(path_ + ".XXXXXX") {
     if (!force && access(path_.c_str(), F_OK) == 0) {
-        throw ToolError(path_ + ": exists; --force replaces it");
+        throw ToolError(path_, ": exists; --force replaces it");
     }
     std::error_code ignored;
     if (std::filesystem::is_directory(path_, ignored)) {  // a 32-bit stat fails on large inodes
-        throw ToolError(path_ + ": is a directory");
+        throw ToolError(path_, ": is a directory");
     }
     descriptor_ = mkstemp(scratch_.data());
     if (descriptor_ < 0) {
@@ -57,7 +57,7 @@ void OutputFile::Commit() {
 }
 
 void OutputFile::Fail(const std::string& what) const {
-    throw ToolError(path_ + ": " + what + ": " + std::strerror(errno));
+    throw ToolError(path_, ": ", what, ": ", std::strerror(errno));
 }
 
 }  // namespace tool

@@ -38,11 +38,15 @@ void PrintAligned(const std::vector<TextRow>& rows) {
     }
 }
 
-void PrintList(const Json& list, bool json) {
-    if (json) {
-        PrintJson(list);
-        return;
+void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson) {
+    if (asJson) {
+        PrintJson(json);
+    } else {
+        PrintAligned(rows);
     }
+}
+
+void PrintList(const Json& list, bool json) {
     std::vector<TextRow> lines;
     for (const Json& object : list) {
         if (lines.empty()) {
@@ -56,7 +60,7 @@ void PrintList(const Json& list, bool json) {
             lines.back().push_back(value.is_string() ? value.get<std::string>() : value.dump());
         }
     }
-    PrintAligned(lines);
+    Print(lines, list, json);
 }
 
 }  // namespace tool

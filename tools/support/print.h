@@ -18,6 +18,9 @@ void PrintJson(const Json& json);
 // many texts as the first.
 void PrintAligned(const std::vector<TextRow>& rows);
 
+// The one or the other.
+void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson);
+
 // Objects that all have the same members: as JSON, or as rows under the members' names.
 void PrintList(const Json& list, bool json);
 

@@ -12,28 +12,24 @@
 
 namespace tool {
 
-PrivateCopy::PrivateCopy(const std::string& catalogue) {
+// It delegates, so that its failure runs the destructor.
+PrivateCopy::PrivateCopy(const std::string& catalogue) : PrivateCopy() {
     const std::string bytes = ReadInput(catalogue);
     std::error_code error;
     const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-    directory_ = (parent / "velmor-XXXXXX").string();
-    if (error || mkdtemp(directory_.data()) == nullptr) {
-        throw ToolError(directory_ +
-                        ": cannot be made: " + (error ? error.message() : std::strerror(errno)));
+    std::string directory = (parent / "velmor-XXXXXX").string();
+    if (error || mkdtemp(directory.data()) == nullptr) {
+        throw ToolError(directory,
+                        ": cannot be made: ", error ? error.message() : std::strerror(errno));
     }
-    path_ = directory_ + "/catalogue";
-    try {
-        OutputFile copy(path_, false);
-        copy.Write(bytes);
-        copy.Commit();
-    } catch (...) {
-        std::filesystem::remove_all(directory_, error);
-        throw;
-    }
+    directory_ = directory;
+    OutputFile copy(path(), false);
+    copy.Write(bytes);
+    copy.Commit();
 }
 
 PrivateCopy::~PrivateCopy() {
-    std::error_code ignored;
+    std::error_code ignored;  // that of an empty name too
     std::filesystem::remove_all(directory_, ignored);
 }
 
@@ -41,7 +37,7 @@ PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction
                                Velmor_SendFunction send) {
     const PrivateCopy copy(catalogue);
     if (Velmor_Initialise(copy.path().c_str(), read, send) != 0) {
-        throw ToolError(catalogue +
+        throw ToolError(catalogue,
                         ": the library refuses it as a catalogue; velmor check says why");
     }
 }

@@ -16,11 +16,12 @@ class PrivateCopy {
     PrivateCopy(const PrivateCopy&) = delete;
     PrivateCopy& operator=(const PrivateCopy&) = delete;
 
-    const std::string& path() const { return path_; }
+    std::string path() const { return directory_ + "/catalogue"; }
 
   private:
+    PrivateCopy() = default;
+
     std::string directory_;
-    std::string path_;
 };
 
 // A session on a catalogue: the exported functions answer from it while this lives. A ToolError

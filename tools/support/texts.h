@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "database/interfaces.h"
 #include "foundation/record.h"
 
 namespace tool {
@@ -11,6 +13,26 @@ namespace tool {
 // A char is unsigned on some machines.
 inline bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
+}
+
+inline bool IsDigits(const std::string& text) {
+    return text.find_first_not_of("0123456789") == std::string::npos;
+}
+
+// With the ASCII letters small.
+inline std::string InSmallLetters(std::string text) {
+    for (char& c : text) {
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
+    return text;
+}
+
+// The parts one after another, numbers in decimal.
+template <class... Parts>
+std::string Concat(const Parts&... parts) {
+    std::ostringstream text;
+    (text << ... << parts);
+    return text.str();
 }
 
 // Between the library's texts and those of the tool.
@@ -39,6 +61,12 @@ inline std::vector<std::string> FromLibrary(const vel::Record& record) {
         fields.push_back(FromLibrary(record[i]));
     }
     return fields;
+}
+
+inline std::vector<std::string> ColumnNames(const vel::ITable& table) {
+    vel::Array<vel::String> names;
+    table.get_ColumnNames(names);
+    return FromLibrary(vel::Record(names));
 }
 
 }  // namespace tool

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "device/lock.h"
+#include "device/uucp_lock.h"
 
 #include <unistd.h>
 
@@ -40,22 +40,20 @@ UucpLock::UucpLock(const std::string& device) {
     std::replace(name.begin(), name.end(), '/', '_');
     const std::string path = "/var/lock/LCK.." + name;
     const std::string own = "/var/lock/LTMP." + std::to_string(getpid());
-    if (!WriteNumber(own)) {
-        unlink(own.c_str());
-        return;
-    }
+    const bool written = WriteNumber(own);
+    pid_t holder = 0;
     // Linking makes the lock appear at once and whole; a second try follows a stale one.
-    for (int attempt = 0; attempt < 2 && path_.empty(); ++attempt) {
+    for (int attempt = 0; written && path_.empty() && holder == 0 && attempt < 2; ++attempt) {
         if (link(own.c_str(), path.c_str()) == 0) {
             path_ = path;
-        } else if (const pid_t holder = Holder(path); holder != 0) {
-            unlink(own.c_str());
-            throw ToolError(device + ": in use by process " + std::to_string(holder));
-        } else {
+        } else if (holder = Holder(path); holder == 0) {
             unlink(path.c_str());
         }
     }
     unlink(own.c_str());
+    if (holder != 0) {
+        throw ToolError(device, ": in use by process ", holder);
+    }
 }
 
 UucpLock::~UucpLock() {
