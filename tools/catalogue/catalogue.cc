@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "catalogue/lines.h"
+#include "catalogue/records.h"
 #include "storage/catalogue_format.h"
 
 namespace tool {
@@ -16,15 +16,145 @@ class TableBuilder {
     TableBuilder(Catalogue& catalogue, Findings& findings)
         : catalogue_(catalogue), findings_(findings) {}
 
-    void Add(const CatalogueRecord& record);
-    void Finish();
+    void Add(const CatalogueRecord& record) {
+        if (endLine_ != 0) {
+            afterEndLine_ = afterEndLine_ == 0 ? record.line : afterEndLine_;
+            return;
+        }
+        const bool isEnd = !record.fields.empty() && record.fields[0] == vel::kDatabaseEnd;
+        afterLone_ = afterLone_ || (loneLine_ != 0 && !isEnd);
+        if (inTable_) {
+            AddInside(record);
+        } else {
+            AddOutside(record);
+        }
+    }
+
+    void Finish() {
+        if (inTable_) {
+            AddError(findings_, "cut-off-table", {table_.name, table_.line},
+                     "the file ends inside this table; the library keeps the rows so far:"
+                     " restore the rest of the file, or end the table with ",
+                     vel::kTableEnd);
+            EndTable(std::numeric_limits<int>::max());
+        } else if (endLine_ == 0 && databaseLine_ != 0) {
+            AddWarning(findings_, "no-database-end", {}, "the file ends without ",
+                       vel::kDatabaseEnd,
+                       "; the library does not mind, but nobody can tell that it is complete: add"
+                       " the marker");
+        }
+        if (databaseLine_ == 0) {
+            AddError(findings_, "no-database", {"", earlyTableLine_},
+                     "no database marker; the library refuses the catalogue: put ",
+                     vel::kDatabaseBegin, " before the first table");
+        } else if (earlyTableLine_ != 0) {
+            AddError(findings_, "table-before-database", {"", earlyTableLine_},
+                     "a table before the database marker; the library refuses the catalogue: move"
+                     " the marker from line ",
+                     databaseLine_, " before it");
+        }
+        if (afterEndLine_ != 0) {
+            AddError(findings_, "after-end", {"", afterEndLine_}, "records after ",
+                     vel::kDatabaseEnd, "; the library never reads them: move the marker in line ",
+                     endLine_, " behind them");
+        }
+        if (loneLine_ != 0) {
+            AddFinding(findings_, "lone-separator",
+                       afterLone_ ? Severity::kError : Severity::kWarning, {"", loneLine_},
+                       "a record without fields; the library stops reading here: remove the line,"
+                       " or the separator of a comment");
+        }
+    }
 
   private:
-    void AddOutside(const CatalogueRecord& record);
-    void AddInside(const CatalogueRecord& record);
-    void BeginDatabase(const CatalogueRecord& record);
-    void BeginTable(const CatalogueRecord& record);
-    void EndTable(int line);
+    void AddInside(const CatalogueRecord& record) {
+        const Place here = {table_.name, record.line};
+        if (record.fields.empty()) {
+            AddWarning(findings_, "empty-record", here,
+                       "a record without fields; the library skips it: remove the line");
+            return;
+        }
+        const std::string& first = record.fields[0];
+        if (first == vel::kTableEnd) {
+            EndTable(record.line);
+        } else if (first == vel::kTableBegin || first == vel::kDatabaseBegin ||
+                   first == vel::kDatabaseEnd) {
+            AddError(findings_, "marker-in-table", here, first,
+                     " inside a table; the library takes it and all up to the next ",
+                     vel::kTableEnd, " for rows: end the table before it");
+            EndTable(record.line - 1);
+            AddOutside(record);
+        } else if (record.fields.size() != table_.columns.size()) {
+            AddError(findings_, "row-width", here, "a row of ", record.fields.size(),
+                     " values for ", table_.columns.size(),
+                     " columns; the library drops it: give it one value, ended by a separator, for"
+                     " each column, and put a backslash before a separator inside a value");
+        } else {
+            table_.rows.push_back({record.line, record.fields});
+        }
+    }
+
+    void AddOutside(const CatalogueRecord& record) {
+        if (record.fields.empty()) {
+            loneLine_ = loneLine_ == 0 ? record.line : loneLine_;
+        } else if (record.fields[0] == vel::kDatabaseEnd) {
+            endLine_ = record.line;
+        } else if (record.fields[0] == vel::kDatabaseBegin) {
+            BeginDatabase(record);
+        } else if (record.fields[0] == vel::kTableBegin) {
+            BeginTable(record);
+        } else {
+            AddWarning(findings_, "stray-record", {"", record.line},
+                       "a record outside of any table; the library ignores it: move it into its"
+                       " table, or remove the separators of a comment");
+        }
+    }
+
+    void BeginDatabase(const CatalogueRecord& record) {
+        if (databaseLine_ != 0) {
+            AddError(findings_, "several-databases", {"", record.line},
+                     "a second database marker; the library drops the tables read so far: leave"
+                     " only the first marker");
+            catalogue_.tables.clear();
+        }
+        databaseLine_ = record.line;
+        catalogue_.name = record.fields.size() > 1 ? record.fields[1] : "";
+        catalogue_.version = record.fields.size() > 2 ? record.fields[2] : "";
+    }
+
+    void BeginTable(const CatalogueRecord& record) {
+        if (databaseLine_ == 0 && earlyTableLine_ == 0) {
+            earlyTableLine_ = record.line;
+        }
+        ++tableCount_;
+        inTable_ = true;
+        table_ = {};
+        table_.line = record.line;
+        if (record.fields.size() > 1 && !record.fields[1].empty()) {
+            table_.name = record.fields[1];
+        } else {
+            table_.name = "<TABLE>" + std::to_string(tableCount_);
+            AddWarning(findings_, "unnamed-table", {table_.name, record.line},
+                       "a table without a name; the library names it by its number and never reads"
+                       " it: name it or remove it");
+        }
+        if (record.fields.size() > 2) {
+            table_.columns.assign(record.fields.begin() + 2, record.fields.end());
+        }
+    }
+
+    void EndTable(int line) {
+        inTable_ = false;
+        table_.endLine = line;
+        if (const CatalogueTable* first = catalogue_.Find(table_.name)) {
+            AddError(findings_, "repeated-table", {table_.name, table_.line},
+                     "a second table of this name; the library never looks into it: move its rows"
+                     " to the first, in line ",
+                     first->line);
+            return;
+        }
+        catalogue_.tables.push_back(std::move(table_));
+    }
 
     Catalogue& catalogue_;
     Findings& findings_;
@@ -39,149 +169,6 @@ class TableBuilder {
     CatalogueTable table_;
 };
 
-void TableBuilder::Add(const CatalogueRecord& record) {
-    if (endLine_ != 0) {
-        afterEndLine_ = afterEndLine_ == 0 ? record.line : afterEndLine_;
-        return;
-    }
-    const bool isEnd = !record.fields.empty() && record.fields[0] == vel::kDatabaseEnd;
-    afterLone_ = afterLone_ || (loneLine_ != 0 && !isEnd);
-    if (inTable_) {
-        AddInside(record);
-    } else {
-        AddOutside(record);
-    }
-}
-
-void TableBuilder::AddInside(const CatalogueRecord& record) {
-    if (record.fields.empty()) {
-        AddWarning(findings_, "empty-record", {table_.name, record.line},
-                   "a record without fields; the library skips it: remove the line");
-        return;
-    }
-    const std::string& first = record.fields[0];
-    if (first == vel::kTableEnd) {
-        EndTable(record.line);
-    } else if (first == vel::kTableBegin || first == vel::kDatabaseBegin ||
-               first == vel::kDatabaseEnd) {
-        AddError(findings_, "marker-in-table", {table_.name, record.line},
-                 first + " inside a table; the library takes it and all up to the next " +
-                     vel::kTableEnd + " for rows: end the table before it");
-        EndTable(record.line - 1);
-        AddOutside(record);
-    } else if (record.fields.size() != table_.columns.size()) {
-        AddError(findings_, "row-width", {table_.name, record.line},
-                 "a row of " + std::to_string(record.fields.size()) + " values for " +
-                     std::to_string(table_.columns.size()) +
-                     " columns; the library drops it: give it one value, ended by a separator, for"
-                     " each column, and put a backslash before a separator inside a value");
-    } else {
-        table_.rows.push_back({record.line, record.fields});
-    }
-}
-
-void TableBuilder::AddOutside(const CatalogueRecord& record) {
-    if (record.fields.empty()) {
-        loneLine_ = loneLine_ == 0 ? record.line : loneLine_;
-    } else if (record.fields[0] == vel::kDatabaseEnd) {
-        endLine_ = record.line;
-    } else if (record.fields[0] == vel::kDatabaseBegin) {
-        BeginDatabase(record);
-    } else if (record.fields[0] == vel::kTableBegin) {
-        BeginTable(record);
-    } else {
-        AddWarning(findings_, "stray-record", {"", record.line},
-                   "a record outside of any table; the library ignores it: move it into its table,"
-                   " or remove the separators of a comment");
-    }
-}
-
-void TableBuilder::BeginDatabase(const CatalogueRecord& record) {
-    if (databaseLine_ != 0) {
-        AddError(findings_, "several-databases", {"", record.line},
-                 "a second database marker; the library drops the tables read so far: leave only"
-                 " the first marker");
-        catalogue_.tables.clear();
-    }
-    databaseLine_ = record.line;
-    catalogue_.name = record.fields.size() > 1 ? record.fields[1] : "";
-    catalogue_.version = record.fields.size() > 2 ? record.fields[2] : "";
-}
-
-void TableBuilder::BeginTable(const CatalogueRecord& record) {
-    if (databaseLine_ == 0 && earlyTableLine_ == 0) {
-        earlyTableLine_ = record.line;
-    }
-    ++tableCount_;
-    inTable_ = true;
-    table_ = {};
-    table_.line = record.line;
-    if (record.fields.size() > 1 && !record.fields[1].empty()) {
-        table_.name = record.fields[1];
-    } else {
-        table_.name = "<TABLE>" + std::to_string(tableCount_);
-        AddWarning(findings_, "unnamed-table", {table_.name, record.line},
-                   "a table without a name; the library names it by its number and never reads it:"
-                   " name it or remove it");
-    }
-    if (record.fields.size() > 2) {
-        table_.columns.assign(record.fields.begin() + 2, record.fields.end());
-    }
-}
-
-void TableBuilder::EndTable(int line) {
-    inTable_ = false;
-    table_.endLine = line;
-    if (const CatalogueTable* first = catalogue_.Find(table_.name)) {
-        AddError(findings_, "repeated-table", {table_.name, table_.line},
-                 "a second table of this name; the library never looks into it: move its rows to"
-                 " the first, in line " +
-                     std::to_string(first->line));
-        return;
-    }
-    catalogue_.tables.push_back(std::move(table_));
-}
-
-void TableBuilder::Finish() {
-    if (inTable_) {
-        AddError(findings_, "cut-off-table", {table_.name, table_.line},
-                 std::string("the file ends inside this table; the library keeps the rows so far:"
-                             " restore the rest of the file, or end the table with ") +
-                     vel::kTableEnd);
-        EndTable(std::numeric_limits<int>::max());
-    } else if (endLine_ == 0 && databaseLine_ != 0) {
-        AddWarning(findings_, "no-database-end", {},
-                   std::string("the file ends without ") + vel::kDatabaseEnd +
-                       "; the library does not mind, but nobody can tell that it is complete: add"
-                       " the marker");
-    }
-    if (databaseLine_ == 0) {
-        AddError(findings_, "no-database", {"", earlyTableLine_},
-                 std::string("no database marker; the library refuses the catalogue: put ") +
-                     vel::kDatabaseBegin + " before the first table");
-    } else if (earlyTableLine_ != 0) {
-        AddError(findings_, "table-before-database", {"", earlyTableLine_},
-                 "a table before the database marker; the library refuses the catalogue: move the"
-                 " marker from line " +
-                     std::to_string(databaseLine_) + " before it");
-    }
-    if (afterEndLine_ != 0) {
-        AddError(findings_, "after-end", {"", afterEndLine_},
-                 std::string("records after ") + vel::kDatabaseEnd +
-                     "; the library never reads them: move the marker"
-                     " in line " +
-                     std::to_string(endLine_) + " behind them");
-    }
-    if (loneLine_ != 0) {
-        findings_.push_back(
-            {"lone-separator",
-             afterLone_ ? Severity::kError : Severity::kWarning,
-             {"", loneLine_},
-             "a record without fields; the library stops reading here: remove the line, or the"
-             " separator of a comment"});
-    }
-}
-
 }  // namespace
 
 int CatalogueTable::Column(const std::string& column) const {
@@ -194,6 +181,12 @@ const CatalogueTable* Catalogue::Find(const std::string& table) const {
         std::find_if(tables.begin(), tables.end(),
                      [&table](const CatalogueTable& other) { return other.name == table; });
     return found == tables.end() ? nullptr : &*found;
+}
+
+const CatalogueTable& Catalogue::Table(const std::string& table) const {
+    static const CatalogueTable kNone;
+    const CatalogueTable* found = Find(table);
+    return found == nullptr ? kNone : *found;
 }
 
 Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {

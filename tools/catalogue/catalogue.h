@@ -37,6 +37,8 @@ struct Catalogue {
 
     // The table of that name, or null.
     const CatalogueTable* Find(const std::string& table) const;
+    // The same, but a table without columns and rows when there is none.
+    const CatalogueTable& Table(const std::string& table) const;
 };
 
 // Takes the bytes of a catalogue apart, be it a source, the stored form or plain, and adds what is

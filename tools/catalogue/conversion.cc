@@ -4,7 +4,6 @@
 #include "storage/crypt.h"
 #include "support/error.h"
 #include "support/input_file.h"
-#include "support/texts.h"
 
 namespace tool {
 namespace {
@@ -14,16 +13,69 @@ class Conversion {
   public:
     explicit Conversion(const std::string& path) : path_(path) {}
 
-    std::string Encode();
-    std::string Decode();
+    // The bytes of the library's own copy, which has one more, empty, line at the end.
+    std::string Encode() {
+        std::string stored;
+        for (const std::string& raw : SplitLines(ReadInput(path_))) {
+            const std::string line = Check(raw);
+            if (line[0] == 'D') {
+                Refuse(
+                    "begins with D, which marks an enciphered line; put another character before");
+            }
+            stored += FromLibrary(crypter_.Encrypt(ToLibrary(line))) + "\n";
+        }
+        return stored;
+    }
+
+    // Undoes Encode: every line feed of a stored file but the last stands for one of the source.
+    std::string Decode() {
+        std::vector<std::string> lines = SplitLines(ReadInput(path_));
+        if (lines.back().empty()) {
+            lines.pop_back();
+        }
+        std::string source;
+        for (const std::string& raw : lines) {
+            const std::string line = Check(raw);
+            if (line[0] == 'E') {
+                Refuse(
+                    "begins with E, which a source cannot say of a plain line; this is a source,"
+                    " or the line was not enciphered");
+            }
+            source += (number_ > 1 ? "\n" : "") + Unhide(line);
+        }
+        return source;
+    }
 
   private:
     // The next line as the library reads it; refuses a line of which the library would drop
     // something.
-    std::string Check(const std::string& line);
-    std::string Unhide(const std::string& line);
-    [[noreturn]] void Refuse(const std::string& why) const {
-        throw ToolError(path_ + ": line " + std::to_string(number_) + ": " + why);
+    std::string Check(const std::string& line) {
+        ++number_;
+        if (line.find('\0') != std::string::npos) {
+            Refuse("holds a NUL byte, which would be lost; remove it");
+        }
+        const std::size_t end = line.find('\r');
+        if (end != std::string::npos && line.find_first_not_of('\r', end) != std::string::npos) {
+            Refuse("holds a carriage return before its end, which would be lost; remove it");
+        }
+        return WithoutCarriageReturns(line);
+    }
+
+    std::string Unhide(const std::string& line) {
+        if (line[0] != 'D') {
+            return line;
+        }
+        std::string text = FromLibrary(crypter_.Decrypt(ToLibrary(line)));
+        text[0] = 'E';
+        if (text.find_first_of("\r\n") != std::string::npos ||
+            FromLibrary(verifier_.Encrypt(ToLibrary(text))) != line) {
+            Refuse("is not what enciphering makes of any source line; the catalogue is damaged");
+        }
+        return text;
+    }
+
+    [[noreturn]] void Refuse(const char* why) const {
+        throw ToolError(path_, ": line ", number_, ": ", why);
     }
 
     const std::string& path_;
@@ -31,63 +83,6 @@ class Conversion {
     vel::ArrayCrypter crypter_;
     vel::ArrayCrypter verifier_;
 };
-
-std::string Conversion::Check(const std::string& line) {
-    ++number_;
-    if (line.find('\0') != std::string::npos) {
-        Refuse("holds a NUL byte, which would be lost; remove it");
-    }
-    const std::size_t end = line.find('\r');
-    if (end != std::string::npos && line.find_first_not_of('\r', end) != std::string::npos) {
-        Refuse("holds a carriage return before its end, which would be lost; remove it");
-    }
-    return WithoutCarriageReturns(line);
-}
-
-// The bytes of the library's own copy, which has one more, empty, line at the end.
-std::string Conversion::Encode() {
-    std::string stored;
-    for (const std::string& raw : SplitLines(ReadInput(path_))) {
-        const std::string line = Check(raw);
-        if (line[0] == 'D') {
-            Refuse("begins with D, which marks an enciphered line; put another character before");
-        }
-        stored += FromLibrary(crypter_.Encrypt(ToLibrary(line))) + "\n";
-    }
-    return stored;
-}
-
-// Undoes Encode: every line feed of a stored file but the last stands for one of the source.
-std::string Conversion::Decode() {
-    std::vector<std::string> lines = SplitLines(ReadInput(path_));
-    if (lines.back().empty()) {
-        lines.pop_back();
-    }
-    std::string source;
-    for (const std::string& raw : lines) {
-        const std::string line = Check(raw);
-        if (line[0] == 'E') {
-            Refuse(
-                "begins with E, which a source cannot say of a plain line; this is a source, or"
-                " the line was not enciphered");
-        }
-        source += (number_ > 1 ? "\n" : "") + Unhide(line);
-    }
-    return source;
-}
-
-std::string Conversion::Unhide(const std::string& line) {
-    if (line[0] != 'D') {
-        return line;
-    }
-    std::string text = FromLibrary(crypter_.Decrypt(ToLibrary(line)));
-    text[0] = 'E';
-    if (text.find_first_of("\r\n") != std::string::npos ||
-        FromLibrary(verifier_.Encrypt(ToLibrary(text))) != line) {
-        Refuse("is not what enciphering makes of any source line; the catalogue is damaged");
-    }
-    return text;
-}
 
 }  // namespace
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
 #include <vector>
+
+#include "support/texts.h"
 
 namespace tool {
 
@@ -24,18 +25,21 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
-inline void AddFinding(Findings& findings, const char* id, Severity severity, const Place& place,
-                       std::string message) {
-    findings.push_back({id, severity, place, std::move(message)});
+// The message comes in parts, which follow one another.
+template <class... Parts>
+void AddFinding(Findings& findings, const char* id, Severity severity, const Place& place,
+                const Parts&... message) {
+    findings.push_back({id, severity, place, Concat(message...)});
 }
 
-inline void AddError(Findings& findings, const char* id, const Place& place, std::string message) {
-    AddFinding(findings, id, Severity::kError, place, std::move(message));
+template <class... Parts>
+void AddError(Findings& findings, const char* id, const Place& place, const Parts&... message) {
+    AddFinding(findings, id, Severity::kError, place, message...);
 }
 
-inline void AddWarning(Findings& findings, const char* id, const Place& place,
-                       std::string message) {
-    AddFinding(findings, id, Severity::kWarning, place, std::move(message));
+template <class... Parts>
+void AddWarning(Findings& findings, const char* id, const Place& place, const Parts&... message) {
+    AddFinding(findings, id, Severity::kWarning, place, message...);
 }
 
 inline std::string InQuotes(const std::string& text) {

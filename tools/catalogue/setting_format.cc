@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/setting_format.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace tool {
@@ -40,10 +41,8 @@ Json DescribeSetting(const Velmor_DUNSetting& setting, bool ready) {
 }
 
 std::vector<TextRow> SettingRows(const Velmor_DUNSetting& setting) {
-    const struct {
-        const char* label;
-        std::string text;
-    } fields[] = {
+    std::vector<TextRow> rows = {
+        {"Setting " + std::to_string(setting.aBasicDUNSettingId), HostText(setting.DisplayName)},
         {"  country", HostText(setting.Country)},
         {"  access point", HostText(setting.APN)},
         {"  initialisation", HostText(setting.InitializationString)},
@@ -58,13 +57,9 @@ std::vector<TextRow> SettingRows(const Velmor_DUNSetting& setting) {
         {"  name server", HostText(setting.Dns1)},
         {"  name server 2", HostText(setting.Dns2)},
     };
-    std::vector<TextRow> rows{
-        {"Setting " + std::to_string(setting.aBasicDUNSettingId), HostText(setting.DisplayName)}};
-    for (const auto& field : fields) {
-        if (!field.text.empty()) {
-            rows.push_back({field.label, field.text});
-        }
-    }
+    rows.erase(std::remove_if(rows.begin() + 1, rows.end(),
+                              [](const TextRow& row) { return row[1].empty(); }),
+               rows.end());
     return rows;
 }
 

@@ -7,8 +7,9 @@
 #include "support/error.h"
 
 namespace tool {
+namespace {
 
-std::string SourceRecord(const std::vector<std::string>& fields) {
+std::string Record(const std::vector<std::string>& fields) {
     std::string text(1, vel::kSeparator);
     for (const std::string& field : fields) {
         for (const char c : field) {
@@ -20,6 +21,12 @@ std::string SourceRecord(const std::vector<std::string>& fields) {
         text += vel::kSeparator;
     }
     return text;
+}
+
+}  // namespace
+
+std::string SourceLine(const std::vector<std::string>& fields) {
+    return vel::kHiddenLine + Record(fields);
 }
 
 std::vector<std::string> InColumns(const std::vector<std::string>& columns, const Values& values) {
@@ -34,25 +41,25 @@ std::vector<std::string> InColumns(const std::vector<std::string>& columns, cons
 
 SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
     : path_(std::move(path)) {
-    AddRecord({vel::kDatabaseBegin, name, version});
+    AddLine(Record({vel::kDatabaseBegin, name, version}));
 }
 
 void SourceWriter::BeginTable(const std::string& name, const std::vector<std::string>& columns) {
     std::vector<std::string> fields{vel::kTableBegin, name};
     fields.insert(fields.end(), columns.begin(), columns.end());
-    text_ += '\n';
-    AddHidden(fields);
+    AddLine("");
+    AddLine(SourceLine(fields));
 }
 
 void SourceWriter::AddRow(const std::vector<std::string>& row) {
     if (!row.empty() && row[0] == vel::kTableEnd) {
-        throw ToolError(path_ + ": the value " + row[0] + " would end its table");
+        throw ToolError(path_, ": the value ", row[0], " would end its table");
     }
-    AddHidden(row);
+    AddLine(SourceLine(row));
 }
 
 void SourceWriter::EndTable() {
-    AddHidden({vel::kTableEnd});
+    AddLine(SourceLine({vel::kTableEnd}));
 }
 
 void SourceWriter::AddTable(const CatalogueTable& table) {
@@ -64,18 +71,9 @@ void SourceWriter::AddTable(const CatalogueTable& table) {
 }
 
 std::string SourceWriter::Finish() {
-    text_ += '\n';
-    AddRecord({vel::kDatabaseEnd});
+    AddLine("");
+    AddLine(Record({vel::kDatabaseEnd}));
     return std::move(text_);
-}
-
-void SourceWriter::AddHidden(const std::vector<std::string>& fields) {
-    text_ += vel::kHiddenLine;
-    AddRecord(fields);
-}
-
-void SourceWriter::AddRecord(const std::vector<std::string>& fields) {
-    text_ += SourceRecord(fields) + '\n';
 }
 
 }  // namespace tool

@@ -8,8 +8,8 @@
 
 namespace tool {
 
-// A record as it stands in a source, without a line end.
-std::string SourceRecord(const std::vector<std::string>& fields);
+// A record of a table as a source has it: a line to be enciphered, without its line end.
+std::string SourceLine(const std::vector<std::string>& fields);
 
 // Values by the names of their columns.
 using Values = std::vector<std::pair<std::string, std::string>>;
@@ -33,8 +33,7 @@ class SourceWriter {
     std::string Finish();
 
   private:
-    void AddRecord(const std::vector<std::string>& fields);
-    void AddHidden(const std::vector<std::string>& fields);
+    void AddLine(const std::string& line) { text_ += line + '\n'; }
 
     std::string path_;
     std::string text_;

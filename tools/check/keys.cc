@@ -48,51 +48,48 @@ Texts ColumnTexts(const CatalogueTable& table, int column) {
 }
 
 void CheckRelation(const Catalogue& catalogue, const Relation& relation, Findings& findings) {
-    const CatalogueTable* table = catalogue.Find(relation.table);
-    const CatalogueTable* target = catalogue.Find(relation.target);
-    const int column = table == nullptr ? -1 : table->Column(relation.column);
-    if (column < 0 || target == nullptr) {
+    const CatalogueTable& table = catalogue.Table(relation.table);
+    const int column = table.Column(relation.column);
+    if (column < 0 || catalogue.Find(relation.target) == nullptr) {
         return;
     }
-    const Texts keys = ColumnTexts(*target, 0);
-    for (const CatalogueRow& row : table->rows) {
+    const Texts keys = ColumnTexts(catalogue.Table(relation.target), 0);
+    for (const CatalogueRow& row : table.rows) {
         const std::string value = row.Cell(column);
         if (keys.count(value) == 0 && !(value.empty() && relation.mayBeEmpty)) {
-            AddError(findings, "dangling-key", table->At(row),
-                     std::string(relation.column) + " " + InQuotes(value) + " is no key of " +
-                         relation.target + "; " + relation.effect +
-                         ": correct it, or add the row it refers to");
+            AddError(findings, "dangling-key", table.At(row), relation.column, " ", InQuotes(value),
+                     " is no key of ", relation.target, "; ", relation.effect,
+                     ": correct it, or add the row it refers to");
         }
     }
 }
 
 void CheckNetworkTypes(const Catalogue& catalogue, Findings& findings) {
-    const CatalogueTable* table = catalogue.Find(kBasicDUNForPhone);
-    const CatalogueTable* networks = catalogue.Find(kNetworks);
-    if (table == nullptr || networks == nullptr) {
-        return;
-    }
-    const int column = table->Column(kNetworkType);
-    const int target = networks->Column(kNetworkType);
-    const Texts types = ColumnTexts(*networks, target);
-    for (const CatalogueRow& row : table->rows) {
+    const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
+    const CatalogueTable& networks = catalogue.Table(kNetworks);
+    const int column = table.Column(kNetworkType);
+    const int target = networks.Column(kNetworkType);
+    const Texts types = ColumnTexts(networks, target);
+    for (const CatalogueRow& row : table.rows) {
         if (column >= 0 && target >= 0 && types.count(row.Cell(column)) == 0) {
-            AddWarning(findings, "unused-network-type", table->At(row),
-                       "no network is of the type " + InQuotes(row.Cell(column)) +
-                           "; the library never uses the row: correct the type or remove the row");
+            AddWarning(findings, "unused-network-type", table.At(row), "no network is of the type ",
+                       InQuotes(row.Cell(column)),
+                       "; the library never uses the row: correct the type or remove the row");
         }
     }
 }
 
 void CheckRepeated(const CatalogueTable& table, int column, Findings& findings) {
     std::map<std::string, int> lines;
+    if (column < 0) {
+        return;
+    }
     for (const CatalogueRow& row : table.rows) {
         const auto [first, isNew] = lines.emplace(row.Cell(column), row.line);
         if (!isNew) {
-            AddError(findings, "repeated-key", table.At(row),
-                     "the key " + InQuotes(first->first) + " stands in line " +
-                         std::to_string(first->second) +
-                         " already; look-ups find only that row: change the key or remove one row");
+            AddError(findings, "repeated-key", table.At(row), "the key ", InQuotes(first->first),
+                     " stands in line ", first->second,
+                     " already; look-ups find only that row: change the key or remove one row");
         }
     }
 }
@@ -103,10 +100,9 @@ void CheckNumbers(const CatalogueTable& table, Findings& findings) {
     for (const CatalogueRow& row : table.rows) {
         const std::string id = row.Cell(column);
         if (column >= 0 && std::to_string(vel::ReadNumber(id.c_str(), -1)) != id) {
-            AddError(findings, "bad-identifier", table.At(row),
-                     "the identifier " + InQuotes(id) +
-                         " is no 32-bit number as the library writes it;"
-                         " the host gets another and cannot ask for this row: use plain digits");
+            AddError(findings, "bad-identifier", table.At(row), "the identifier ", InQuotes(id),
+                     " is no 32-bit number as the library writes it; the host gets another and"
+                     " cannot ask for this row: use plain digits");
         }
     }
 }
@@ -119,22 +115,16 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings) {
     }
     CheckNetworkTypes(catalogue, findings);
     for (const char* name : {kCountries, kPhones, kManufacturers, kNetworks, kBasicDUNSettings}) {
-        const CatalogueTable* table = catalogue.Find(name);
-        if (table != nullptr && !table->columns.empty()) {
-            CheckRepeated(*table, 0, findings);
-        }
+        const CatalogueTable& table = catalogue.Table(name);
+        CheckRepeated(table, table.columns.empty() ? -1 : 0, findings);
     }
     for (const char* name :
          {kGeneralVariables, kManufacturerRecipe, kPhoneRecipe, kNetworkRecipe}) {
-        const CatalogueTable* table = catalogue.Find(name);
-        if (table != nullptr && table->Column(kVariable) >= 0) {
-            CheckRepeated(*table, table->Column(kVariable), findings);
-        }
+        const CatalogueTable& table = catalogue.Table(name);
+        CheckRepeated(table, table.Column(kVariable), findings);
     }
     for (const char* name : {kPhones, kBasicDUNSettings}) {
-        if (const CatalogueTable* table = catalogue.Find(name)) {
-            CheckNumbers(*table, findings);
-        }
+        CheckNumbers(catalogue.Table(name), findings);
     }
 }
 

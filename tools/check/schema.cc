@@ -40,7 +40,7 @@ std::vector<ColumnRule> SettingRules() {
 
 const std::vector<TableRule>& Rules() {
     using namespace vel::schema;
-    static const std::vector<ColumnRule> settingColumns = {{kVariable, kError}, {kValue, kError}};
+    static const std::vector<ColumnRule> variableColumns = {{kVariable, kError}, {kValue, kError}};
     static const std::vector<TableRule> rules = {
         {kCountries, kError, kRefused, {{kName, kWarning}}},
         {kPhones, kError, kRefused, {{kID, kError}, {kName, kWarning}, {kManufacturerID, kError}}},
@@ -67,10 +67,10 @@ const std::vector<TableRule>& Rules() {
           {kDialString, kWarning},
           {kInitializationString, kWarning}}},
         {kGeneralVariables, kWarning,
-         "tracing is off, and a failed read from the phone is not repeated", settingColumns},
-        {kManufacturerRecipe, kWarning, kNoRecipe, settingColumns},
-        {kPhoneRecipe, kWarning, kNoRecipe, settingColumns},
-        {kNetworkRecipe, kWarning, kNoRecipe, settingColumns},
+         "tracing is off, and a failed read from the phone is not repeated", variableColumns},
+        {kManufacturerRecipe, kWarning, kNoRecipe, variableColumns},
+        {kPhoneRecipe, kWarning, kNoRecipe, variableColumns},
+        {kNetworkRecipe, kWarning, kNoRecipe, variableColumns},
     };
     return rules;
 }
@@ -78,11 +78,9 @@ const std::vector<TableRule>& Rules() {
 void CheckColumns(const CatalogueTable& table, const TableRule& rule, Findings& findings) {
     for (const ColumnRule& column : rule.columns) {
         if (table.Column(column.name) < 0) {
-            findings.push_back({"missing-column",
-                                column.missing,
-                                {table.name, table.line},
-                                "no column " + InQuotes(column.name) +
-                                    "; the library takes it for empty in every row: add it"});
+            AddFinding(findings, "missing-column", column.missing, {table.name, table.line},
+                       "no column ", InQuotes(column.name),
+                       "; the library takes it for empty in every row: add it");
         }
     }
 }
@@ -99,9 +97,9 @@ void CheckKeyColumn(const CatalogueTable& table, Findings& findings) {
 void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         if (table.Column(table.columns[i]) < static_cast<int>(i)) {
-            AddWarning(findings, "repeated-column", {table.name, table.line},
-                       "a second column " + InQuotes(table.columns[i]) +
-                           "; the library reads only the first: name it otherwise");
+            AddWarning(findings, "repeated-column", {table.name, table.line}, "a second column ",
+                       InQuotes(table.columns[i]),
+                       "; the library reads only the first: name it otherwise");
         }
     }
 }
@@ -113,15 +111,12 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
         if (const CatalogueTable* table = catalogue.Find(rule.name)) {
             CheckColumns(*table, rule, findings);
         } else {
-            AddFinding(
-                findings, "missing-table", rule.missing, {rule.name, 0},
-                std::string("no such table; ") + rule.effect + ": add it, with this very name");
+            AddFinding(findings, "missing-table", rule.missing, {rule.name, 0}, "no such table; ",
+                       rule.effect, ": add it, with this very name");
         }
     }
     for (const char* name : {schema::kPhones, schema::kBasicDUNSettings}) {
-        if (const CatalogueTable* table = catalogue.Find(name)) {
-            CheckKeyColumn(*table, findings);
-        }
+        CheckKeyColumn(catalogue.Table(name), findings);
     }
     for (const CatalogueTable& table : catalogue.tables) {
         CheckRepeatedColumns(table, findings);

@@ -12,7 +12,7 @@ namespace {
 
 using namespace vel::schema;
 
-constexpr const char* kTemplates[] = {kDialString, kInitializationString};
+const std::vector<const char*> kTemplates = {kDialString, kInitializationString};
 
 // The settings of the networks of one type, as far as they fill a placeholder.
 struct Filling {
@@ -22,20 +22,15 @@ struct Filling {
 };
 using Fillings = std::map<std::string, std::map<std::string, Filling>>;  // by type and name
 
-void CheckLengths(const Catalogue& catalogue, const char* name,
-                  const std::vector<const char*>& columns, Findings& findings) {
-    const CatalogueTable* table = catalogue.Find(name);
-    if (table == nullptr) {
-        return;
-    }
-    for (const CatalogueRow& row : table->rows) {
+void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& columns,
+                  Findings& findings) {
+    for (const CatalogueRow& row : table.rows) {
         for (const char* column : columns) {
-            const std::size_t size = row.Cell(table->Column(column)).size();
+            const std::size_t size = row.Cell(table.Column(column)).size();
             if (size >= VELMOR_TEXT_SIZE) {
-                AddError(findings, "long-value", table->At(row),
-                         std::string(column) + " has " + std::to_string(size) +
-                             " bytes; the library cuts it after 256, without a terminator: shorten"
-                             " it to 255");
+                AddError(findings, "long-value", table.At(row), column, " has ", size,
+                         " bytes; the library cuts it after 256, without a terminator: shorten it"
+                         " to 255");
             }
         }
     }
@@ -43,20 +38,17 @@ void CheckLengths(const Catalogue& catalogue, const char* name,
 
 Fillings FindFillings(const Catalogue& catalogue) {
     Fillings fillings;
-    const CatalogueTable* settings = catalogue.Find(kBasicDUNSettings);
-    const CatalogueTable* networks = catalogue.Find(kNetworks);
-    if (settings == nullptr || networks == nullptr) {
-        return fillings;
-    }
+    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
+    const CatalogueTable& networks = catalogue.Table(kNetworks);
     std::map<std::string, std::string> types;
-    for (const CatalogueRow& row : networks->rows) {
-        types.emplace(row.Cell(0), row.Cell(networks->Column(kNetworkType)));
+    for (const CatalogueRow& row : networks.rows) {
+        types.emplace(row.Cell(0), row.Cell(networks.Column(kNetworkType)));
     }
-    for (const CatalogueRow& row : settings->rows) {
-        const auto type = types.find(row.Cell(settings->Column(kNetworkID)));
+    for (const CatalogueRow& row : settings.rows) {
+        const auto type = types.find(row.Cell(settings.Column(kNetworkID)));
         for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
             if (type != types.end()) {
-                const std::string value = row.Cell(settings->Column(placeholder.column));
+                const std::string value = row.Cell(settings.Column(placeholder.column));
                 Filling& filling = fillings[type->second][placeholder.column];
                 filling.emptyLine = filling.emptyCount == 0 ? row.line : filling.emptyLine;
                 filling.emptyCount += value.empty() ? 1 : 0;
@@ -69,24 +61,19 @@ Fillings FindFillings(const Catalogue& catalogue) {
 
 // A word between "%" that is none of the placeholders, the first one in the text; else empty.
 std::string FindUnknown(const std::string& text) {
-    const auto isWord = [](char c) {
-        return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
-    };
+    const char letters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
     for (std::size_t start = 0; (start = text.find('%', start)) != std::string::npos;) {
-        const auto from = text.begin() + static_cast<std::ptrdiff_t>(start) + 1;
-        const auto end = std::find_if_not(from, text.end(), isWord);
-        std::string word(from, end);
-        if (word.empty() || end == text.end() || *end != '%') {
-            ++start;
+        ++start;
+        const std::size_t end = std::min(text.find_first_not_of(letters, start), text.size());
+        std::string word = text.substr(start, end - start);
+        if (word.empty() || text[end] != '%') {
             continue;
         }
-        const auto* known = std::find_if(
-            std::begin(vel::kPlaceholders), std::end(vel::kPlaceholders),
-            [&](const vel::Placeholder& placeholder) { return word == placeholder.column; });
-        if (known == std::end(vel::kPlaceholders)) {
+        if (std::none_of(std::begin(vel::kPlaceholders), std::end(vel::kPlaceholders),
+                         [&](const auto& known) { return word == known.column; })) {
             return word;
         }
-        start += word.size() + 2;
+        start = end + 1;
     }
     return "";
 }
@@ -96,9 +83,8 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
                    std::map<std::string, Filling>& fillings, Findings& findings) {
     const std::string unknown = FindUnknown(text);
     if (!unknown.empty()) {
-        AddWarning(findings, "unknown-placeholder", place,
-                   "%" + unknown + "% in " + column +
-                       "; the library leaves it as it is: write %APN%, %NUM% or %VAR1%");
+        AddWarning(findings, "unknown-placeholder", place, "%", unknown, "% in ", column,
+                   "; the library leaves it as it is: write %APN%, %NUM% or %VAR1%");
     }
     std::size_t longest = text.size();
     for (const auto& [placeholderText, name, message] : vel::kPlaceholders) {
@@ -111,41 +97,35 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
         }
         longest = longest + uses * filling.longest - uses * placeholder.size();
         if (uses > 0 && filling.emptyCount > 0) {
-            AddWarning(findings, "empty-placeholder", place,
-                       placeholder + " in " + column + " has no value in " +
-                           std::to_string(filling.emptyCount) +
-                           " setting(s) of this network type; the library puts nothing there: fill"
-                           " the column " +
-                           name + ", first in line " + std::to_string(filling.emptyLine));
+            AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
+                       " has no value in ", filling.emptyCount,
+                       " setting(s) of this network type; the library puts nothing there: fill the"
+                       " column ",
+                       name, ", first in line ", filling.emptyLine);
         }
     }
     if (text.size() < VELMOR_TEXT_SIZE && longest >= VELMOR_TEXT_SIZE) {
-        AddWarning(findings, "long-value", place,
-                   std::string(column) + " may grow to " + std::to_string(longest) +
-                       " bytes when its placeholders are filled; the library cuts it after 256,"
-                       " without a terminator: shorten it, or the values");
+        AddWarning(findings, "long-value", place, column, " may grow to ", longest,
+                   " bytes when its placeholders are filled; the library cuts it after 256,"
+                   " without a terminator: shorten it, or the values");
     }
 }
 
 void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
-    const CatalogueTable* table = catalogue.Find(kBasicDUNForPhone);
-    if (table == nullptr) {
-        return;
-    }
+    const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
     Fillings fillings = FindFillings(catalogue);
     std::map<std::pair<std::string, std::string>, int> seen;
-    for (const CatalogueRow& row : table->rows) {
-        const std::string phone = row.Cell(table->Column(kPhoneID));
-        const std::string type = row.Cell(table->Column(kNetworkType));
+    for (const CatalogueRow& row : table.rows) {
+        const std::string phone = row.Cell(table.Column(kPhoneID));
+        const std::string type = row.Cell(table.Column(kNetworkType));
         const auto [first, isNew] = seen.emplace(std::make_pair(phone, type), row.line);
         if (!isNew) {
-            AddError(findings, "ambiguous-phone-row", table->At(row),
-                     "another row for phone " + InQuotes(phone) + " and network type " +
-                         InQuotes(type) + " stands in line " + std::to_string(first->second) +
-                         "; the library then uses none of them: remove all but one");
+            AddError(findings, "ambiguous-phone-row", table.At(row), "another row for phone ",
+                     InQuotes(phone), " and network type ", InQuotes(type), " stands in line ",
+                     first->second, "; the library then uses none of them: remove all but one");
         }
         for (const char* column : kTemplates) {
-            CheckTemplate(table->At(row), column, row.Cell(table->Column(column)), fillings[type],
+            CheckTemplate(table.At(row), column, row.Cell(table.Column(column)), fillings[type],
                           findings);
         }
     }
@@ -160,9 +140,9 @@ void CheckSettings(const Catalogue& catalogue, Findings& findings) {
             texts.push_back(column.name);
         }
     }
-    CheckLengths(catalogue, kCountries, {kName}, findings);
-    CheckLengths(catalogue, kBasicDUNSettings, texts, findings);
-    CheckLengths(catalogue, kBasicDUNForPhone, {kDialString, kInitializationString}, findings);
+    CheckLengths(catalogue.Table(kCountries), {kName}, findings);
+    CheckLengths(catalogue.Table(kBasicDUNSettings), texts, findings);
+    CheckLengths(catalogue.Table(kBasicDUNForPhone), kTemplates, findings);
     CheckPhoneRows(catalogue, findings);
 }
 

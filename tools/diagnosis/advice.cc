@@ -45,10 +45,6 @@ std::string FreeId(const Velmor::Table& table) {
     return std::to_string(id);
 }
 
-std::string SourceLine(const std::vector<std::string>& fields) {
-    return vel::kHiddenLine + SourceRecord(fields);
-}
-
 // A name for people from an answer such as `+CGMM: "X100"`.
 std::string NameFrom(std::string answer) {
     const std::size_t colon = answer.find(": ");
@@ -97,9 +93,7 @@ class Adviser {
     void Add(const Velmor::Table& table, const std::string& name, const Values& values) {
         std::vector<std::string> columns;
         if (table) {
-            vel::Array<vel::String> names;
-            table->get_ColumnNames(names);
-            columns = FromLibrary(vel::Record(names));
+            columns = ColumnNames(*table);
         } else {
             for (const auto& value : values) {
                 columns.push_back(value.first);
