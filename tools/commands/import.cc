@@ -41,7 +41,7 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
             country.name = found->second;
             continue;
         }
-        report.Count(ImportCount::kCountriesNotInIso);
+        ++report.countriesNotInIso;
         if (country.name.empty()) {
             country.name = country.code;
         }
@@ -63,7 +63,7 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
             served.insert(point->country);
         }
     }
-    report.Count(ImportCount::kCountriesWithoutAccess, providers.countries.size() - served.size());
+    report.countriesWithoutAccess += providers.countries.size() - served.size();
 }
 
 int Import(const Options& options) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "import/country_names.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "support/error.h"
@@ -15,14 +14,11 @@ std::map<std::string, std::string> ReadCountryNames(const std::string& path) {
     try {
         const nlohmann::json list = nlohmann::json::parse(bytes);
         for (const nlohmann::json& country : list.at("3166-1")) {
-            std::string code = country.at("alpha_2");
-            std::transform(code.begin(), code.end(), code.begin(),
-                           [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; });
             const std::string name = country.at("name");
-            names[code] = country.value("common_name", name);
+            names[InSmallLetters(country.at("alpha_2"))] = country.value("common_name", name);
         }
     } catch (const nlohmann::json::exception& error) {
-        throw ToolError(path + ": is not a list of countries: " + error.what());
+        throw ToolError(path, ": is not a list of countries: ", error.what());
     }
     return names;
 }

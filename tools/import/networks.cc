@@ -22,17 +22,116 @@ class NetworkPlan {
     NetworkPlan(const Providers& providers, const vel::Recipe& recipe, ImportReport& report)
         : operators_(providers.operators), recipe_(recipe), report_(report) {}
 
-    void AddNumberKeys();
-    void AddNameKeys();
+    void AddNumberKeys() {
+        for (auto& [key, holders] : HoldersOfKeys()) {
+            holders.erase(std::remove_if(holders.begin(), holders.end(),
+                                         [this](const Holder& holder) {
+                                             return !operators_[holder.index].Imported();
+                                         }),
+                          holders.end());
+            if (holders.empty()) {
+                ++report_.numberKeysWithoutAccess;
+                continue;
+            }
+            const auto rank = [this](const Holder& holder) {
+                return std::make_tuple(!operators_[holder.index].primary, !holder.wholeNumber,
+                                       holder.index);
+            };
+            std::sort(holders.begin(), holders.end(),
+                      [&](const Holder& a, const Holder& b) { return rank(a) < rank(b); });
+            std::vector<std::size_t> owners;
+            for (const Holder& holder : holders) {
+                owners.push_back(holder.index);
+            }
+            ++report_.numberKeys;
+            report_.numberKeysShared += owners.size() > 1 ? 1 : 0;
+            AddKey(key, NetworkOf(owners));
+        }
+    }
+
+    // A name stands for a network only when every operator of that name is in this network and in
+    // no other. An operator that was left out is in none, which makes its name as doubtful.
+    void AddNameKeys() {
+        std::map<std::string, std::vector<std::size_t>> names;
+        for (std::size_t i = 0; i < operators_.size(); ++i) {
+            names[MakeKey(recipe_, operators_[i].name)].push_back(i);
+        }
+        for (const auto& [name, bearers] : names) {
+            const auto imported = [this](std::size_t i) { return operators_[i].Imported(); };
+            if (std::none_of(bearers.begin(), bearers.end(), imported)) {
+                continue;
+            }
+            std::set<std::size_t> networks;
+            for (const std::size_t bearer : bearers) {
+                networks.insert(networksOf_[bearer].begin(), networksOf_[bearer].end());
+            }
+            if (name.empty()) {
+                ++report_.namesEmpty;
+            } else if (networks.size() > 1 || texts_.count(name) > 0 ||
+                       !std::all_of(bearers.begin(), bearers.end(), imported)) {
+                ++report_.namesShared;
+            } else {
+                ++report_.nameKeys;
+                AddKey(name, *networks.begin());
+            }
+        }
+    }
+
     Networks Take() { return std::move(result_); }
 
   private:
-    using Holders = std::vector<Holder>;
+    // Every operator with a number, one without access points too, in the order of the data.
+    std::map<std::string, std::vector<Holder>> HoldersOfKeys() {
+        std::map<std::string, std::vector<Holder>> keys;
+        std::set<std::string> numbers;
+        for (std::size_t i = 0; i < operators_.size(); ++i) {
+            for (const std::string& number : operators_[i].numbers) {
+                numbers.insert(number);
+                auto& holders = keys[MakeKey(recipe_, number.substr(0, vel::kImsiDigits))];
+                if (holders.empty() || holders.back().index != i) {
+                    holders.push_back({i, false});
+                }
+                holders.back().wholeNumber |= number.size() == vel::kImsiDigits;
+            }
+        }
+        keys.erase("");  // a recipe that removes digits
+        report_.numbers += numbers.size();
+        return keys;
+    }
 
-    std::map<std::string, Holders> HoldersOfKeys();
-    std::size_t NetworkOf(const std::vector<std::size_t>& owners);
-    Network Describe(const std::vector<std::size_t>& owners);
-    void AddKey(const std::string& text, std::size_t network);
+    std::size_t NetworkOf(const std::vector<std::size_t>& owners) {
+        const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
+        if (isNew) {
+            ++report_.networks;
+            result_.networks.push_back(Describe(owners));
+        }
+        for (const std::size_t owner : owners) {
+            networksOf_[owner].insert(entry->second);
+        }
+        return entry->second;
+    }
+
+    Network Describe(const std::vector<std::size_t>& owners) {
+        Network network;
+        for (const std::size_t owner : owners) {
+            network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
+            for (const AccessPoint& point : operators_[owner].accessPoints) {
+                const bool repeated =
+                    std::any_of(network.offers.begin(), network.offers.end(),
+                                [&](const AccessPoint* other) { return *other == point; });
+                ++(repeated ? report_.settingsRepeated : report_.settings);
+                if (!repeated) {
+                    network.offers.push_back(&point);
+                }
+            }
+        }
+        return network;
+    }
+
+    void AddKey(const std::string& text, std::size_t network) {
+        texts_.insert(text);
+        result_.keys.push_back({text, network});
+    }
 
     const std::vector<Operator>& operators_;
     const vel::Recipe& recipe_;
@@ -42,114 +141,6 @@ class NetworkPlan {
     std::map<std::size_t, std::set<std::size_t>> networksOf_;  // operator to its networks
     std::set<std::string> texts_;                              // of all keys
 };
-
-// Every operator with a number, one without access points too, in the order of the data.
-std::map<std::string, NetworkPlan::Holders> NetworkPlan::HoldersOfKeys() {
-    std::map<std::string, Holders> keys;
-    std::set<std::string> numbers;
-    for (std::size_t i = 0; i < operators_.size(); ++i) {
-        for (const std::string& number : operators_[i].numbers) {
-            numbers.insert(number);
-            Holders& holders = keys[MakeKey(recipe_, number.substr(0, vel::kImsiDigits))];
-            if (holders.empty() || holders.back().index != i) {
-                holders.push_back({i, false});
-            }
-            holders.back().wholeNumber |= number.size() == vel::kImsiDigits;
-        }
-    }
-    keys.erase("");  // a recipe that removes digits
-    report_.Count(ImportCount::kNumbers, numbers.size());
-    return keys;
-}
-
-void NetworkPlan::AddNumberKeys() {
-    for (auto& [key, holders] : HoldersOfKeys()) {
-        holders.erase(std::remove_if(holders.begin(), holders.end(),
-                                     [this](const Holder& holder) {
-                                         return !operators_[holder.index].Imported();
-                                     }),
-                      holders.end());
-        if (holders.empty()) {
-            report_.Count(ImportCount::kNumberKeysWithoutAccess);
-            continue;
-        }
-        const auto rank = [this](const Holder& holder) {
-            return std::make_tuple(!operators_[holder.index].primary, !holder.wholeNumber,
-                                   holder.index);
-        };
-        std::sort(holders.begin(), holders.end(),
-                  [&](const Holder& a, const Holder& b) { return rank(a) < rank(b); });
-        std::vector<std::size_t> owners;
-        for (const Holder& holder : holders) {
-            owners.push_back(holder.index);
-        }
-        report_.Count(ImportCount::kNumberKeys);
-        report_.Count(ImportCount::kNumberKeysShared, owners.size() > 1 ? 1 : 0);
-        AddKey(key, NetworkOf(owners));
-    }
-}
-
-std::size_t NetworkPlan::NetworkOf(const std::vector<std::size_t>& owners) {
-    const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
-    if (isNew) {
-        report_.Count(ImportCount::kNetworks);
-        result_.networks.push_back(Describe(owners));
-    }
-    for (const std::size_t owner : owners) {
-        networksOf_[owner].insert(entry->second);
-    }
-    return entry->second;
-}
-
-Network NetworkPlan::Describe(const std::vector<std::size_t>& owners) {
-    Network network;
-    for (const std::size_t owner : owners) {
-        network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
-        for (const AccessPoint& point : operators_[owner].accessPoints) {
-            const bool repeated =
-                std::any_of(network.offers.begin(), network.offers.end(),
-                            [&](const AccessPoint* other) { return *other == point; });
-            report_.Count(repeated ? ImportCount::kSettingsRepeated : ImportCount::kSettings);
-            if (!repeated) {
-                network.offers.push_back(&point);
-            }
-        }
-    }
-    return network;
-}
-
-// A name stands for a network only when every operator of that name is in this network and in no
-// other. An operator that was left out is in none, which makes its name as doubtful.
-void NetworkPlan::AddNameKeys() {
-    std::map<std::string, std::vector<std::size_t>> names;
-    for (std::size_t i = 0; i < operators_.size(); ++i) {
-        names[MakeKey(recipe_, operators_[i].name)].push_back(i);
-    }
-    for (const auto& [name, bearers] : names) {
-        const auto imported = [this](std::size_t i) { return operators_[i].Imported(); };
-        if (std::none_of(bearers.begin(), bearers.end(), imported)) {
-            continue;
-        }
-        std::set<std::size_t> networks;
-        for (const std::size_t bearer : bearers) {
-            networks.insert(networksOf_[bearer].begin(), networksOf_[bearer].end());
-        }
-        if (name.empty()) {
-            report_.Count(ImportCount::kNamesEmpty);
-        } else if (networks.size() > 1 || texts_.count(name) > 0 ||
-                   !std::all_of(bearers.begin(), bearers.end(), imported)) {
-            report_.Count(ImportCount::kNamesShared);
-        } else {
-            report_.Count(ImportCount::kNameKeys);
-            AddKey(name, *networks.begin());
-        }
-    }
-}
-
-void NetworkPlan::AddKey(const std::string& text, std::size_t network) {
-    texts_.insert(text);
-    result_.keys.push_back({text, network});
-}
 
 }  // namespace
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <pugixml.hpp>
-#include <tuple>
 
 #include "support/error.h"
 #include "support/input_file.h"
@@ -16,183 +15,167 @@ namespace {
 
 constexpr char kWhiteSpace[] = " \t\r\n";
 
-bool IsDigits(const std::string& text) {
-    return text.find_first_not_of("0123456789") == std::string::npos;
-}
-
 // Turns the elements into values and counts what that takes.
 class ProvidersReader {
   public:
     explicit ProvidersReader(ImportReport& report) : report_(report) {}
 
-    void ReadCountry(const pugi::xml_node& node);
+    void ReadCountry(const pugi::xml_node& node) {
+        ++report_.countries;
+        providers_.countries.push_back({Clean(node.attribute("code").value()), Name(node)});
+        for (const pugi::xml_node& provider : node.children("provider")) {
+            ReadOperator(provider);
+        }
+    }
+
     Providers Take() { return std::move(providers_); }
 
   private:
-    void ReadOperator(const pugi::xml_node& node);
-    void ReadNumbers(const pugi::xml_node& gsm, Operator& result);
-    void ReadAccessPoints(const pugi::xml_node& gsm, Operator& result);
-    bool IsForInternet(const pugi::xml_node& apn);
-    AccessPoint ReadAccessPoint(const pugi::xml_node& apn, const std::string& operatorName);
-    void CountOperator(const pugi::xml_node& gsm, const Operator& result);
-    std::string Name(const pugi::xml_node& node);
-    std::string Clean(const char* value);
-    void CheckLength(const std::string& value, const std::string& owner, const char* what);
+    void ReadOperator(const pugi::xml_node& node) {
+        Operator result;
+        result.name = Name(node);
+        result.primary = node.attribute("primary").as_bool();
+        const pugi::xml_node gsm = node.child("gsm");
+        ReadNumbers(gsm, result);
+        ReadAccessPoints(gsm, result);
+        if (!gsm) {
+            ++report_.operatorsCdma;
+        } else if (result.numbers.empty()) {
+            ++report_.operatorsWithoutNumber;
+            report_.accessOfLeftOut += result.accessPoints.size();
+        } else if (result.accessPoints.empty()) {
+            ++report_.operatorsWithoutAccess;
+        } else {
+            ++report_.operators;
+            report_.accessPoints += result.accessPoints.size();
+        }
+        providers_.operators.push_back(std::move(result));
+    }
+
+    void ReadNumbers(const pugi::xml_node& gsm, Operator& result) {
+        for (const pugi::xml_node& number : gsm.children("network-id")) {
+            const std::string country = Clean(number.attribute("mcc").value());
+            const std::string network = Clean(number.attribute("mnc").value());
+            if (country.size() == 3 && (network.size() == 2 || network.size() == 3) &&
+                IsDigits(country + network)) {
+                result.numbers.insert(country + network);
+            } else {
+                ++report_.numbersMalformed;
+                report_.remarks.push_back(
+                    Concat(result.name, ": malformed number ", country, " ", network));
+            }
+        }
+    }
+
+    void ReadAccessPoints(const pugi::xml_node& gsm, Operator& result) {
+        std::vector<AccessPoint>& known = result.accessPoints;
+        for (const pugi::xml_node& apn : gsm.children("apn")) {
+            if (!IsForInternet(apn)) {
+                continue;
+            }
+            AccessPoint point = ReadAccessPoint(apn, result.name);
+            if (std::find(known.begin(), known.end(), point) == known.end()) {
+                known.push_back(std::move(point));
+            } else {
+                ++report_.accessRepeated;
+            }
+        }
+    }
+
+    bool IsForInternet(const pugi::xml_node& apn) {
+        std::string usage;
+        for (const pugi::xml_node& mark : apn.children("usage")) {
+            usage += (usage.empty() ? "" : " ") + std::string(mark.attribute("type").value());
+        }
+        if (usage == "internet") {
+            return true;
+        }
+        if (usage.empty()) {
+            ++report_.accessUnmarked;
+            return true;
+        }
+        if (usage.find("internet") != std::string::npos) {
+            ++report_.accessCombined;
+            return true;
+        }
+        ++(usage == "mms"   ? report_.accessMms
+           : usage == "wap" ? report_.accessWap
+                            : report_.accessOther);
+        return false;
+    }
+
+    AccessPoint ReadAccessPoint(const pugi::xml_node& apn, const std::string& operatorName) {
+        AccessPoint point;
+        point.country = providers_.countries.back().code;
+        const std::string name = Name(apn);
+        point.displayName = operatorName + (name.empty() ? "" : ": ") + name;
+        point.apn = Clean(apn.attribute("value").value());
+        point.user = Clean(apn.child_value("username"));
+        point.password = Clean(apn.child_value("password"));
+        point.gateway = Clean(apn.child_value("gateway"));
+        std::vector<std::string> servers;
+        for (const pugi::xml_node& server : apn.children("dns")) {
+            servers.push_back(Clean(server.child_value()));
+        }
+        report_.nameServersBeyond += servers.size() > 2 ? servers.size() - 2 : 0;
+        servers.resize(2);
+        point.dns1 = servers[0];
+        point.dns2 = servers[1];
+        for (const char* plan : {"prepaid", "postpaid"}) {
+            if (apn.find_child_by_attribute("plan", "type", plan)) {
+                point.contract += (point.contract.empty() ? "" : "+") + std::string(plan);
+            }
+        }
+        CheckLengths(point, operatorName);
+        return point;
+    }
+
+    void CheckLengths(const AccessPoint& point, const std::string& operatorName) {
+        const std::pair<const char*, const std::string&> texts[] = {
+            {"display name", point.displayName},
+            {"access point name", point.apn},
+            {"user", point.user},
+            {"password", point.password},
+            {"gateway", point.gateway},
+            {"name server", point.dns1},
+            {"name server", point.dns2}};
+        for (const auto& [what, text] : texts) {
+            if (text.size() >= VELMOR_TEXT_SIZE) {
+                ++report_.tooLong;
+                report_.remarks.push_back(
+                    Concat(operatorName, ": ", what, " of ", text.size(), " bytes"));
+            }
+        }
+    }
+
+    // The name without a language; failing that the first one.
+    std::string Name(const pugi::xml_node& node) {
+        for (const pugi::xml_node& name : node.children("name")) {
+            if (!name.attribute("xml:lang")) {
+                return Clean(name.child_value());
+            }
+        }
+        return Clean(node.child_value("name"));
+    }
+
+    std::string Clean(const char* value) {
+        std::string text(value);
+        const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
+        const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
+        if (end - begin < text.size()) {
+            ++report_.trimmed;
+            text = text.substr(begin, end - begin);
+        }
+        if (std::any_of(text.begin(), text.end(), IsControl)) {
+            ++report_.controlCharacters;
+            std::replace_if(text.begin(), text.end(), IsControl, ' ');
+        }
+        return text;
+    }
 
     ImportReport& report_;
     Providers providers_;
 };
-
-void ProvidersReader::ReadCountry(const pugi::xml_node& node) {
-    report_.Count(ImportCount::kCountries);
-    providers_.countries.push_back({Clean(node.attribute("code").value()), Name(node)});
-    for (const pugi::xml_node& provider : node.children("provider")) {
-        ReadOperator(provider);
-    }
-}
-
-void ProvidersReader::ReadOperator(const pugi::xml_node& node) {
-    Operator result;
-    result.name = Name(node);
-    result.primary = node.attribute("primary").as_bool();
-    const pugi::xml_node gsm = node.child("gsm");
-    ReadNumbers(gsm, result);
-    ReadAccessPoints(gsm, result);
-    CountOperator(gsm, result);
-    providers_.operators.push_back(std::move(result));
-}
-
-void ProvidersReader::CountOperator(const pugi::xml_node& gsm, const Operator& result) {
-    if (!gsm) {
-        report_.Count(ImportCount::kOperatorsCdma);
-    } else if (result.numbers.empty()) {
-        report_.Count(ImportCount::kOperatorsWithoutNumber);
-        report_.Count(ImportCount::kAccessOfLeftOut, result.accessPoints.size());
-    } else if (result.accessPoints.empty()) {
-        report_.Count(ImportCount::kOperatorsWithoutAccess);
-    } else {
-        report_.Count(ImportCount::kOperators);
-        report_.Count(ImportCount::kAccessPoints, result.accessPoints.size());
-    }
-}
-
-void ProvidersReader::ReadNumbers(const pugi::xml_node& gsm, Operator& result) {
-    for (const pugi::xml_node& number : gsm.children("network-id")) {
-        const std::string country = Clean(number.attribute("mcc").value());
-        const std::string network = Clean(number.attribute("mnc").value());
-        if (country.size() == 3 && (network.size() == 2 || network.size() == 3) &&
-            IsDigits(country + network)) {
-            result.numbers.insert(country + network);
-        } else {
-            report_.Count(ImportCount::kNumbersMalformed);
-            std::string remark = result.name + ": malformed number ";
-            report_.Remark(remark.append(country).append(" ").append(network));
-        }
-    }
-}
-
-void ProvidersReader::ReadAccessPoints(const pugi::xml_node& gsm, Operator& result) {
-    std::vector<AccessPoint>& known = result.accessPoints;
-    for (const pugi::xml_node& apn : gsm.children("apn")) {
-        if (!IsForInternet(apn)) {
-            continue;
-        }
-        AccessPoint point = ReadAccessPoint(apn, result.name);
-        if (std::find(known.begin(), known.end(), point) == known.end()) {
-            known.push_back(std::move(point));
-        } else {
-            report_.Count(ImportCount::kAccessRepeated);
-        }
-    }
-}
-
-bool ProvidersReader::IsForInternet(const pugi::xml_node& apn) {
-    std::string usage;
-    for (const pugi::xml_node& mark : apn.children("usage")) {
-        usage += (usage.empty() ? "" : " ") + std::string(mark.attribute("type").value());
-    }
-    if (usage == "internet") {
-        return true;
-    }
-    if (usage.empty()) {
-        report_.Count(ImportCount::kAccessUnmarked);
-        return true;
-    }
-    if (usage.find("internet") != std::string::npos) {
-        report_.Count(ImportCount::kAccessCombined);
-        return true;
-    }
-    report_.Count(usage == "mms"   ? ImportCount::kAccessMms
-                  : usage == "wap" ? ImportCount::kAccessWap
-                                   : ImportCount::kAccessOther);
-    return false;
-}
-
-AccessPoint ProvidersReader::ReadAccessPoint(const pugi::xml_node& apn,
-                                             const std::string& operatorName) {
-    AccessPoint point;
-    point.country = providers_.countries.back().code;
-    const std::string name = Name(apn);
-    point.displayName = operatorName + (name.empty() ? "" : ": ") + name;
-    point.apn = Clean(apn.attribute("value").value());
-    point.user = Clean(apn.child_value("username"));
-    point.password = Clean(apn.child_value("password"));
-    point.gateway = Clean(apn.child_value("gateway"));
-    std::vector<std::string> servers;
-    for (const pugi::xml_node& server : apn.children("dns")) {
-        servers.push_back(Clean(server.child_value()));
-    }
-    report_.Count(ImportCount::kNameServersBeyond, servers.size() > 2 ? servers.size() - 2 : 0);
-    servers.resize(2);
-    point.dns1 = servers[0];
-    point.dns2 = servers[1];
-    for (const char* plan : {"prepaid", "postpaid"}) {
-        if (apn.find_child_by_attribute("plan", "type", plan)) {
-            point.contract += (point.contract.empty() ? "" : "+") + std::string(plan);
-        }
-    }
-    CheckLength(point.displayName, operatorName, "display name");
-    CheckLength(point.apn, operatorName, "access point name");
-    CheckLength(point.user, operatorName, "user");
-    CheckLength(point.password, operatorName, "password");
-    CheckLength(point.gateway, operatorName, "gateway");
-    CheckLength(point.dns1, operatorName, "name server");
-    CheckLength(point.dns2, operatorName, "name server");
-    return point;
-}
-
-// The name without a language; failing that the first one.
-std::string ProvidersReader::Name(const pugi::xml_node& node) {
-    for (const pugi::xml_node& name : node.children("name")) {
-        if (!name.attribute("xml:lang")) {
-            return Clean(name.child_value());
-        }
-    }
-    return Clean(node.child_value("name"));
-}
-
-std::string ProvidersReader::Clean(const char* value) {
-    std::string text(value);
-    const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
-    const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
-    if (end - begin < text.size()) {
-        report_.Count(ImportCount::kTrimmed);
-        text = text.substr(begin, end - begin);
-    }
-    if (std::any_of(text.begin(), text.end(), IsControl)) {
-        report_.Count(ImportCount::kControlCharacters);
-        std::replace_if(text.begin(), text.end(), IsControl, ' ');
-    }
-    return text;
-}
-
-void ProvidersReader::CheckLength(const std::string& value, const std::string& owner,
-                                  const char* what) {
-    if (value.size() >= VELMOR_TEXT_SIZE) {
-        report_.Count(ImportCount::kTooLong);
-        report_.Remark(owner + ": " + what + " of " + std::to_string(value.size()) + " bytes");
-    }
-}
 
 pugi::xml_document Load(const std::string& path) {
     const std::string bytes = ReadInput(path);
@@ -200,26 +183,18 @@ pugi::xml_document Load(const std::string& path) {
     const pugi::xml_parse_result result = document.load_buffer(bytes.data(), bytes.size());
     if (!result) {
         const auto line = std::count(bytes.begin(), bytes.begin() + result.offset, '\n') + 1;
-        throw ToolError(path + ":" + std::to_string(line) + ": " + result.description());
+        throw ToolError(path, ":", line, ": ", result.description());
     }
     return document;
 }
 
 }  // namespace
 
-bool operator==(const AccessPoint& a, const AccessPoint& b) {
-    const auto values = [](const AccessPoint& p) {
-        return std::tie(p.country, p.displayName, p.apn, p.user, p.password, p.gateway, p.dns1,
-                        p.dns2, p.contract);
-    };
-    return values(a) == values(b);
-}
-
 Providers ReadProviders(const std::string& path, ImportReport& report) {
     const pugi::xml_document document = Load(path);
     const pugi::xml_node root = document.child("serviceproviders");
     if (!root) {
-        throw ToolError(path + ": is not a list of service providers");
+        throw ToolError(path, ": is not a list of service providers");
     }
     const auto countries = root.children("country");
     const Progress progress("countries read", static_cast<std::size_t>(std::distance(

@@ -3,6 +3,7 @@
 
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "import/report.h"
@@ -26,9 +27,12 @@ struct AccessPoint {
     std::string dns1;
     std::string dns2;
     std::string contract;
-};
 
-bool operator==(const AccessPoint& a, const AccessPoint& b);
+    auto Values() const {
+        return std::tie(country, displayName, apn, user, password, gateway, dns1, dns2, contract);
+    }
+    bool operator==(const AccessPoint& other) const { return Values() == other.Values(); }
+};
 
 struct Operator {
     std::string name;

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "import/networks.h"
-#include "import/phones.h"
+#include "import/phones_source.h"
 
 namespace tool {
 

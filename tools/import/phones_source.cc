@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "import/phones.h"
+#include "import/phones_source.h"
 
 #include "support/error.h"
 #include "support/input_file.h"
@@ -11,8 +11,7 @@ PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
     catalogue_ = ReadCatalogue(ReadInput(path_), findings);
     for (const Finding& finding : findings) {
         if (finding.severity == Severity::kError && finding.id != "no-database") {
-            throw ToolError(path_ + ":" + std::to_string(finding.place.line) + ": " +
-                            finding.message);
+            throw ToolError(path_, ":", finding.place.line, ": ", finding.message);
         }
     }
 }
@@ -20,7 +19,7 @@ PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
 const CatalogueTable& PhonesSource::Get(const std::string& table) const {
     const CatalogueTable* found = catalogue_.Find(table);
     if (found == nullptr) {
-        throw ToolError(path_ + ": has no table " + table);
+        throw ToolError(path_, ": has no table ", table);
     }
     return *found;
 }
@@ -28,7 +27,7 @@ const CatalogueTable& PhonesSource::Get(const std::string& table) const {
 int PhonesSource::Column(const CatalogueTable& table, const std::string& column) const {
     const int found = table.Column(column);
     if (found < 0) {
-        throw ToolError(path_ + ": the table " + table.name + " has no column " + column);
+        throw ToolError(path_, ": the table ", table.name, " has no column ", column);
     }
     return found;
 }
