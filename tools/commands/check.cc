@@ -12,11 +12,6 @@
 namespace tool {
 namespace {
 
-struct Options {
-    std::string catalogue;
-    bool json = false;
-};
-
 const char* Name(Severity severity) {
     return severity == Severity::kError ? "error" : "warning";
 }
@@ -51,7 +46,7 @@ void PrintFindingsJson(const Findings& findings, long errors) {
                {"warnings", static_cast<long>(findings.size()) - errors}});
 }
 
-int Check(const Options& options) {
+int Check(const ReadOptions& options) {
     const Findings findings = CheckCatalogue(ReadInput(options.catalogue));
     const long errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
         return finding.severity == Severity::kError;
@@ -69,8 +64,7 @@ int Check(const Options& options) {
 void AddCheck(CommandLine& line) {
     const auto [command, options] = line.Add(
         "check", "Tells what is wrong with a catalogue, in its source or its stored form.", Check);
-    command->add_option("CATALOGUE", options->catalogue, "file to check")->required();
-    command->add_flag("--json", options->json, "print the findings for machines");
+    AddRead(command, *options);
     command->footer(
         "Exit status: 0 without errors (warnings count for nothing), 1 with errors, 2 when the file"
         " cannot be read.\nExample: velmor check my.source\n");

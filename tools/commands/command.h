@@ -10,6 +10,24 @@ namespace tool {
 // The exit statuses that the commands share: 0 well, 1 findings or nothing found, 2 trouble.
 enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
 
+// The options of the commands that print what a catalogue holds.
+struct ReadOptions {
+    std::string catalogue;
+    bool json = false;
+};
+
+// Adds an option; the help calls its value by that word.
+template <class Value>
+CLI::Option* AddValue(CLI::App* command, const char* name, Value& value, const char* word,
+                      const char* help) {
+    return command->add_option(name, value, help)->type_name(word);
+}
+
+inline void AddRead(CLI::App* command, ReadOptions& options) {
+    command->add_option("CATALOGUE", options.catalogue, "file to read")->required();
+    command->add_flag("--json", options.json, "print for machines");
+}
+
 // A subcommand whose arguments are still to be added; they fill its options.
 template <class Options>
 struct Subcommand {

@@ -9,12 +9,7 @@
 namespace tool {
 namespace {
 
-struct Options {
-    std::string catalogue;
-    bool json = false;
-};
-
-int ListCountries(const Options& options) {
+int ListCountries(const ReadOptions& options) {
     const PrivateSession session(options.catalogue);
     Json list = Json::array();
     for (long i = 0; i < Velmor_GetNrCountries(0); ++i) {
@@ -31,8 +26,7 @@ int ListCountries(const Options& options) {
 void AddCountries(CommandLine& line) {
     const auto [command, options] =
         line.Add("countries", "Lists the countries as a host sees them.", ListCountries);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    command->add_flag("--json", options->json, "print for machines");
+    AddRead(command, *options);
     command->footer("Example: velmor countries my.catalogue\n");
 }
 

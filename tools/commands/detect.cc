@@ -29,9 +29,9 @@ struct Options {
 void WriteForDialer(const Detection& found, const DialerLink& link, const Options& options) {
     const Detection::Setting* setting = found.Find(options.setting);
     if (setting == nullptr) {
-        throw ToolError(options.setting == 0 ? "no setting is ready to dial; --format text says why"
-                                             : "setting " + std::to_string(options.setting) +
-                                                   ": does not fit this network");
+        throw ToolError(options.setting == 0
+                            ? "no setting is ready to dial; --format text says why"
+                            : Concat("setting ", options.setting, ": does not fit this network"));
     }
     if (options.setting == 0 && found.settings.size() > 1) {
         std::cerr << "velmor: of " << found.settings.size() << " settings that fit, this is number "
@@ -58,7 +58,7 @@ int RunDetect(const Options& options) {
             return 128 + Interruption::Signal();
         }
         if (line.Gone()) {
-            throw ToolError(link.device + ": the device is gone");
+            throw ToolError(link.device, ": the device is gone");
         }
     }
     if (options.format.name == "text") {
@@ -82,22 +82,20 @@ void AddDetect(CommandLine& line) {
                  RunDetect);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
     auto* source = command->add_option_group("phone");
-    source->add_option("--device", options->link.device, "serial device of the phone")
-        ->type_name("PATH");
-    source->add_option("--phone", options->profile, "play this profile instead of a real phone")
-        ->type_name("PROFILE");
+    AddValue(source, "--device", options->link.device, "PATH", "serial device of the phone");
+    AddValue(source, "--phone", options->profile, "PROFILE",
+             "play this profile instead of a real phone");
     source->require_option(1);
-    command->add_option("--baud", options->link.baud, "speed of the device; 115200")
-        ->type_name("N");
-    command->add_option("--timeout", options->timeout, "limit for each AT command; 10 seconds")
-        ->check(CLI::Range(0.01, 3600.0))
-        ->type_name("SECONDS");
-    command->add_option("--setting", options->setting, "for ppp and wvdial: not the first setting")
-        ->check(CLI::Range(1L, 2147483647L))
-        ->type_name("ID");
+    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; 115200");
+    AddValue(command, "--timeout", options->timeout, "SECONDS",
+             "limit for each AT command; 10 seconds")
+        ->check(CLI::Range(0.01, 3600.0));
+    AddValue(command, "--setting", options->setting, "ID",
+             "for ppp and wvdial: not the first setting")
+        ->check(CLI::Range(1L, 2147483647L));
     command->add_flag("-v,--verbose", options->verbose,
                       "show the dialogue though standard error is no terminal");
-    AddFormat(*command, options->format);
+    AddFormat(command, options->format);
     command->footer(
         "Exit status 1 when phone or network is not known.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");

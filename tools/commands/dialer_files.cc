@@ -17,7 +17,7 @@ namespace {
 // line in the file, and none of the programs needs the others.
 std::string OneLine(const char* field, const std::string& value) {
     if (std::any_of(value.begin(), value.end(), IsControl)) {
-        throw ToolError(std::string(field) +
+        throw ToolError(field,
                         ": holds a line break or another control character, which neither an AT "
                         "command nor a configuration file can hold");
     }
@@ -68,7 +68,7 @@ std::string Address(const char* field, const std::string& value) {
         return "";
     }
     if (inet_pton(AF_INET, value.c_str(), &address) != 1) {
-        throw ToolError(std::string(field) + ": is no Internet address");
+        throw ToolError(field, ": is no Internet address");
     }
     return value;
 }
@@ -76,15 +76,15 @@ std::string Address(const char* field, const std::string& value) {
 std::string DialString(const Velmor_DUNSetting& setting) {
     std::string dial = OneLine("dial string", HostText(setting.DialString));
     if (dial.empty()) {
-        throw ToolError("setting " + std::to_string(setting.aBasicDUNSettingId) +
+        throw ToolError("setting ", setting.aBasicDUNSettingId,
                         ": has no dial string for this phone");
     }
     return dial;
 }
 
 std::string Title(const Velmor_DUNSetting& setting) {
-    return "# Setting " + std::to_string(setting.aBasicDUNSettingId) +
-           " of a Velmor catalogue. Holds a password: let nobody else read it.\n";
+    return Concat("# Setting ", setting.aBasicDUNSettingId,
+                  " of a Velmor catalogue. Holds a password: let nobody else read it.\n");
 }
 
 }  // namespace
@@ -102,12 +102,10 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     const std::string gateway = Address("gateway", HostText(setting.GatewayIP));
     text += client.empty() ? "noipdefault\n" : "";
     text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
-    const std::pair<const char*, std::string> servers[] = {
-        {"DNS1", Address("name server", HostText(setting.Dns1))},
-        {"DNS2", Address("name server 2", HostText(setting.Dns2))}};
-    for (const auto& [variable, address] : servers) {
-        text += address.empty() ? "" : std::string("set ") + variable + "=" + address + "\n";
-    }
+    const std::string dns1 = Address("name server", HostText(setting.Dns1));
+    const std::string dns2 = Address("name server 2", HostText(setting.Dns2));
+    text += dns1.empty() ? "" : "set DNS1=" + dns1 + "\n";
+    text += dns2.empty() ? "" : "set DNS2=" + dns2 + "\n";
     const std::string user = OneLine("user", HostText(setting.DefaultUser));
     const std::string password = OneLine("password", HostText(setting.DefaultPassword));
     text += user.empty() ? "" : "user " + PppdWord(user) + "\n";

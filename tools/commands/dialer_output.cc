@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "commands/command.h"
 #include "support/output_file.h"
 
 namespace tool {
@@ -17,17 +18,15 @@ constexpr char kChatScript[] = "/etc/chatscripts/velmor";
 
 }  // namespace
 
-void AddFormat(CLI::App& command, OutputFormat& format) {
-    command.add_option("--format", format.name, "text, json, ppp (pppd and chat) or wvdial")
-        ->check(CLI::IsMember({"text", "json", "ppp", "wvdial"}))
-        ->type_name("FORMAT");
-    command.add_flag_callback(
+void AddFormat(CLI::App* command, OutputFormat& format) {
+    AddValue(command, "--format", format.name, "FORMAT",
+             "text, json, ppp (pppd and chat) or wvdial")
+        ->check(CLI::IsMember({"text", "json", "ppp", "wvdial"}));
+    command->add_flag_callback(
         "--json", [&format] { format.name = "json"; }, "the same as --format json");
-    command
-        .add_option("-o,--output", format.directory,
-                    "with --format ppp: write the files velmor and velmor.chat there")
-        ->type_name("DIRECTORY");
-    command.add_flag("--force", format.force, "replace existing files");
+    AddValue(command, "-o,--output", format.directory, "DIRECTORY",
+             "with --format ppp: write the files velmor and velmor.chat there");
+    command->add_flag("--force", format.force, "replace existing files");
 }
 
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,

@@ -15,7 +15,7 @@ struct OutputFormat {
 };
 
 // Adds --format, --json, --output and --force.
-void AddFormat(CLI::App& command, OutputFormat& format);
+void AddFormat(CLI::App* command, OutputFormat& format);
 
 // Prints or writes the dialler's files for a setting.
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,

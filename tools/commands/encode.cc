@@ -27,7 +27,7 @@ void Add(CommandLine& line, const char* name, const char* help, const char* from
     const auto [command, options] = line.Add(name, help, Convert);
     options->convert = convert;
     command->add_option(from, options->input, "file to read")->required();
-    command->add_option("-o,--output", options->output, "file to write")->required()->type_name(to);
+    AddValue(command, "-o,--output", options->output, to, "file to write")->required();
     command->add_flag("--force", options->force, "replace an existing file");
     command->footer(
         "Line ends become line feeds; all else comes back byte for byte.\n"

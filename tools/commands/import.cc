@@ -87,22 +87,15 @@ void AddImport(CommandLine& line) {
     const auto [command, options] = line.Add(
         "import", "Makes a catalogue source of mobile operators' data and a source of phones.",
         Import);
-    command
-        ->add_option("SERVICEPROVIDERS.XML", options->providers,
-                     "the operators, as mobile-broadband-provider-info has them")
-        ->required()
-        ->type_name("");
-    command
-        ->add_option("--phones", options->phones,
-                     "manufacturers, phones, their answers and the recipes, in source form")
-        ->required()
-        ->type_name("SOURCE");
-    command->add_option("-o,--output", options->output, "file to write")
-        ->required()
-        ->type_name("SOURCE");
-    command->add_option("--iso", options->iso, "English names of countries, from iso-codes")
-        ->capture_default_str()
-        ->type_name("JSON");
+    AddValue(command, "SERVICEPROVIDERS.XML", options->providers, "",
+             "the operators, as mobile-broadband-provider-info has them")
+        ->required();
+    AddValue(command, "--phones", options->phones, "SOURCE",
+             "manufacturers, phones, their answers and the recipes, in source form")
+        ->required();
+    AddValue(command, "-o,--output", options->output, "SOURCE", "file to write")->required();
+    AddValue(command, "--iso", options->iso, "JSON", "English names of countries, from iso-codes")
+        ->capture_default_str();
     command->add_flag("--force", options->force, "replace an existing file");
     command->footer(
         "Reports what came in and how often each decision was taken.\n"

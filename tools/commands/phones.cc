@@ -11,12 +11,7 @@
 namespace tool {
 namespace {
 
-struct Options {
-    std::string catalogue;
-    bool json = false;
-};
-
-int ListPhones(const Options& options) {
+int ListPhones(const ReadOptions& options) {
     const PrivateSession session(options.catalogue);
     Json list = Json::array();
     for (long i = 0; i < Velmor_GetNrOfPhones(0); ++i) {
@@ -38,8 +33,7 @@ int ListPhones(const Options& options) {
 void AddPhones(CommandLine& line) {
     const auto [command, options] =
         line.Add("phones", "Lists the phones as a host sees them.", ListPhones);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    command->add_flag("--json", options->json, "print for machines");
+    AddRead(command, *options);
     command->footer("Example: velmor phones my.catalogue\n");
 }
 

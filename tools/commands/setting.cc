@@ -25,7 +25,7 @@ int ShowSetting(const Options& options) {
     const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &setting) == 0 &&
                        !HostText(setting.DialString).empty();
     if (setting.aBasicDUNSettingId < 0) {
-        throw ToolError(options.catalogue + ": has no setting " + std::to_string(options.setting));
+        throw ToolError(options.catalogue, ": has no setting ", options.setting);
     }
     if (options.format.name == "json") {
         PrintJson(DescribeSetting(setting, ready));
@@ -47,18 +47,15 @@ void AddSetting(CommandLine& line) {
     const auto [command, options] =
         line.Add("setting", "Shows a dial-up setting for a phone, ready to dial.", ShowSetting);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    command->add_option("--phone", options->phone, "identifier as velmor phones prints it")
-        ->required()
-        ->type_name("ID");
-    command->add_option("--setting", options->setting, "identifier as velmor settings prints it")
-        ->required()
-        ->type_name("ID");
-    command
-        ->add_option("--device", options->link.device,
-                     "for ppp and wvdial: serial device of the phone")
-        ->type_name("PATH");
-    command->add_option("--baud", options->link.baud, "its speed; 115200")->type_name("N");
-    AddFormat(*command, options->format);
+    AddValue(command, "--phone", options->phone, "ID", "identifier as velmor phones prints it")
+        ->required();
+    AddValue(command, "--setting", options->setting, "ID",
+             "identifier as velmor settings prints it")
+        ->required();
+    AddValue(command, "--device", options->link.device, "PATH",
+             "for ppp and wvdial: serial device of the phone");
+    AddValue(command, "--baud", options->link.baud, "N", "its speed; 115200");
+    AddFormat(command, options->format);
     command->footer(
         "Exit status 1 when the catalogue does not say how the phone dials.\n"
         "Example: velmor setting my.catalogue --phone 10 --setting 1 --format ppp\n");

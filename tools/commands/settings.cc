@@ -10,10 +10,8 @@
 namespace tool {
 namespace {
 
-struct Options {
-    std::string catalogue;
+struct Options : ReadOptions {
     std::string country;
-    bool json = false;
 };
 
 int ListSettings(const Options& options) {
@@ -33,7 +31,7 @@ int ListSettings(const Options& options) {
         }
     }
     if (!found) {
-        throw ToolError(options.catalogue + ": has no country " + options.country);
+        throw ToolError(options.catalogue, ": has no country ", options.country);
     }
     PrintList(list, options.json);
     return list.empty() ? kExitFindings : kExitOk;
@@ -44,11 +42,8 @@ int ListSettings(const Options& options) {
 void AddSettings(CommandLine& line) {
     const auto [command, options] = line.Add(
         "settings", "Lists the dial-up settings of a country as a host sees them.", ListSettings);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    command->add_flag("--json", options->json, "print for machines");
-    command->add_option("--country", options->country, "name of the country")
-        ->required()
-        ->type_name("NAME");
+    AddRead(command, *options);
+    AddValue(command, "--country", options->country, "NAME", "name of the country")->required();
     command->footer(
         "Exit status 1 when the country has none.\n"
         "Example: velmor settings my.catalogue --country Norland\n");

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
+#include "catalogue/recipe.h"
 #include "detection/at_answer.h"
 #include "detection/manufacturer_selector.h"
 #include "detection/questions.h"
-#include "detection/recipe.h"
 #include "session/rows.h"
 #include "session/schema.h"
 #include "support/texts.h"
@@ -36,10 +36,8 @@ Answer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialog
             FromLibrary(answer.Line(attempt.command, attempt.line))};
 }
 
-std::string MakeKey(const std::string& answer, const char* recipe) {
-    vel::String key = ToLibrary(answer);
-    vel::Recipe(Velmor::getVelmor()->FetchTable(recipe).get()).Apply(key);
-    return FromLibrary(key);
+std::string KeyOf(const std::string& answer, const char* recipe) {
+    return MakeKey(vel::Recipe(Velmor::getVelmor()->FetchTable(recipe).get()), answer);
 }
 
 // Neither the echo nor the result code says who the phone is, and control characters have no place
@@ -53,7 +51,7 @@ bool SaysSomething(const std::string& answer, const std::string& command) {
 Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : question.attempts) {
         const Answer answer = AnswerTo(attempt, dialogue);
-        Clue clue = {answer.line, MakeKey(answer.line, question.recipe)};
+        Clue clue = {answer.line, KeyOf(answer.line, question.recipe)};
         if (answer.ok && clue.IsUsable() && SaysSomething(answer.line, attempt.command)) {
             return clue;
         }
@@ -65,7 +63,7 @@ Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialo
 std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : vel::kManufacturerQuestion.attempts) {
         const std::string answer = AnswerTo(attempt, dialogue).line;
-        const vel::String key = ToLibrary(MakeKey(answer, schema::kManufacturerRecipe));
+        const vel::String key = ToLibrary(KeyOf(answer, schema::kManufacturerRecipe));
         const auto row = vel::RowAt(
             vel::FindRows(Velmor::getVelmor()->manufacturerIdentification,
                           vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key))),
@@ -85,12 +83,12 @@ void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogu
     const std::string answer = AnswerTo(vel::kOperatorQuestion, dialogue).line;
     const std::string name = FromLibrary(vel::OperatorName(ToLibrary(answer)));
     found.operatorName = SaysSomething(name, "") ? name : "";
-    const std::string key = MakeKey(digits, schema::kNetworkRecipe);
+    const std::string key = KeyOf(digits, schema::kNetworkRecipe);
     if (digits.size() == vel::kImsiDigits) {
         found.network = {digits, key};
     } else if (!found.operatorName.empty()) {
         found.network = {found.operatorName,
-                         MakeKey(key + found.operatorName, schema::kNetworkRecipe)};
+                         KeyOf(key + found.operatorName, schema::kNetworkRecipe)};
     }
 }
 
