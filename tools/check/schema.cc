@@ -8,79 +8,63 @@ namespace schema = vel::schema;
 
 namespace {
 
-struct ColumnRule {
-    const char* name;
-    Severity missing;
-};
-
-struct TableRule {
-    const char* name;
-    Severity missing;
-    const char* effect;  // of its absence
-    std::vector<ColumnRule> columns;
-};
-
-constexpr Severity kError = Severity::kError;
-constexpr Severity kWarning = Severity::kWarning;
 constexpr char kRefused[] = "the library refuses the catalogue";
 constexpr char kNoDialTexts[] = "no setting gets dial and initialisation strings";
 constexpr char kNoRecipe[] = "the answers are compared with the keys as they come";
 
-// Without a key column a setting is never found; without another one it lacks a value.
-std::vector<ColumnRule> SettingRules() {
-    std::vector<ColumnRule> rules;
+using Names = std::vector<const char*>;
+
+// A table that the library reads.
+struct TableRule {
+    const char* name;
+    std::string effect;  // of a missing table
+    Names keys;          // columns without which the library finds no row
+    Names values;        // the other columns
+};
+
+Names SettingValues() {
+    Names names;
     for (const vel::SettingColumn& column : vel::kSettingColumns) {
         const std::string name = column.name;
-        const bool isKey =
-            name == schema::kID || name == schema::kNetworkID || name == schema::kCountryID;
-        rules.push_back({column.name, isKey ? kError : kWarning});
+        if (name != schema::kID && name != schema::kNetworkID && name != schema::kCountryID) {
+            names.push_back(column.name);
+        }
     }
-    return rules;
+    return names;
 }
 
 const std::vector<TableRule>& Rules() {
     using namespace vel::schema;
-    static const std::vector<ColumnRule> variableColumns = {{kVariable, kError}, {kValue, kError}};
     static const std::vector<TableRule> rules = {
-        {kCountries, kError, kRefused, {{kName, kWarning}}},
-        {kPhones, kError, kRefused, {{kID, kError}, {kName, kWarning}, {kManufacturerID, kError}}},
-        {kManufacturers, kError, kRefused, {{kName, kWarning}}},
-        {kManufacturerIdentification,
-         kError,
-         kRefused,
-         {{kManufacturerResponse, kError}, {kManufacturerID, kError}}},
-        {kPhoneIdentification,
-         kError,
-         kRefused,
-         {{kManufacturerID, kError}, {kPhoneResponse, kError}, {kPhoneID, kError}}},
-        {kNetworkIdentification,
-         kError,
-         kRefused,
-         {{kNetworkResponse, kError}, {kNetworkID, kError}}},
-        {kNetworks, kWarning, kNoDialTexts, {{kNetworkType, kError}}},
-        {kBasicDUNSettings, kError, kRefused, SettingRules()},
+        {kCountries, kRefused, {}, {kName}},
+        {kPhones, kRefused, {kID, kManufacturerID}, {kName}},
+        {kManufacturers, kRefused, {}, {kName}},
+        {kManufacturerIdentification, kRefused, {kManufacturerResponse, kManufacturerID}, {}},
+        {kPhoneIdentification, kRefused, {kManufacturerID, kPhoneResponse, kPhoneID}, {}},
+        {kNetworkIdentification, kRefused, {kNetworkResponse, kNetworkID}, {}},
+        {kNetworks, kNoDialTexts, {kNetworkType}, {}},
+        {kBasicDUNSettings, kRefused, {kID, kNetworkID, kCountryID}, SettingValues()},
         {kBasicDUNForPhone,
-         kWarning,
          kNoDialTexts,
-         {{kPhoneID, kError},
-          {kNetworkType, kError},
-          {kDialString, kWarning},
-          {kInitializationString, kWarning}}},
-        {kGeneralVariables, kWarning,
-         "tracing is off, and a failed read from the phone is not repeated", variableColumns},
-        {kManufacturerRecipe, kWarning, kNoRecipe, variableColumns},
-        {kPhoneRecipe, kWarning, kNoRecipe, variableColumns},
-        {kNetworkRecipe, kWarning, kNoRecipe, variableColumns},
+         {kPhoneID, kNetworkType},
+         {kDialString, kInitializationString}},
+        {kGeneralVariables,
+         "tracing is off, and a failed read from the phone is not repeated",
+         {kVariable, kValue},
+         {}},
+        {kManufacturerRecipe, kNoRecipe, {kVariable, kValue}, {}},
+        {kPhoneRecipe, kNoRecipe, {kVariable, kValue}, {}},
+        {kNetworkRecipe, kNoRecipe, {kVariable, kValue}, {}},
     };
     return rules;
 }
 
-void CheckColumns(const CatalogueTable& table, const TableRule& rule, Findings& findings) {
-    for (const ColumnRule& column : rule.columns) {
-        if (table.Column(column.name) < 0) {
-            AddFinding(findings, "missing-column", column.missing, {table.name, table.line},
-                       "no column ", InQuotes(column.name),
-                       "; the library takes it for empty in every row: add it");
+void CheckColumns(const CatalogueTable& table, const Names& columns, Severity missing,
+                  Findings& findings) {
+    for (const char* column : columns) {
+        if (table.Column(column) < 0) {
+            AddFinding(findings, "missing-column", missing, {table.name, table.line}, "no column ",
+                       InQuotes(column), "; the library takes it for empty in every row: add it");
         }
     }
 }
@@ -109,10 +93,13 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
 void CheckSchema(const Catalogue& catalogue, Findings& findings) {
     for (const TableRule& rule : Rules()) {
         if (const CatalogueTable* table = catalogue.Find(rule.name)) {
-            CheckColumns(*table, rule, findings);
+            CheckColumns(*table, rule.keys, Severity::kError, findings);
+            CheckColumns(*table, rule.values, Severity::kWarning, findings);
         } else {
-            AddFinding(findings, "missing-table", rule.missing, {rule.name, 0}, "no such table; ",
-                       rule.effect, ": add it, with this very name");
+            AddFinding(findings, "missing-table",
+                       rule.effect == kRefused ? Severity::kError : Severity::kWarning,
+                       {rule.name, 0}, "no such table; ", rule.effect,
+                       ": add it, with this very name");
         }
     }
     for (const char* name : {schema::kPhones, schema::kBasicDUNSettings}) {
