@@ -17,12 +17,15 @@ namespace schema = vel::schema;
 
 namespace {
 
-std::vector<vel::Pointer<vel::IRow>> RowList(const Velmor::Table& table) {
+// A table of the library's session; none when the catalogue lacks it.
+Velmor::Table Table(const char* name) {
+    return Velmor::getVelmor()->FetchTable(name);
+}
+
+std::vector<vel::Pointer<vel::IRow>> RowList(const char* table) {
     std::vector<vel::Pointer<vel::IRow>> list;
-    const Velmor::Rows rows = vel::RowsOf(table);
-    const int count = vel::CountOf(rows);
-    list.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
+    const Velmor::Rows rows = vel::RowsOf(Table(table));
+    for (int i = 0; i < vel::CountOf(rows); ++i) {
         list.push_back(vel::RowAt(rows, i));
     }
     return list;
@@ -33,7 +36,7 @@ std::string Cell(const vel::Pointer<vel::IRow>& row, const char* column) {
 }
 
 // A positive number that is nobody's identifier in a table.
-std::string FreeId(const Velmor::Table& table) {
+std::string FreeId(const char* table) {
     std::set<std::string> taken;
     for (const auto& row : RowList(table)) {
         taken.insert(Cell(row, schema::kID));
@@ -71,13 +74,13 @@ class Adviser {
             networkId = AddNetwork();
         }
         if (!networkId.empty() && vel::CountOf(session_.detectedSettings) == 0) {
-            Add(session_.basicDUNSettings, schema::kBasicDUNSettings,
-                {{schema::kID, FreeId(session_.basicDUNSettings)},
+            Add(schema::kBasicDUNSettings,
+                {{schema::kID, FreeId(schema::kBasicDUNSettings)},
                  {schema::kNetworkID, networkId},
                  {schema::kName, NetworkName()},
                  {schema::kAPN, kAdvisedApn},
                  {schema::kCountryID,
-                  Cell(vel::RowAt(vel::RowsOf(session_.countries), 0), schema::kID)}});
+                  Cell(vel::RowAt(vel::RowsOf(Table(schema::kCountries)), 0), schema::kID)}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);
@@ -90,7 +93,8 @@ class Adviser {
 
   private:
     // A row with these values in the table's own order of columns.
-    void Add(const Velmor::Table& table, const std::string& name, const Values& values) {
+    void Add(const char* name, const Values& values) {
+        const Velmor::Table table = Table(name);
         std::vector<std::string> columns;
         if (table) {
             columns = ColumnNames(*table);
@@ -108,26 +112,25 @@ class Adviser {
     }
 
     std::string AddPhone() {
-        std::string phoneId = FreeId(session_.phones);
+        std::string phoneId = FreeId(schema::kPhones);
         std::string manufacturerId = found_.manufacturerId;
         if (manufacturerId.empty()) {
-            manufacturerId = FreeId(session_.manufacturers);
+            manufacturerId = FreeId(schema::kManufacturers);
             const bool named = found_.manufacturer.IsUsable();
-            Add(session_.manufacturers, schema::kManufacturers,
+            Add(schema::kManufacturers,
                 {{schema::kID, manufacturerId},
                  {schema::kName, named ? NameFrom(found_.manufacturer.answer) : "Unknown"}});
             if (named) {
-                Add(session_.manufacturerIdentification, schema::kManufacturerIdentification,
+                Add(schema::kManufacturerIdentification,
                     {{schema::kManufacturerResponse, found_.manufacturer.key},
                      {schema::kManufacturerID, manufacturerId}});
             }
         }
-        Add(session_.phones, schema::kPhones,
-            {{schema::kID, phoneId},
-             {schema::kName, NameFrom(found_.phone.answer)},
-             {schema::kManufacturerID, manufacturerId}});
+        Add(schema::kPhones, {{schema::kID, phoneId},
+                              {schema::kName, NameFrom(found_.phone.answer)},
+                              {schema::kManufacturerID, manufacturerId}});
         const bool identified = found_.manufacturer.IsUsable() || !found_.manufacturerId.empty();
-        Add(session_.phoneIdentification, schema::kPhoneIdentification,
+        Add(schema::kPhoneIdentification,
             {{schema::kManufacturerID, identified ? manufacturerId : ""},
              {schema::kPhoneResponse, found_.phone.key},
              {schema::kPhoneID, phoneId}});
@@ -135,10 +138,9 @@ class Adviser {
     }
 
     std::string AddNetwork() {
-        std::string networkId = FreeId(session_.networks);
-        Add(session_.networks, schema::kNetworks,
-            {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
-        Add(session_.networkIdentification, schema::kNetworkIdentification,
+        std::string networkId = FreeId(schema::kNetworks);
+        Add(schema::kNetworks, {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
+        Add(schema::kNetworkIdentification,
             {{schema::kNetworkResponse, found_.network.key}, {schema::kNetworkID, networkId}});
         return networkId;
     }
@@ -146,11 +148,11 @@ class Adviser {
     // How other phones dial most often, for each type of network for which this one has no strings.
     void AddDialStrings(const std::string& phoneId) {
         std::set<std::string> types = {CommonType()};
-        for (const auto& row : RowList(session_.networks)) {
+        for (const auto& row : RowList(schema::kNetworks)) {
             types.insert(Cell(row, schema::kNetworkType));
         }
         std::map<std::pair<std::string, std::string>, int> uses;
-        for (const auto& row : RowList(session_.basicDUNForPhone)) {
+        for (const auto& row : RowList(schema::kBasicDUNForPhone)) {
             ++uses[{Cell(row, schema::kDialString), Cell(row, schema::kInitializationString)}];
             if (Cell(row, schema::kPhoneID) == phoneId) {
                 types.erase(Cell(row, schema::kNetworkType));
@@ -161,17 +163,16 @@ class Adviser {
             std::max_element(uses.begin(), uses.end(),
                              [](const auto& a, const auto& b) { return a.second < b.second; });
         for (const std::string& type : types) {
-            Add(session_.basicDUNForPhone, schema::kBasicDUNForPhone,
-                {{schema::kPhoneID, phoneId},
-                 {schema::kNetworkType, type},
-                 {schema::kDialString, most->first.first},
-                 {schema::kInitializationString, most->first.second}});
+            Add(schema::kBasicDUNForPhone, {{schema::kPhoneID, phoneId},
+                                            {schema::kNetworkType, type},
+                                            {schema::kDialString, most->first.first},
+                                            {schema::kInitializationString, most->first.second}});
         }
     }
 
     // The type of the first network; most catalogues have but one.
     std::string CommonType() const {
-        const auto row = vel::RowAt(vel::RowsOf(session_.networks), 0);
+        const auto row = vel::RowAt(vel::RowsOf(Table(schema::kNetworks)), 0);
         return row ? Cell(row, schema::kNetworkType) : "GPRS";
     }
 
