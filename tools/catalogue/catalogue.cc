@@ -10,7 +10,7 @@
 namespace tool {
 namespace {
 
-// Puts the records of a catalogue together to tables.
+// Builds tables from the records of a catalogue.
 class TableBuilder {
   public:
     TableBuilder(Catalogue& catalogue, Findings& findings)
@@ -22,6 +22,7 @@ class TableBuilder {
             return;
         }
         const bool isEnd = !record.fields.empty() && record.fields[0] == vel::kDatabaseEnd;
+        // Nothing is lost when only the end marker follows.
         afterLone_ = afterLone_ || (loneLine_ != 0 && !isEnd);
         if (inTable_) {
             AddInside(record);
@@ -33,15 +34,15 @@ class TableBuilder {
     void Finish() {
         if (inTable_) {
             AddError(findings_, "cut-off-table", {table_.name, table_.line},
-                     "the file ends inside this table; the library keeps the rows so far:"
+                     "the file ends inside this table; the library keeps the rows before the end:"
                      " restore the rest of the file, or end the table with ",
                      vel::kTableEnd);
             EndTable(std::numeric_limits<int>::max());
         } else if (endLine_ == 0 && databaseLine_ != 0) {
             AddWarning(findings_, "no-database-end", {}, "the file ends without ",
                        vel::kDatabaseEnd,
-                       "; the library does not mind, but nobody can tell that it is complete: add"
-                       " the marker");
+                       "; the library accepts this, but the file may be incomplete: add the"
+                       " marker");
         }
         if (databaseLine_ == 0) {
             AddError(findings_, "no-database", {"", earlyTableLine_},
@@ -50,19 +51,19 @@ class TableBuilder {
         } else if (earlyTableLine_ != 0) {
             AddError(findings_, "table-before-database", {"", earlyTableLine_},
                      "a table before the database marker; the library refuses the catalogue: move"
-                     " the marker from line ",
-                     databaseLine_, " before it");
+                     " the marker in line ",
+                     databaseLine_, " before this table");
         }
         if (afterEndLine_ != 0) {
             AddError(findings_, "after-end", {"", afterEndLine_}, "records after ",
                      vel::kDatabaseEnd, "; the library never reads them: move the marker in line ",
-                     endLine_, " behind them");
+                     endLine_, " to the end");
         }
         if (loneLine_ != 0) {
             AddFinding(findings_, "lone-separator",
                        afterLone_ ? Severity::kError : Severity::kWarning, {"", loneLine_},
                        "a record without fields; the library stops reading here: remove the line,"
-                       " or the separator of a comment");
+                       " or, if it is a comment, its separator");
         }
     }
 
@@ -80,15 +81,16 @@ class TableBuilder {
         } else if (first == vel::kTableBegin || first == vel::kDatabaseBegin ||
                    first == vel::kDatabaseEnd) {
             AddError(findings_, "marker-in-table", here, first,
-                     " inside a table; the library takes it and all up to the next ",
-                     vel::kTableEnd, " for rows: end the table before it");
+                     " inside a table; the library reads this line and all lines up to the next ",
+                     vel::kTableEnd, " as rows: end the table before this line");
+            // The end marker is missing. Go on as if it were here.
             EndTable(record.line - 1);
             AddOutside(record);
         } else if (record.fields.size() != table_.columns.size()) {
-            AddError(findings_, "row-width", here, "a row of ", record.fields.size(),
-                     " values for ", table_.columns.size(),
-                     " columns; the library drops it: give it one value, ended by a separator, for"
-                     " each column, and put a backslash before a separator inside a value");
+            AddError(findings_, "row-width", here, "a row with ", record.fields.size(),
+                     " values, but the table has ", table_.columns.size(),
+                     " columns; the library drops the row: write one value for each column, end"
+                     " each with a separator, and put a backslash before a separator in a value");
         } else {
             table_.rows.push_back({record.line, record.fields});
         }
@@ -106,15 +108,15 @@ class TableBuilder {
         } else {
             AddWarning(findings_, "stray-record", {"", record.line},
                        "a record outside of any table; the library ignores it: move it into its"
-                       " table, or remove the separators of a comment");
+                       " table, or, if it is a comment, remove its separators");
         }
     }
 
     void BeginDatabase(const CatalogueRecord& record) {
         if (databaseLine_ != 0) {
             AddError(findings_, "several-databases", {"", record.line},
-                     "a second database marker; the library drops the tables read so far: leave"
-                     " only the first marker");
+                     "a second database marker; the library drops the tables before it: keep only"
+                     " the first marker");
             catalogue_.tables.clear();
         }
         databaseLine_ = record.line;
@@ -135,8 +137,8 @@ class TableBuilder {
         } else {
             table_.name = "<TABLE>" + std::to_string(tableCount_);
             AddWarning(findings_, "unnamed-table", {table_.name, record.line},
-                       "a table without a name; the library names it by its number and never reads"
-                       " it: name it or remove it");
+                       "a table without a name; the library never reads it: give it a name, or"
+                       " remove it");
         }
         if (record.fields.size() > 2) {
             table_.columns.assign(record.fields.begin() + 2, record.fields.end());
@@ -148,8 +150,8 @@ class TableBuilder {
         table_.endLine = line;
         if (const CatalogueTable* first = catalogue_.Find(table_.name)) {
             AddError(findings_, "repeated-table", {table_.name, table_.line},
-                     "a second table of this name; the library never looks into it: move its rows"
-                     " to the first, in line ",
+                     "a second table with this name; the library never reads it: move its rows to"
+                     " the first one, in line ",
                      first->line);
             return;
         }
@@ -158,12 +160,13 @@ class TableBuilder {
 
     Catalogue& catalogue_;
     Findings& findings_;
-    int databaseLine_ = 0;    // of the marker, 0 while there is none
+    // Lines are 0 when there is no such line.
+    int databaseLine_ = 0;    // of the database marker
     int earlyTableLine_ = 0;  // of the first table before it
     int endLine_ = 0;         // of the end marker
-    int afterEndLine_ = 0;    // of the first record after that
-    int loneLine_ = 0;        // of a lone separator that ends the reading
-    bool afterLone_ = false;  // and whether anything is lost by that
+    int afterEndLine_ = 0;    // of the first record after it
+    int loneLine_ = 0;        // of the record without fields at which the library stops reading
+    bool afterLone_ = false;  // whether the library loses anything after that line
     int tableCount_ = 0;
     bool inTable_ = false;
     CatalogueTable table_;
@@ -196,6 +199,7 @@ Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {
         builder.Add(record);
     }
     builder.Finish();
+    // The findings about single lines came before the tables were known.
     for (Finding& finding : findings) {
         for (const CatalogueTable& table : catalogue.tables) {
             if (table.line <= finding.place.line && finding.place.line <= table.endLine) {

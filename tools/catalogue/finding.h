@@ -7,25 +7,26 @@
 
 namespace tool {
 
+// An error makes the library lose, confuse or cut something. A warning may be intended.
 enum class Severity { kWarning, kError };
 
-// Where a finding is: a line of the file, 0 for the file as a whole, and the table it belongs to.
+// The place of a finding: a line of the file (0: the whole file), and the table of this line.
 struct Place {
     std::string table;
     int line = 0;
 };
 
-// A fault of a catalogue. The identifiers are documented in docs/velmor.1 and never change.
+// A fault of a catalogue. docs/velmor.1 describes the identifiers, which never change.
 struct Finding {
     std::string id;
     Severity severity;
     Place place;
-    std::string message;  // what the library does about it, and how to mend it
+    std::string message;  // "what is wrong; what the library does: what to do"
 };
 
 using Findings = std::vector<Finding>;
 
-// The message comes in parts, which follow one another.
+// These add a finding. Its message comes in parts, as for Concat.
 template <class... Parts>
 void AddFinding(Findings& findings, const char* id, Severity severity, const Place& place,
                 const Parts&... message) {

@@ -9,6 +9,7 @@
 namespace tool {
 namespace {
 
+// The letter D, then two letters for each byte.
 bool IsCipherText(const std::string& line) {
     return line.size() % 2 == 1 &&
            line.find_first_not_of("abcdefghijklmnop", 1) == std::string::npos;
@@ -18,8 +19,8 @@ bool IsBlank(const std::string& text) {
     return text.find_first_not_of(" \t") == std::string::npos;
 }
 
-// Reads line after line as the library does: the key stream runs on from one hidden line to the
-// next.
+// Reads the lines in order, as the library does: the key stream of the cipher goes on from one
+// enciphered line to the next.
 class LineReader {
   public:
     explicit LineReader(Findings& findings) : findings_(findings) {}
@@ -38,14 +39,13 @@ class LineReader {
         if (line[0] == 'E' && sawStored_ && !mixed_) {
             mixed_ = true;
             AddWarning(findings_, "mixed-forms", here_,
-                       "a source line among enciphered ones; the library reads it as it stands,"
-                       " but its text is not hidden: decode the catalogue, edit the source and"
-                       " encode that");
+                       "a source line among enciphered lines; the library reads it, but its text is"
+                       " not hidden: decode the catalogue, edit the source, and encode it again");
         }
         if (text.find('\0') != std::string::npos) {
             AddError(findings_, "nul-byte", here_,
-                     "holds a NUL byte; the library loses it, in a hidden line with all that"
-                     " follows: remove it");
+                     "a NUL byte; the library drops it, and in a hidden line also the rest of the"
+                     " line: remove the byte");
             return;
         }
         ReadText(text, hidden);
@@ -54,19 +54,20 @@ class LineReader {
     std::vector<CatalogueRecord> records;
 
   private:
-    // The line in readable form with the letter that marks a hidden one; empty when it is damaged.
+    // The line as in a source; empty when it is not cipher text.
     std::string Decipher(const std::string& line) {
+        // Like the library, this deciphers any line with a D: that advances the key stream.
         std::string text = FromLibrary(crypter_.Decrypt(ToLibrary(line)));
         if (!IsCipherText(line)) {
             AddError(findings_, "not-enciphered", here_,
-                     "begins with D but is no cipher text; the library deciphers it all the same,"
-                     " and every enciphered line after it comes out wrong: put another character"
-                     " before the D, or encode the catalogue anew");
+                     "begins with D but is not cipher text; the library deciphers it nevertheless,"
+                     " and then misreads every enciphered line after it: put another character"
+                     " before the D, or encode the catalogue again");
             return "";
         }
         sawStored_ = true;
         if (text.size() != line.size() / 2 + 1) {
-            text += '\0';  // the library ended the line here
+            text += '\0';  // the text is cut because it holds a NUL, which Read reports
         }
         return text;
     }
@@ -80,17 +81,18 @@ class LineReader {
             }
         } else if (text.find(vel::kSeparator) != std::string::npos) {
             AddWarning(findings_, "skipped-line", here_,
-                       "looks like a record, but the library skips it for the \"?\" or the"
-                       " backslash before its first separator: remove that, or the separators of"
-                       " a comment");
+                       "looks like a record; the library skips it because of a \"?\" or a backslash"
+                       " before its first separator: remove that character, or, if it is a comment,"
+                       " its separators");
         } else if (hidden && text.size() > 1) {
-            AddWarning(findings_, "skipped-line", here_,
-                       "is marked as hidden but holds no separator, so the library skips it: begin"
-                       " a comment with another letter; if it is none, the catalogue is damaged");
+            AddWarning(
+                findings_, "skipped-line", here_,
+                "is marked as hidden but has no separator; the library skips it: begin it"
+                " with another letter if it is a comment; otherwise the catalogue is damaged");
         }
     }
 
-    // Tells of what the library ignores at the two ends of a record.
+    // Reports the text that the library ignores before and after a record.
     void CheckEnds(const std::string& text, bool hidden, int fieldCount) {
         std::size_t first = 0;
         while (text[first] != vel::kSeparator) {
@@ -98,24 +100,25 @@ class LineReader {
         }
         const std::string before = text.substr(hidden ? 1 : 0, first - (hidden ? 1 : 0));
         if (!IsBlank(before)) {
-            AddWarning(findings_, "text-before-record", here_, "the library ignores the text ",
-                       InQuotes(before),
-                       " before the first separator: remove it, or put a separator before it");
+            AddWarning(findings_, "text-before-record", here_, "the text ", InQuotes(before),
+                       " comes before the first separator; the library ignores it: remove it, or"
+                       " put a separator before it");
         }
-        // Two more separators end what the library leaves unfinished, be the first of them escaped.
+        // The library drops a last field that no separator ends. Here two separators end it: a
+        // backslash at the end of the line escapes the first one.
         vel::Record record;
         vel::SplitRecord(ToLibrary(text + vel::kSeparator + vel::kSeparator), vel::kSeparator,
                          record);
         const std::string after = FromLibrary(record[fieldCount]);
         if (!IsBlank(after)) {
-            AddWarning(findings_, "text-after-record", here_, "the library ignores the text ",
-                       InQuotes(after),
-                       " after the last separator: remove it, or end it with a separator");
+            AddWarning(findings_, "text-after-record", here_, "the text ", InQuotes(after),
+                       " comes after the last separator; the library ignores it: remove it, or end"
+                       " it with a separator");
         }
     }
 
     Findings& findings_;
-    Place here_;  // the line being read, of no table yet
+    Place here_;  // the current line; its table is not known yet
     bool sawStored_ = false;
     bool mixed_ = false;
     vel::ArrayCrypter crypter_;

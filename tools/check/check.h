@@ -5,17 +5,17 @@
 
 namespace tool {
 
-// Everything that is wrong with the bytes of a catalogue, in the order of its lines.
+// All findings about the bytes of a catalogue, in the order of its lines.
 Findings CheckCatalogue(const std::string& bytes);
 
-// The parts of that, each adding what it finds.
-// Tables and columns that are missing or repeated.
+// The parts of the check; each adds its findings.
+// Missing and repeated tables and columns.
 void CheckSchema(const Catalogue& catalogue, Findings& findings);
-// Keys and identifiers, and what refers to them.
+// Keys and identifiers, and the columns that refer to them.
 void CheckKeys(const Catalogue& catalogue, Findings& findings);
-// Rows that no answer of a phone can select.
+// Identification rows that no answer of a phone selects.
 void CheckIdentification(const Catalogue& catalogue, Findings& findings);
-// What becomes of settings on their way into a host's record.
+// Dial strings and values that a host gets changed, cut or not at all.
 void CheckSettings(const Catalogue& catalogue, Findings& findings);
 
 }  // namespace tool

@@ -11,12 +11,13 @@ namespace {
 
 using namespace vel::schema;
 
-// Whether some answer, in capital or small letters, becomes the key.
+// Whether an answer can become the key. Small letters are tried too: a recipe can remove a capital
+// letter and then make capitals of small ones.
 bool CanYield(const vel::Recipe& recipe, const std::string& key) {
     return MakeKey(recipe, key) == key || MakeKey(recipe, InSmallLetters(key)) == key;
 }
 
-// One of the identification tables.
+// The check of one identification table.
 class IdentificationCheck {
   public:
     IdentificationCheck(const Catalogue& catalogue, const char* name, const char* response,
@@ -28,13 +29,13 @@ class IdentificationCheck {
           recipe_(ReadRecipe(catalogue.Find(recipe))),
           findings_(findings) {}
 
-    // A manufacturer's key is looked for within the answer.
+    // The library looks for the key inside the answer, so a short key hides longer ones after it.
     void CheckManufacturers() {
         const std::vector<const CatalogueRow*> rows = ReachableRows();
         for (std::size_t i = 0; i < rows.size(); ++i) {
             for (std::size_t k = 0; k < i; ++k) {
                 if (rows[i]->Cell(response_).find(rows[k]->Cell(response_)) != std::string::npos) {
-                    AddHidden(*rows[i], *rows[k], " accepts every answer that holds this key");
+                    AddHidden(*rows[i], *rows[k], " matches every answer that holds this key");
                     break;
                 }
             }
@@ -50,14 +51,14 @@ class IdentificationCheck {
             const std::string key = row->Cell(response_);
             if (key.size() > vel::kImsiDigits && IsDigits(key)) {
                 AddError(findings_, "long-network-key", table_.At(*row), "the key has ", key.size(),
-                         " digits; the library looks up at most five of a subscriber's number: use"
-                         " the first five");
+                         " digits; the library looks up only the first five digits of a"
+                         " subscriber's number: use the first five");
             }
         }
     }
 
   private:
-    // The rows whose key some answer can yield; tells of the others.
+    // The rows whose key an answer can become. Adds a finding for each other row.
     std::vector<const CatalogueRow*> ReachableRows() {
         std::vector<const CatalogueRow*> rows;
         if (response_ < 0) {
@@ -69,13 +70,15 @@ class IdentificationCheck {
                 rows.push_back(&row);
             } else {
                 AddError(findings_, "unmatchable-key", table_.At(row), "the recipe ", recipeName_,
-                         " makes ", InQuotes(MakeKey(recipe_, key)), " of ", InQuotes(key),
-                         ", so no answer ever matches the row: write the key as the recipe does");
+                         " changes the key ", InQuotes(key), " to ",
+                         InQuotes(MakeKey(recipe_, key)),
+                         "; no answer ever matches the row: write the key as the recipe makes it");
             }
         }
         return rows;
     }
 
+    // Compares the keys of rows that have the same value in the column `group`; -1: of all rows.
     void CheckEqualKeys(const std::vector<const CatalogueRow*>& rows, int group) {
         std::map<std::pair<std::string, std::string>, const CatalogueRow*> seen;
         for (const CatalogueRow* row : rows) {
@@ -86,8 +89,8 @@ class IdentificationCheck {
             }
             if (row->Cell(response_).empty()) {
                 AddWarning(findings_, "empty-key", table_.At(*row),
-                           "an empty key; the library takes the row for a phone that gives no"
-                           " answer: remove it unless that is meant");
+                           "an empty key; the library uses the row for a phone that gives no"
+                           " answer: remove the row unless you want this");
             }
         }
     }
@@ -96,8 +99,8 @@ class IdentificationCheck {
         const bool harmless = row.Cell(result_) == first.Cell(result_);
         AddFinding(findings_, "hidden-row", harmless ? Severity::kWarning : Severity::kError,
                    table_.At(row), "the row in line ", first.line, why,
-                   ", so the library never takes this one: ",
-                   harmless ? "remove it" : "move it before that, or remove it");
+                   "; the library never uses this row: ",
+                   harmless ? "remove it" : "move it before that row, or remove it");
     }
 
     const CatalogueTable& table_;

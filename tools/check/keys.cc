@@ -17,23 +17,22 @@ struct Relation {
     const char* column;
     const char* target;
     bool mayBeEmpty;
-    const char* effect;  // of a reference to nothing
+    const char* effect;  // of a key that does not exist
 };
 
 const Relation kRelations[] = {
     {kPhones, kManufacturerID, kManufacturers, false, "the phone has no description"},
     {kManufacturerIdentification, kManufacturerID, kManufacturers, false,
-     "the library detects a manufacturer that it does not know"},
-    // Empty: the phone is recognised when its manufacturer is not.
+     "the library detects a manufacturer that is not in the catalogue"},
+    // Empty: for phones whose manufacturer is not recognised.
     {kPhoneIdentification, kManufacturerID, kManufacturers, true, "the row matches no phone"},
     {kPhoneIdentification, kPhoneID, kPhones, false,
-     "the library detects a phone that it does not know"},
+     "the library detects a phone that is not in the catalogue"},
     {kNetworkIdentification, kNetworkID, kNetworks, false,
-     "the network detected has no type, and no setting gets its dial string"},
+     "the detected network has no type, so no setting gets a dial string"},
     {kBasicDUNSettings, kNetworkID, kNetworks, false,
      "the setting is never offered on detection and has no dial string"},
-    {kBasicDUNSettings, kCountryID, kCountries, false,
-     "the setting is not listed under any country"},
+    {kBasicDUNSettings, kCountryID, kCountries, false, "no country lists the setting"},
     {kBasicDUNForPhone, kPhoneID, kPhones, false, "the row is never used"},
 };
 
@@ -58,8 +57,8 @@ void CheckRelation(const Catalogue& catalogue, const Relation& relation, Finding
         const std::string value = row.Cell(column);
         if (keys.count(value) == 0 && !(value.empty() && relation.mayBeEmpty)) {
             AddError(findings, "dangling-key", table.At(row), relation.column, " ", InQuotes(value),
-                     " is no key of ", relation.target, "; ", relation.effect,
-                     ": correct it, or add the row it refers to");
+                     " is not a key of ", relation.target, "; ", relation.effect,
+                     ": correct it, or add the missing row");
         }
     }
 }
@@ -72,9 +71,9 @@ void CheckNetworkTypes(const Catalogue& catalogue, Findings& findings) {
     const Texts types = ColumnTexts(networks, target);
     for (const CatalogueRow& row : table.rows) {
         if (column >= 0 && target >= 0 && types.count(row.Cell(column)) == 0) {
-            AddWarning(findings, "unused-network-type", table.At(row), "no network is of the type ",
+            AddWarning(findings, "unused-network-type", table.At(row), "no network has the type ",
                        InQuotes(row.Cell(column)),
-                       "; the library never uses the row: correct the type or remove the row");
+                       "; the library never uses this row: correct the type, or remove the row");
         }
     }
 }
@@ -88,21 +87,22 @@ void CheckRepeated(const CatalogueTable& table, int column, Findings& findings) 
         const auto [first, isNew] = lines.emplace(row.Cell(column), row.line);
         if (!isNew) {
             AddError(findings, "repeated-key", table.At(row), "the key ", InQuotes(first->first),
-                     " stands in line ", first->second,
-                     " already; look-ups find only that row: change the key or remove one row");
+                     " is already in line ", first->second,
+                     "; look-ups find only that row: change this key, or remove one row");
         }
     }
 }
 
-// An identifier goes out as a number, and what comes back is looked up as that number's text.
+// A host gets an identifier as a number. When it passes the number back, the library looks for the
+// number's decimal text.
 void CheckNumbers(const CatalogueTable& table, Findings& findings) {
     const int column = table.Column(kID);
     for (const CatalogueRow& row : table.rows) {
         const std::string id = row.Cell(column);
         if (column >= 0 && std::to_string(vel::ReadNumber(id.c_str(), -1)) != id) {
             AddError(findings, "bad-identifier", table.At(row), "the identifier ", InQuotes(id),
-                     " is no 32-bit number as the library writes it; the host gets another and"
-                     " cannot ask for this row: use plain digits");
+                     " is not the plain form of a 32-bit number; a host gets another number and"
+                     " cannot ask for this row: write plain digits");
         }
     }
 }

@@ -10,15 +10,16 @@ namespace {
 
 constexpr char kRefused[] = "the library refuses the catalogue";
 constexpr char kNoDialTexts[] = "no setting gets dial and initialisation strings";
-constexpr char kNoRecipe[] = "the answers are compared with the keys as they come";
+constexpr char kNoRecipe[] =
+    "the library compares the keys with the answers as the phone sends them";
 
 using Names = std::vector<const char*>;
 
 // A table that the library reads.
 struct TableRule {
     const char* name;
-    std::string effect;  // of a missing table
-    Names keys;          // columns without which the library finds no row
+    std::string effect;  // of the missing table
+    Names keys;          // the columns without which the library finds no row
     Names values;        // the other columns
 };
 
@@ -64,17 +65,17 @@ void CheckColumns(const CatalogueTable& table, const Names& columns, Severity mi
     for (const char* column : columns) {
         if (table.Column(column) < 0) {
             AddFinding(findings, "missing-column", missing, {table.name, table.line}, "no column ",
-                       InQuotes(column), "; the library takes it for empty in every row: add it");
+                       InQuotes(column), "; the library reads it as empty in every row: add it");
         }
     }
 }
 
-// The host passes the number in the column ID, and the library looks for it in the first one.
+// A host gets identifiers from the column ID, but the library looks for them in the first column.
 void CheckKeyColumn(const CatalogueTable& table, Findings& findings) {
     if (table.Column(schema::kID) > 0) {
         AddError(findings, "key-column", {table.name, table.line},
-                 "the column \"ID\" is not the first; the library looks for identifiers in the"
-                 " first: move it there");
+                 "the column \"ID\" is not the first one; the library looks for identifiers in"
+                 " the first column: move \"ID\" there");
     }
 }
 
@@ -83,7 +84,7 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
         if (table.Column(table.columns[i]) < static_cast<int>(i)) {
             AddWarning(findings, "repeated-column", {table.name, table.line}, "a second column ",
                        InQuotes(table.columns[i]),
-                       "; the library reads only the first: name it otherwise");
+                       "; the library reads only the first one: rename this column");
         }
     }
 }
@@ -99,7 +100,7 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
             AddFinding(findings, "missing-table",
                        rule.effect == kRefused ? Severity::kError : Severity::kWarning,
                        {rule.name, 0}, "no such table; ", rule.effect,
-                       ": add it, with this very name");
+                       ": add it, with exactly this name");
         }
     }
     for (const char* name : {schema::kPhones, schema::kBasicDUNSettings}) {

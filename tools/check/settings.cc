@@ -14,13 +14,14 @@ using namespace vel::schema;
 
 const std::vector<const char*> kTemplates = {kDialString, kInitializationString};
 
-// The settings of the networks of one type, as far as they fill a placeholder.
+// The values of one column that replace a placeholder, in the DUN settings of one network type.
 struct Filling {
     int emptyCount = 0;
-    int emptyLine = 0;  // of the first of these settings
+    int emptyLine = 0;  // of the first empty value
     std::size_t longest = 0;
 };
-using Fillings = std::map<std::string, std::map<std::string, Filling>>;  // by type and name
+using Fillings =
+    std::map<std::string, std::map<std::string, Filling>>;  // by network type and column
 
 void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& columns,
                   Findings& findings) {
@@ -29,8 +30,8 @@ void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& c
             const std::size_t size = row.Cell(table.Column(column)).size();
             if (size >= VELMOR_TEXT_SIZE) {
                 AddError(findings, "long-value", table.At(row), column, " has ", size,
-                         " bytes; the library cuts it after 256, without a terminator: shorten it"
-                         " to 255");
+                         " bytes; the library cuts it after 256 bytes, without a terminator:"
+                         " shorten it to 255");
             }
         }
     }
@@ -59,7 +60,7 @@ Fillings FindFillings(const Catalogue& catalogue) {
     return fillings;
 }
 
-// A word between "%" that is none of the placeholders, the first one in the text; else empty.
+// The first word between percent signs that is not a placeholder; empty when there is none.
 std::string FindUnknown(const std::string& text) {
     const char letters[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
     for (std::size_t start = 0; (start = text.find('%', start)) != std::string::npos;) {
@@ -78,13 +79,14 @@ std::string FindUnknown(const std::string& text) {
     return "";
 }
 
-// One dial or initialisation string with the settings that may go into it.
+// Checks a dial or initialisation string, and the values that can replace its placeholders.
 void CheckTemplate(const Place& place, const char* column, const std::string& text,
                    std::map<std::string, Filling>& fillings, Findings& findings) {
     const std::string unknown = FindUnknown(text);
     if (!unknown.empty()) {
         AddWarning(findings, "unknown-placeholder", place, "%", unknown, "% in ", column,
-                   "; the library leaves it as it is: write %APN%, %NUM% or %VAR1%");
+                   " is not a placeholder; the library leaves it unchanged: write %APN%, %NUM% or"
+                   " %VAR1%");
     }
     std::size_t longest = text.size();
     for (const auto& [placeholderText, name, message] : vel::kPlaceholders) {
@@ -99,15 +101,16 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
         if (uses > 0 && filling.emptyCount > 0) {
             AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
                        " has no value in ", filling.emptyCount,
-                       " setting(s) of this network type; the library puts nothing there: fill the"
+                       " setting(s) of this network type; the library inserts nothing: fill the"
                        " column ",
                        name, ", first in line ", filling.emptyLine);
         }
     }
+    // A text that is too long by itself has its own finding.
     if (text.size() < VELMOR_TEXT_SIZE && longest >= VELMOR_TEXT_SIZE) {
-        AddWarning(findings, "long-value", place, column, " may grow to ", longest,
-                   " bytes when its placeholders are filled; the library cuts it after 256,"
-                   " without a terminator: shorten it, or the values");
+        AddWarning(findings, "long-value", place, column, " can have ", longest,
+                   " bytes when values replace its placeholders; the library cuts it after 256"
+                   " bytes, without a terminator: shorten it, or the values");
     }
 }
 
@@ -121,8 +124,8 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
         const auto [first, isNew] = seen.emplace(std::make_pair(phone, type), row.line);
         if (!isNew) {
             AddError(findings, "ambiguous-phone-row", table.At(row), "another row for phone ",
-                     InQuotes(phone), " and network type ", InQuotes(type), " stands in line ",
-                     first->second, "; the library then uses none of them: remove all but one");
+                     InQuotes(phone), " and network type ", InQuotes(type), " is in line ",
+                     first->second, "; the library uses none of them: keep only one");
         }
         for (const char* column : kTemplates) {
             CheckTemplate(table.At(row), column, row.Cell(table.Column(column)), fillings[type],
