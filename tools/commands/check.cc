@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor check: what is wrong with a catalogue, and what the library makes of it.
+// velmor check: reports what is wrong with a catalogue.
 #include "check/check.h"
 
 #include <algorithm>
@@ -63,10 +63,10 @@ int Check(const ReadOptions& options) {
 
 void AddCheck(CommandLine& line) {
     const auto [command, options] = line.Add(
-        "check", "Tells what is wrong with a catalogue, in its source or its stored form.", Check);
+        "check", "Reports what is wrong with a catalogue, in its source or stored form.", Check);
     AddRead(command, *options);
     command->footer(
-        "Exit status: 0 without errors (warnings count for nothing), 1 with errors, 2 when the file"
+        "Exit status: 0 without errors (warnings do not count), 1 with errors, 2 when the file"
         " cannot be read.\nExample: velmor check my.source\n");
 }
 

@@ -7,7 +7,7 @@
 
 namespace tool {
 
-// The exit statuses that the commands share: 0 well, 1 findings or nothing found, 2 trouble.
+// The exit statuses of all commands: success, findings or nothing found, failure.
 enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
 
 // The options of the commands that print what a catalogue holds.
@@ -16,28 +16,30 @@ struct ReadOptions {
     bool json = false;
 };
 
-// Adds an option; the help calls its value by that word.
+// Adds an option. The help calls its value `word`.
 template <class Value>
 CLI::Option* AddValue(CLI::App* command, const char* name, Value& value, const char* word,
                       const char* help) {
     return command->add_option(name, value, help)->type_name(word);
 }
 
+// Adds CATALOGUE and --json.
 inline void AddRead(CLI::App* command, ReadOptions& options) {
     command->add_option("CATALOGUE", options.catalogue, "file to read")->required();
-    command->add_flag("--json", options.json, "print for machines");
+    command->add_flag("--json", options.json, "print JSON");
 }
 
-// A subcommand whose arguments are still to be added; they fill its options.
+// A subcommand, and the options that its arguments fill.
 template <class Options>
 struct Subcommand {
     CLI::App* command;
     Options* options;
 };
 
-// The command line with its subcommands.
+// The command line and its subcommands.
 struct CommandLine {
-    // Adds a subcommand. Its action runs when it is chosen, and returns the exit status.
+    // Adds a subcommand without arguments. Its action runs when the user chooses it, and returns
+    // the exit status.
     template <class Options>
     Subcommand<Options> Add(const char* name, const char* help, int (*action)(const Options&)) {
         auto options = std::make_shared<Options>();

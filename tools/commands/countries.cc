@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor countries: the countries that a host offers to its user.
+// velmor countries: lists the countries that a host offers to its user.
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
 #include "support/print.h"

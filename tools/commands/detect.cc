@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor detect: finds out which phone is on a serial device, as a host does.
+// velmor detect: detects the phone on a serial device as a host does.
 #include <unistd.h>
 
 #include <iostream>
@@ -16,6 +16,7 @@
 namespace tool {
 namespace {
 
+// The arguments.
 struct Options {
     std::string catalogue;
     DialerLink link;
@@ -34,7 +35,7 @@ void WriteForDialer(const Detection& found, const DialerLink& link, const Option
                             : Concat("setting ", options.setting, ": does not fit this network"));
     }
     if (options.setting == 0 && found.settings.size() > 1) {
-        std::cerr << "velmor: of " << found.settings.size() << " settings that fit, this is number "
+        std::cerr << "velmor: " << found.settings.size() << " settings fit; this is number "
                   << setting->values.aBasicDUNSettingId << "; --setting chooses another\n";
     }
     WriteDialerFiles(setting->values, link, options.format);
@@ -49,13 +50,13 @@ int RunDetect(const Options& options) {
     }
     const PrivateSession session(options.catalogue, Dialogue::Read, Dialogue::Send);
     Detection found;
-    {
+    {  // the device gets its parameters back before anything is printed
         SerialLine line(link.device, link.baud);
         Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
         found = Detect(dialogue);
         if (Interruption::Signal() != 0) {
             std::cerr << "velmor: interrupted\n";
-            return 128 + Interruption::Signal();
+            return 128 + Interruption::Signal();  // as shells report a signal
         }
         if (line.Gone()) {
             throw ToolError(link.device, ": the device is gone");
@@ -86,18 +87,18 @@ void AddDetect(CommandLine& line) {
     AddValue(source, "--phone", options->profile, "PROFILE",
              "play this profile instead of a real phone");
     source->require_option(1);
-    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; 115200");
+    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; default 115200");
     AddValue(command, "--timeout", options->timeout, "SECONDS",
-             "limit for each AT command; 10 seconds")
+             "limit for each AT command; default 10")
         ->check(CLI::Range(0.01, 3600.0));
     AddValue(command, "--setting", options->setting, "ID",
-             "for ppp and wvdial: not the first setting")
+             "for ppp and wvdial: use this setting, not the first one")
         ->check(CLI::Range(1L, 2147483647L));
     command->add_flag("-v,--verbose", options->verbose,
-                      "show the dialogue though standard error is no terminal");
+                      "show the dialogue even when standard error is not a terminal");
     AddFormat(command, options->format);
     command->footer(
-        "Exit status 1 when phone or network is not known.\n"
+        "Exit status 1 when the phone is not known or no setting is ready to dial.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");
 }
 

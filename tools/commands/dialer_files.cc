@@ -13,13 +13,13 @@
 namespace tool {
 namespace {
 
-// The value of a field; refuses control characters. A line break would end the AT command or the
-// line in the file, and none of the programs needs the others.
+// Returns the value of a field. Refuses control characters: a line break would end the AT command
+// or the line of the file, and no program needs the others.
 std::string OneLine(const char* field, const std::string& value) {
     if (std::any_of(value.begin(), value.end(), IsControl)) {
         throw ToolError(field,
-                        ": holds a line break or another control character, which neither an AT "
-                        "command nor a configuration file can hold");
+                        ": has a line break or another control character; AT commands and "
+                        "configuration files cannot hold it");
     }
     return value;
 }
@@ -34,12 +34,13 @@ std::string Escaped(const std::string& value, const char* escaped) {
     return text + "\"";
 }
 
-// In pppd a backslash quotes the next character.
+// pppd takes the character after a backslash as it is.
 std::string PppdWord(const std::string& value) {
     return Escaped(value, "\\\"");
 }
 
-// In chat there are also ^C, $VARIABLE, and a file's name after @; EOT and BREAK alone are signals.
+// chat gives a meaning to ^C and $VARIABLE, to @ before a file name, and to the words EOT and
+// BREAK.
 std::string ChatWord(const std::string& value) {
     std::string text = Escaped(value, "\\\"'^$");
     if (value[0] == '@' || value == "EOT" || value == "BREAK") {
@@ -48,7 +49,7 @@ std::string ChatWord(const std::string& value) {
     return text;
 }
 
-// In wvdial's files braces quote as well.
+// wvdial also quotes with braces.
 std::string WvdialValue(const std::string& value) {
     return Escaped(value, "\\\"{}");
 }
@@ -68,7 +69,7 @@ std::string Address(const char* field, const std::string& value) {
         return "";
     }
     if (inet_pton(AF_INET, value.c_str(), &address) != 1) {
-        throw ToolError(field, ": is no Internet address");
+        throw ToolError(field, ": is not an IPv4 address");
     }
     return value;
 }
@@ -84,7 +85,7 @@ std::string DialString(const Velmor_DUNSetting& setting) {
 
 std::string Title(const Velmor_DUNSetting& setting) {
     return Concat("# Setting ", setting.aBasicDUNSettingId,
-                  " of a Velmor catalogue. Holds a password: let nobody else read it.\n");
+                  " of a Velmor catalogue. It may hold a password: keep it private.\n");
 }
 
 }  // namespace
@@ -113,7 +114,7 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     return text;
 }
 
-// The echo goes off first: an access point's name may hold a word that ends the script.
+// The echo is switched off first: the name of an access point may hold a word that ends the script.
 std::string ChatScript(const Velmor_DUNSetting& setting) {
     std::string text =
         "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"
@@ -125,11 +126,11 @@ std::string ChatScript(const Velmor_DUNSetting& setting) {
 }
 
 std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link) {
-    // wvdial sends the dial command and the number as one line, so any place to part them will do.
+    // wvdial sends the dial command and the number in one line, so both may be split anywhere.
     const std::string dial = DialString(setting);
     const std::size_t number = dial.find_first_not_of("ATDPatdp");
     if (number == 0 || number == std::string::npos) {
-        throw ToolError("dial string: is no command with a number, as wvdial wants it");
+        throw ToolError("dial string: is not a command with a number, which wvdial needs");
     }
     std::string text = Title(setting) + "[Dialer velmor]\n";
     const auto set = [&](const char* key, const std::string& value) {
@@ -144,7 +145,7 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     set("Username", HostText(setting.DefaultUser));
     set("Password", HostText(setting.DefaultPassword));
     set("Force Address", Address("client address", HostText(setting.ClientIP)));
-    set("Stupid Mode", "yes");
+    set("Stupid Mode", "yes");  // starts pppd at once, without a login
     for (const auto& server : {HostText(setting.Dns1), HostText(setting.Dns2)}) {
         const std::string address = Address("name server", server);
         text += address.empty() ? "" : "# Name server of this setting: " + address + "\n";

@@ -7,16 +7,16 @@
 
 namespace tool {
 
-// Files with which other programs dial, made from a setting. Each value stands in them as data, be
-// it what it may; what a file format cannot hold is refused with a ToolError that names the field.
+// Files with which other programs dial, made from a DUN setting. Each value is data there, whatever
+// it contains. A value that a file format cannot hold throws a ToolError that names the field.
 
-// Where and how to dial.
+// The serial device to dial with.
 struct DialerLink {
-    std::string device;  // empty: left to the program
+    std::string device;  // empty: the program chooses it
     unsigned baud = 115200;
 };
 
-// An options file for pppd(8), as in /etc/ppp/peers, that dials with the chat script at that path.
+// An options file for pppd(8), as in /etc/ppp/peers. It dials with the chat script at that path.
 std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const std::string& chatScript);
 // A script for chat(8), from the initialisation string to CONNECT.

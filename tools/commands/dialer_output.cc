@@ -12,7 +12,7 @@
 namespace tool {
 namespace {
 
-// Where Debian keeps the two files.
+// The places of the two files on Debian.
 constexpr char kPeers[] = "/etc/ppp/peers/velmor";
 constexpr char kChatScript[] = "/etc/chatscripts/velmor";
 
@@ -42,13 +42,13 @@ void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
         const std::string path = std::filesystem::absolute(format.directory) / "velmor";
         const std::string peers = PeersFile(setting, link, path + ".chat");
         const std::string script = ChatScript(setting);
-        const mode_t mask = umask(077);  // for the password
+        const mode_t mask = umask(077);  // the files may hold a password
         OutputFile peersFile(path, format.force);
         OutputFile scriptFile(path + ".chat", format.force);
         umask(mask);
         peersFile.Write(peers);
         scriptFile.Write(script);
-        scriptFile.Commit();
+        scriptFile.Commit();  // first: the peers file refers to it
         peersFile.Commit();
     }
 }

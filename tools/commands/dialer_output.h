@@ -7,17 +7,17 @@
 
 namespace tool {
 
-// How a command prints what it has found.
+// The form in which a command prints a DUN setting.
 struct OutputFormat {
     std::string name = "text";  // or json, ppp, wvdial
     std::string directory;      // for the files of ppp; empty: standard output
-    bool force = false;         // replaces existing files
+    bool force = false;         // replace existing files
 };
 
 // Adds --format, --json, --output and --force.
 void AddFormat(CLI::App* command, OutputFormat& format);
 
-// Prints or writes the dialler's files for a setting.
+// Prints or writes the files for pppd or wvdial.
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor encode and decode: one conversion in its two directions.
+// velmor encode and velmor decode: convert a catalogue into its other form.
 #include "catalogue/conversion.h"
 #include "commands/command.h"
 #include "support/output_file.h"
@@ -7,6 +7,7 @@
 namespace tool {
 namespace {
 
+// The arguments, and the function that converts.
 struct Options {
     std::string input;
     std::string output;
@@ -30,7 +31,7 @@ void Add(CommandLine& line, const char* name, const char* help, const char* from
     AddValue(command, "-o,--output", options->output, to, "file to write")->required();
     command->add_flag("--force", options->force, "replace an existing file");
     command->footer(
-        "Line ends become line feeds; all else comes back byte for byte.\n"
+        "Line ends become line feeds. Everything else comes back byte for byte.\n"
         "Example: velmor " +
         example + "\n");
 }
@@ -43,8 +44,8 @@ void AddEncode(CommandLine& line) {
 }
 
 void AddDecode(CommandLine& line) {
-    Add(line, "decode", "Makes the source of a catalogue.", "CATALOGUE", "SOURCE", DecodeCatalogue,
-        "decode my.catalogue -o my.source");
+    Add(line, "decode", "Makes the source from a catalogue.", "CATALOGUE", "SOURCE",
+        DecodeCatalogue, "decode my.catalogue -o my.source");
 }
 
 }  // namespace tool

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor import: makes a catalogue source of operators' data and a source of phones.
+// velmor import: makes a catalogue source from operators' data and a source of phones.
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -18,6 +18,7 @@ namespace schema = vel::schema;
 
 namespace {
 
+// The arguments.
 struct Options {
     std::string providers;
     std::string phones;
@@ -26,14 +27,14 @@ struct Options {
     bool force = false;
 };
 
-// The names of the list; those of the data, which are not all English, where it has none; the code
-// where they have none either.
+// A country gets its name from the list, else its name in the data, else its code. Not all names in
+// the data are English.
 void NameCountries(std::vector<Country>& countries, const std::string& iso, ImportReport& report) {
     std::map<std::string, std::string> names;
     try {
         names = ReadCountryNames(iso);
     } catch (const ToolError& error) {
-        std::cerr << "velmor: " << error.what() << "; countries keep the names of the data\n";
+        std::cerr << "velmor: " << error.what() << "; countries keep their names in the data\n";
     }
     for (Country& country : countries) {
         const auto found = names.find(country.code);
@@ -67,7 +68,7 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
 }
 
 int Import(const Options& options) {
-    OutputFile output(options.output, options.force);
+    OutputFile output(options.output, options.force);  // before the work: it may refuse
     ImportReport report;
     const PhonesSource phones(options.phones);
     const vel::Recipe recipe = ReadNetworkRecipe(phones);
@@ -85,20 +86,20 @@ int Import(const Options& options) {
 
 void AddImport(CommandLine& line) {
     const auto [command, options] = line.Add(
-        "import", "Makes a catalogue source of mobile operators' data and a source of phones.",
+        "import", "Makes a catalogue source from mobile operators' data and a source of phones.",
         Import);
     AddValue(command, "SERVICEPROVIDERS.XML", options->providers, "",
-             "the operators, as mobile-broadband-provider-info has them")
+             "the operators' data of mobile-broadband-provider-info")
         ->required();
     AddValue(command, "--phones", options->phones, "SOURCE",
-             "manufacturers, phones, their answers and the recipes, in source form")
+             "source with manufacturers, phones, their answers and the recipes")
         ->required();
     AddValue(command, "-o,--output", options->output, "SOURCE", "file to write")->required();
     AddValue(command, "--iso", options->iso, "JSON", "English names of countries, from iso-codes")
         ->capture_default_str();
     command->add_flag("--force", options->force, "replace an existing file");
     command->footer(
-        "Reports what came in and how often each decision was taken.\n"
+        "Reports what was imported and how often each rule was used.\n"
         "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
 }
 

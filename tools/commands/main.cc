@@ -25,7 +25,7 @@ int Run(int argc, char** argv) {
     line.app.set_version_flag("--version", VELMOR_TOOL_VERSION " (interface " +
                                                std::to_string(Velmor_GetVersionLibrary()) + ")");
     line.app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return std::string("velmor: ") + error.what() + " (--help says more)\n";
+        return std::string("velmor: ") + error.what() + " (see --help)\n";
     });
     line.app.require_subcommand(1);
     for (const auto add : kSubcommands) {
@@ -43,7 +43,7 @@ int Run(int argc, char** argv) {
 }  // namespace tool
 
 int main(int argc, char** argv) {
-    // Writing beyond the limit of a file's size then fails like any other write.
+    // A write beyond the limit of a file's size then fails like any other write.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         const int status = tool::Run(argc, argv);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor phone: a simulated phone for people and programs without one.
+// velmor phone: plays a simulated phone, for people and programs that have none.
 #include <unistd.h>
 
 #include <iostream>
@@ -11,6 +11,7 @@
 namespace tool {
 namespace {
 
+// The arguments.
 struct Options {
     std::string profile;
     bool verbose = false;
@@ -20,7 +21,7 @@ int Play(const Options& options) {
     const Interruption interruption;
     PhonePlayer player(ReadProfile(options.profile),
                        !options.verbose && isatty(STDERR_FILENO) == 0);
-    std::cout << player.device() << std::endl;  // programs wait for this line
+    std::cout << player.device() << std::endl;  // flushed: programs wait for this line
     player.Play();
     return kExitOk;
 }
@@ -32,7 +33,7 @@ void AddPhone(CommandLine& line) {
         line.Add("phone", "Plays a simulated phone on a pseudo-terminal.", Play);
     command->add_option("PROFILE", options->profile, "how the phone answers")->required();
     command->add_flag("-v,--verbose", options->verbose,
-                      "show the dialogue though standard error is no terminal");
+                      "show the dialogue even when standard error is not a terminal");
     command->footer(
         "Prints the path of the device and plays until Control-C or until the phone disconnects.\n"
         "Example: velmor phone data/profiles/nokia-6300.profile\n");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor phones: the phones that a host offers to its user.
+// velmor phones: lists the phones that a host offers to its user.
 #include <iostream>
 
 #include "catalogue/setting_format.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor setting: one setting for one phone, for those who know both.
+// velmor setting: shows one setting for one phone.
 #include <iostream>
 
 #include "catalogue/setting_format.h"
@@ -11,6 +11,7 @@
 namespace tool {
 namespace {
 
+// The arguments.
 struct Options {
     std::string catalogue;
     long phone = 0;
@@ -45,7 +46,7 @@ int ShowSetting(const Options& options) {
 
 void AddSetting(CommandLine& line) {
     const auto [command, options] =
-        line.Add("setting", "Shows a dial-up setting for a phone, ready to dial.", ShowSetting);
+        line.Add("setting", "Shows one dial-up setting for one phone.", ShowSetting);
     command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
     AddValue(command, "--phone", options->phone, "ID", "identifier as velmor phones prints it")
         ->required();
@@ -54,7 +55,7 @@ void AddSetting(CommandLine& line) {
         ->required();
     AddValue(command, "--device", options->link.device, "PATH",
              "for ppp and wvdial: serial device of the phone");
-    AddValue(command, "--baud", options->link.baud, "N", "its speed; 115200");
+    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; default 115200");
     AddFormat(command, options->format);
     command->footer(
         "Exit status 1 when the catalogue does not say how the phone dials.\n"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor settings: the dial-up settings of a country that a host offers to its user.
+// velmor settings: lists the settings of a country that a host offers to its user.
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
 #include "support/error.h"
@@ -10,6 +10,7 @@
 namespace tool {
 namespace {
 
+// The arguments.
 struct Options : ReadOptions {
     std::string country;
 };
@@ -45,7 +46,7 @@ void AddSettings(CommandLine& line) {
     AddRead(command, *options);
     AddValue(command, "--country", options->country, "NAME", "name of the country")->required();
     command->footer(
-        "Exit status 1 when the country has none.\n"
+        "Exit status 1 when the country has no settings.\n"
         "Example: velmor settings my.catalogue --country Norland\n");
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor show: the tables of a catalogue as the library holds them.
+// velmor show: shows the tables of a catalogue as the library holds them.
 #include "commands/command.h"
 #include "session/rows.h"
 #include "storage/catalogue_format.h"
@@ -11,6 +11,7 @@
 namespace tool {
 namespace {
 
+// The arguments.
 struct Options : ReadOptions {
     std::string table;
     std::string where;
@@ -46,7 +47,7 @@ void ShowTables(const vel::IDatabase& database, bool json) {
     Print(lines, list, json);
 }
 
-// The rows of a table, or those that hold the value "COLUMN=VALUE" asks for.
+// All rows of a table, or those with the value that --where gives.
 Velmor::Rows Select(const Velmor::Table& table, const Options& options) {
     if (options.where.empty()) {
         return vel::RowsOf(table);
@@ -108,7 +109,7 @@ void AddShow(CommandLine& line) {
     AddValue(command, "--where", options->where, "COLUMN=VALUE",
              "only the rows that hold this value")
         ->needs(table);
-    command->add_flag("--json", options->json, "print for machines");
+    command->add_flag("--json", options->json, "print JSON");
     command->footer(
         "Exit status 1 when --where finds no row.\n"
         "Example: velmor show my.catalogue Phones --where ManufacturerID=1\n");

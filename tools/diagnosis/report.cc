@@ -16,27 +16,31 @@ TextRow KnownRow(const char* label, const std::string& text, const Clue& clue) {
     if (!clue.IsUsable()) {
         return {label, "not known; the phone gave no usable answer"};
     }
-    return {label, "not known; the answer is " + clue.answer + ", its key " + clue.key};
+    return {label, "not known; the answer is " + clue.answer + ", its key is " + clue.key};
 }
 
 void PrintAdvice(const Detection& found) {
     if (!found.answered) {
-        std::cout << "\nThe phone answered nothing. Is it on, and is this the device that takes "
-                     "commands?\nMany phones have several.\n";
+        std::cout
+            << "\nThe phone answered nothing. Is it on? Is this the device that takes commands?\n"
+               "Many phones have several devices.\n";
     } else if (!found.identification.network.IsUsable() && found.networkId.empty()) {
-        std::cout << "\nThe phone did not name its network. Is its SIM card in and unlocked, and "
-                     "has it found\nits operator?\n";
+        std::cout
+            << "\nThe phone did not name its network. Is the SIM card inserted and unlocked?\n"
+               "Is the phone registered with its operator?\n";
     }
     if (found.answered && found.phoneId < 0 && !found.identification.phone.IsUsable()) {
-        std::cout << "\nThe phone did not name its model; the guide to the catalogue says what a "
-                     "catalogue can do.\n";
+        std::cout
+            << "\nThe phone did not name its model. See \"Phones that are hard to identify\" in "
+               "the\nguide to catalogues.\n";
     }
     if (found.advice.empty()) {
         return;
     }
-    std::cout << "\nWith these lines in its source the catalogue knows what it lacks. Correct the "
-                 "names,\nthe country, and an access point called "
-              << kAdvisedApn << "; then velmor check and velmor encode.\n";
+    std::cout
+        << "\nAdd these lines to the source of the catalogue. Correct the names, the country, and "
+           "the\naccess point "
+        << kAdvisedApn << ". Then run velmor check and velmor encode.\n";
     std::set<std::string> done;
     for (const AdvisedLine& first : found.advice) {
         if (done.insert(first.table).second) {

@@ -5,8 +5,8 @@
 
 namespace tool {
 
-// Both print what a detection has found, what the phone answered where something is not known, and
-// the lines that the catalogue's source lacks.
+// Both print what a detection found, the answers about what is not known, and the lines that the
+// source lacks.
 void PrintDetection(const Detection& found);
 void PrintDetectionJson(const Detection& found);
 
