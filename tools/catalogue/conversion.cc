@@ -8,26 +8,26 @@
 namespace tool {
 namespace {
 
-// Makes one form of a catalogue from the other, line by line.
+// Converts a catalogue into its other form, line by line.
 class Conversion {
   public:
     explicit Conversion(const std::string& path) : path_(path) {}
 
-    // The bytes of the library's own copy, which has one more, empty, line at the end.
+    // Like the library's own copy, the result has one more line at the end, an empty one.
     std::string Encode() {
         std::string stored;
         for (const std::string& raw : SplitLines(ReadInput(path_))) {
             const std::string line = Check(raw);
             if (line[0] == 'D') {
                 Refuse(
-                    "begins with D, which marks an enciphered line; put another character before");
+                    "begins with D, which marks an enciphered line; put another character first");
             }
             stored += FromLibrary(crypter_.Encrypt(ToLibrary(line))) + "\n";
         }
         return stored;
     }
 
-    // Undoes Encode: every line feed of a stored file but the last stands for one of the source.
+    // Undoes Encode: the last line feed of a stored file is not part of the source.
     std::string Decode() {
         std::vector<std::string> lines = SplitLines(ReadInput(path_));
         if (lines.back().empty()) {
@@ -38,8 +38,8 @@ class Conversion {
             const std::string line = Check(raw);
             if (line[0] == 'E') {
                 Refuse(
-                    "begins with E, which a source cannot say of a plain line; this is a source,"
-                    " or the line was not enciphered");
+                    "begins with E, which marks a line of a source; the file is a source, or the"
+                    " line was not enciphered");
             }
             source += (number_ > 1 ? "\n" : "") + Unhide(line);
         }
@@ -47,8 +47,7 @@ class Conversion {
     }
 
   private:
-    // The next line as the library reads it; refuses a line of which the library would drop
-    // something.
+    // Returns the next line as the library reads it. Refuses it when a part would be lost.
     std::string Check(const std::string& line) {
         ++number_;
         if (line.find('\0') != std::string::npos) {
@@ -61,15 +60,17 @@ class Conversion {
         return WithoutCarriageReturns(line);
     }
 
+    // The source line. Enciphering it again must give the same line: some cipher text comes from no
+    // source line.
     std::string Unhide(const std::string& line) {
         if (line[0] != 'D') {
             return line;
         }
         std::string text = FromLibrary(crypter_.Decrypt(ToLibrary(line)));
-        text[0] = 'E';
+        text[0] = 'E';  // deciphering leaves the D
         if (text.find_first_of("\r\n") != std::string::npos ||
             FromLibrary(verifier_.Encrypt(ToLibrary(text))) != line) {
-            Refuse("is not what enciphering makes of any source line; the catalogue is damaged");
+            Refuse("is not what enciphering makes from a source line; the catalogue is damaged");
         }
         return text;
     }

@@ -5,9 +5,9 @@
 
 namespace tool {
 
-// The two forms of a catalogue: the readable source, and the stored form that devices get. Both
-// functions read a file and return its other form, byte for byte what the library makes of it. A
-// ToolError names the line of which the library would lose something.
+// A catalogue has two forms: the readable source, and the stored form for devices. Both functions
+// read a file and return the other form, byte for byte as the library makes it. They throw a
+// ToolError that names the line when the library would lose a part of a line.
 std::string EncodeSource(const std::string& path);
 std::string DecodeCatalogue(const std::string& path);
 

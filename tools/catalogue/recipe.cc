@@ -17,7 +17,7 @@ vel::Recipe ReadRecipe(const CatalogueTable* table) {
         copy->CreateRow(ToLibrary(row.cells), *&made);
     }
     vel::Recipe recipe(copy.get());
-    copy->Destroy();  // its rows refer to it
+    copy->Destroy();  // otherwise the rows and the table keep each other alive
     return recipe;
 }
 

@@ -6,10 +6,10 @@
 
 namespace tool {
 
-// The recipe in a table of a catalogue, as the library reads it; null gives one without steps.
+// Reads the recipe in a table of a catalogue as the library does. Without a table it has no steps.
 vel::Recipe ReadRecipe(const CatalogueTable* table);
 
-// The key that the recipe makes of an answer.
+// The key that the recipe makes from an answer.
 std::string MakeKey(const vel::Recipe& recipe, const std::string& answer);
 
 }  // namespace tool

@@ -5,13 +5,13 @@
 
 namespace tool {
 
-// A record of a catalogue and the line that it stands in.
+// A record of a catalogue: the number of its line and the fields.
 struct CatalogueRecord {
     int line = 0;
     std::vector<std::string> fields;
 };
 
-// The records in the bytes of a catalogue, deciphered; adds what is wrong with single lines.
+// Reads the records of a catalogue in any form. Adds the findings about single lines.
 std::vector<CatalogueRecord> ReadRecords(const std::string& bytes, Findings& findings);
 
 }  // namespace tool

@@ -6,21 +6,21 @@
 
 namespace tool {
 
-// The text in a host's buffer, which need not be terminated.
+// The text in a buffer that the library filled. A full buffer has no terminator.
 std::string HostText(const char* buffer, std::size_t size);
 template <std::size_t kSize>
 std::string HostText(const char (&buffer)[kSize]) {
     return HostText(buffer, kSize);
 }
 
-// The name of a country in the library's session.
+// The name of a country in the session of the library.
 std::string CountryName(long index);
 
-// A DUN setting without the texts that depend on the phone.
+// A DUN setting as JSON, without the texts that depend on the phone.
 Json DescribeSetting(const Velmor_DUNSetting& setting);
-// All of a DUN setting; `ready` says whether the library calls it ready to dial.
+// A whole DUN setting as JSON. `ready`: whether the library says that it is ready to dial.
 Json DescribeSetting(const Velmor_DUNSetting& setting, bool ready);
-// The same as rows to print, without empty fields.
+// A whole DUN setting as rows to print, without empty texts.
 std::vector<TextRow> SettingRows(const Velmor_DUNSetting& setting);
 
 }  // namespace tool

@@ -8,28 +8,29 @@
 
 namespace tool {
 
-// A record of a table as a source has it: a line to be enciphered, without its line end.
+// The line of a source for a table's record, to be enciphered later. It has no line end.
 std::string SourceLine(const std::vector<std::string>& fields);
 
-// Values by the names of their columns.
+// The names of columns and their values.
 using Values = std::vector<std::pair<std::string, std::string>>;
 
-// The values in the order of a table's columns; empty for a column that has none.
+// The values in the order of the columns. A column without a value gets an empty one.
 std::vector<std::string> InColumns(const std::vector<std::string>& columns, const Values& values);
 
-// Builds the text of a catalogue source: one database, whose tables and rows are lines to be
-// enciphered. Calls come in the order of the file: BeginTable, AddRow..., EndTable, ..., Finish.
+// Builds the text of a catalogue source with one database. The lines of its tables are to be
+// enciphered later. Call BeginTable, AddRow and EndTable for each table, and Finish at the end.
 class SourceWriter {
   public:
-    // `path` is for messages.
+    // `path`: for error messages.
     SourceWriter(std::string path, const std::string& name, const std::string& version);
 
     void BeginTable(const std::string& name, const std::vector<std::string>& columns);
-    // Throws ToolError when the row would be read as the table's end.
+    // Throws a ToolError when the library would take the row for the end of the table.
     void AddRow(const std::vector<std::string>& row);
     void EndTable();
+    // Adds a whole table.
     void AddTable(const CatalogueTable& table);
-    // The whole text.
+    // Ends the database and returns the text.
     std::string Finish();
 
   private:

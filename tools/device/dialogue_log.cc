@@ -6,11 +6,12 @@
 namespace tool {
 namespace {
 
-constexpr int kMostLines = 20;
+// The limits of what is shown: a faulty phone may repeat a line without end.
+constexpr int kMostLines = 20;           // of an answer
 constexpr std::size_t kMostBytes = 200;  // of a line
 
-// The text with every byte that is no printable ASCII as \xNN: what a phone says must not reach a
-// terminal as it is.
+// The text with every byte that is not printable ASCII as \xNN. Otherwise a phone could send
+// control sequences to the terminal.
 std::string Printable(const std::string& bytes) {
     std::string text;
     for (const char c : bytes) {

@@ -6,16 +6,16 @@
 
 namespace tool {
 
-// Shows a dialogue of AT commands on standard error as it happens, each line with the seconds since
-// the beginning. Of a long answer only the beginning is shown.
+// Shows a dialogue of AT commands on standard error while it happens, with the seconds since the
+// start. Long answers are cut.
 class DialogueLog {
   public:
-    // A silent one shows nothing.
+    // A silent log shows nothing.
     explicit DialogueLog(bool silent) : silent_(silent) {}
 
     void Command(const std::string& command);
     void Answer(char byte);
-    // Shows what stands in no complete line yet.
+    // Shows the bytes after the last line end.
     void EndAnswer();
     double Seconds() const;
 
@@ -25,7 +25,7 @@ class DialogueLog {
     bool silent_;
     std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     std::string line_;
-    int lines_ = 0;  // of the present answer
+    int lines_ = 0;  // shown of the current answer
 };
 
 }  // namespace tool

@@ -19,14 +19,14 @@
 namespace tool {
 namespace {
 
-// How long one of the profile's pauses lasts.
-constexpr double kPause = 0.01;
-constexpr std::size_t kMostWaiting = 256;
-constexpr int kLong = 60000;
+constexpr double kPause = 0.01;            // seconds of one pause of a profile
+constexpr std::size_t kMostWaiting = 256;  // bytes: a flood must not fill the memory
+constexpr int kLong = 60000;               // milliseconds to wait when there is nothing to send
 
 }  // namespace
 
 PhonePlayer::PhonePlayer(Profile profile, bool silent) : phone_(std::move(profile)), log_(silent) {
+    // O_NONBLOCK: a program that does not read must not stop the player.
     master_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     const bool made = master_ >= 0 && grantpt(master_) == 0 && unlockpt(master_) == 0;
     device_ = made ? ptsname(master_) : "";
@@ -35,8 +35,9 @@ PhonePlayer::PhonePlayer(Profile profile, bool silent) : phone_(std::move(profil
     if (slave_ < 0 || tcgetattr(slave_, &raw) != 0) {
         const std::string reason = std::strerror(errno);
         close(master_);
-        throw ToolError("no pseudo-terminal: ", reason);
+        throw ToolError("no pseudo-terminal is available: ", reason);
     }
+    // A terminal that is not raw would echo the answers and change line ends.
     cfmakeraw(&raw);
     tcsetattr(slave_, TCSANOW, &raw);
 }
@@ -52,6 +53,7 @@ void PhonePlayer::Play() {
         const double wait = phone_.Pending() && outgoing_.empty() ? due_ - log_.Seconds() : kLong;
         struct pollfd line = {master_, POLLIN, 0};
         line.events = static_cast<short>(outgoing_.empty() ? POLLIN : POLLIN | POLLOUT);
+        // One millisecond more: the wait must not end just before the byte is due.
         const int limit = static_cast<int>(std::clamp(wait * 1000 + 1, 0.0, double{kLong}));
         if (Interruption::Wait(&line, 1, limit) == 1) {
             if ((line.revents & POLLIN) != 0) {
@@ -105,11 +107,12 @@ PlayedPhone::PlayedPhone(const std::string& profile) {
         throw ToolError(profile, ": cannot be played: ", std::strerror(errno));
     }
     if (process_ == 0) {
+        // The child ends with its parent, which may have ended before this call.
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (getppid() == parent) {
             player.Play();
         }
-        _exit(0);
+        _exit(0);  // the objects and buffers are those of the parent
     }
 }
 

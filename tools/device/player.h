@@ -8,17 +8,17 @@
 
 namespace tool {
 
-// A simulated phone on a pseudo-terminal of its own, for programs to open one after another.
+// A simulated phone on a new pseudo-terminal, which programs open one after another.
 class PhonePlayer {
   public:
-    // A silent one does not show the dialogue. A ToolError when there is no pseudo-terminal.
+    // A silent player does not show the dialogue. Throws a ToolError without a pseudo-terminal.
     PhonePlayer(Profile profile, bool silent);
     ~PhonePlayer();
     PhonePlayer(const PhonePlayer&) = delete;
     PhonePlayer& operator=(const PhonePlayer&) = delete;
 
     const std::string& device() const { return device_; }
-    // Answers until the phone disconnects or a signal comes that Interruption notes.
+    // Answers until the phone disconnects or Interruption has a signal.
     void Play();
 
   private:
@@ -30,13 +30,13 @@ class PhonePlayer {
     DialogueLog log_;
     std::string device_;
     int master_ = -1;
-    int slave_ = -1;        // held open: without it the line would hang up between two programs
-    std::string command_;   // what the host has sent of a command
-    std::string outgoing_;  // what the line has yet to take
-    double due_ = 0;        // when the phone says its next byte, in seconds of the log
+    int slave_ = -1;        // open all the time: otherwise the line hangs up between two programs
+    std::string command_;   // the bytes of the next command so far
+    std::string outgoing_;  // the bytes that the line has not taken yet
+    double due_ = 0;        // when the phone sends its next byte, in seconds of the log
 };
 
-// A phone that plays in a process of its own while this lives.
+// A player in a child process. The destructor ends the process.
 class PlayedPhone {
   public:
     explicit PlayedPhone(const std::string& profile);

@@ -18,6 +18,7 @@
 namespace tool {
 namespace {
 
+// The speeds that termios knows.
 const struct {
     unsigned baud;
     speed_t speed;
@@ -30,7 +31,7 @@ const struct {
 
 }  // namespace
 
-// It delegates, so that its failure runs the destructor.
+// Delegates to another constructor, so that a failure here runs the destructor.
 SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     const std::unique_ptr<char, void (*)(void*)> device(realpath(path.c_str(), nullptr), std::free);
     if (!device) {
@@ -38,8 +39,11 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     }
     Open(device.get());
     if (isatty(descriptor_) == 0) {
-        throw ToolError(path, ": is no serial device");
+        throw ToolError(path, ": is not a serial device");
     }
+    // Programs look at different locks: pppd and minicom at the lock file, others at flock. MakeRaw
+    // adds exclusive use, which makes any other open fail. The lock file comes first, because its
+    // error names the process.
     lock_ = std::make_unique<UucpLock>(device.get());
     if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
         throw ToolError(path, ": in use by another program");
@@ -49,7 +53,8 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
 
 SerialLine::~SerialLine() {
     if (changed_) {
-        tcflush(descriptor_, TCIOFLUSH);
+        tcflush(descriptor_,
+                TCIOFLUSH);  // close would wait for bytes that the device does not take
         tcsetattr(descriptor_, TCSANOW, &saved_);
         ioctl(descriptor_, TIOCNXCL);
     }
@@ -59,6 +64,7 @@ SerialLine::~SerialLine() {
 }
 
 void SerialLine::Open(const std::string& path) {
+    // O_NONBLOCK: open would wait for a carrier.
     descriptor_ = open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor_ < 0 && errno == EBUSY) {
         throw ToolError(path, ": in use by another program");
@@ -72,13 +78,15 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     const auto* speed = std::find_if(std::begin(kSpeeds), std::end(kSpeeds),
                                      [&](const auto& row) { return row.baud == baud; });
     if (speed == std::end(kSpeeds)) {
-        throw ToolError("--baud ", baud, ": is no speed of serial devices");
+        throw ToolError("--baud ", baud, ": is not a speed of serial devices");
     }
     if (tcgetattr(descriptor_, &saved_) != 0) {
-        throw ToolError(path, ": has no line settings: ", std::strerror(errno));
+        throw ToolError(path, ": the line parameters cannot be read: ", std::strerror(errno));
     }
     struct termios raw = saved_;
     cfmakeraw(&raw);
+    // cfmakeraw leaves these: XOFF bytes, hardware flow control (many cables lack its wires), two
+    // stop bits, and a hang-up without a carrier.
     raw.c_iflag &= ~static_cast<tcflag_t>(IXOFF | IXANY);
     raw.c_cflag &= ~static_cast<tcflag_t>(CRTSCTS | CSTOPB);
     raw.c_cflag |= CLOCAL | CREAD;
@@ -88,7 +96,7 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     ioctl(descriptor_, TIOCEXCL);
     changed_ = true;
     if (tcsetattr(descriptor_, TCSAFLUSH, &raw) != 0) {
-        throw ToolError(path, ": takes no line settings: ", std::strerror(errno));
+        throw ToolError(path, ": the line parameters cannot be set: ", std::strerror(errno));
     }
 }
 
@@ -98,7 +106,7 @@ bool SerialLine::Wait(short event, Clock::time_point until) {
     const int ready = Interruption::Wait(
         &waiting, 1, static_cast<int>(std::clamp<long long>(left.count(), 0, INT_MAX)));
     if (ready == 1 && (waiting.revents & event) == 0) {
-        gone_ = true;
+        gone_ = true;  // an error or a hang-up
     }
     return ready == 1 && !gone_;
 }
@@ -122,6 +130,7 @@ bool SerialLine::Read(char& byte, int milliseconds) {
 
 std::size_t SerialLine::Write(const std::string& bytes, int milliseconds) {
     const Clock::time_point until = Clock::now() + std::chrono::milliseconds(milliseconds);
+    // A late answer must not be taken for the answer to these bytes.
     next_ = count_ = 0;
     tcflush(descriptor_, TCIFLUSH);
     std::size_t done = 0;

@@ -12,21 +12,22 @@
 namespace tool {
 
 // A serial device (UART, USB ACM, RFCOMM, pseudo-terminal) in raw mode: eight bits, no parity, no
-// flow control, no waiting for a carrier. Nobody else may use it meanwhile, and at the end its
-// settings are as they were.
+// flow control, no carrier detection. No other program can use it meanwhile. The destructor
+// restores the parameters of the line.
 class SerialLine {
   public:
-    // A ToolError when the device cannot be had or another program uses it.
+    // Throws a ToolError when the device cannot be opened or another program uses it.
     SerialLine(const std::string& path, unsigned baud);
     ~SerialLine();
     SerialLine(const SerialLine&) = delete;
     SerialLine& operator=(const SerialLine&) = delete;
 
-    // Waits so long at most for a byte.
+    // Reads a byte. Returns false when none comes within `milliseconds`.
     bool Read(char& byte, int milliseconds);
-    // Drops what came in and writes the bytes, in so long at most. Returns how many were written.
+    // Discards the bytes received so far, then writes. Returns how many bytes went out within
+    // `milliseconds`.
     std::size_t Write(const std::string& bytes, int milliseconds);
-    // Whether the device has vanished or its other end has hung up. Nothing goes any more then.
+    // Whether the device has vanished or its other end has hung up. Reads and writes then fail.
     bool Gone() const { return gone_; }
 
   private:
@@ -35,17 +36,17 @@ class SerialLine {
     SerialLine() = default;
     void Open(const std::string& path);
     void MakeRaw(const std::string& path, unsigned baud);
-    // Waits for an event, at most until a point in time.
+    // Waits for an event until a point in time. Returns whether it came.
     bool Wait(short event, Clock::time_point until);
 
     std::unique_ptr<UucpLock> lock_;
     int descriptor_ = -1;
     struct termios saved_ = {};
-    bool changed_ = false;  // whether there are settings to restore
+    bool changed_ = false;  // whether there are parameters to restore
     bool gone_ = false;
     char received_[256];
     std::size_t count_ = 0;  // bytes in received_
-    std::size_t next_ = 0;   // the first of them that nobody has had
+    std::size_t next_ = 0;   // the first of them that Read has not returned
 };
 
 }  // namespace tool

@@ -14,16 +14,17 @@
 namespace tool {
 namespace {
 
-// The other process that holds a lock file; 0 when it is gone or the file names none.
+// The other process that holds a lock file; 0 when it has ended or the file names none.
 pid_t Holder(const std::string& path) {
     long process = 0;
     std::ifstream(path) >> process;
+    // EPERM: the process runs, but belongs to another user.
     const bool alive = process > 0 && process != getpid() &&
                        (kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM);
     return alive ? static_cast<pid_t>(process) : 0;
 }
 
-// Writes the process number into a file; whether that worked.
+// Writes the process number into a new file, in the usual form: ten columns. False when that fails.
 bool WriteNumber(const std::string& path) {
     std::FILE* file = std::fopen(path.c_str(), "wx");
     if (file == nullptr) {
@@ -42,7 +43,8 @@ UucpLock::UucpLock(const std::string& device) {
     const std::string own = "/var/lock/LTMP." + std::to_string(getpid());
     const bool written = WriteNumber(own);
     pid_t holder = 0;
-    // Linking makes the lock appear at once and whole; a second try follows a stale one.
+    // With link the lock appears with its content: a program would take over an empty one. The
+    // second attempt follows the removal of an old lock.
     for (int attempt = 0; written && path_.empty() && holder == 0 && attempt < 2; ++attempt) {
         if (link(own.c_str(), path.c_str()) == 0) {
             path_ = path;

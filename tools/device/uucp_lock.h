@@ -5,13 +5,13 @@
 
 namespace tool {
 
-// The lock file by which programs such as pppd, minicom and wvdial tell one another that a serial
-// device is in use: /var/lock/LCK..ttyS0 with the process number in it. A lock whose process is
-// gone is taken over. A ToolError when another process holds it. Where lock files cannot be
-// written there is no lock: whoever may use the device need not be allowed to write there.
+// The lock file that tells pppd, minicom, wvdial and other programs that a serial device is in use:
+// /var/lock/LCK..ttyS0 with the process number in it. The constructor takes over a lock whose
+// process has ended. It throws a ToolError when another process holds the lock. There is no lock
+// where lock files cannot be written: users of a device need no permission to write there.
 class UucpLock {
   public:
-    // The device without symbolic links.
+    // `device`: the path without symbolic links.
     explicit UucpLock(const std::string& device);
     ~UucpLock();
     UucpLock(const UucpLock&) = delete;

@@ -17,7 +17,7 @@ namespace schema = vel::schema;
 
 namespace {
 
-// A table of the library's session; none when the catalogue lacks it.
+// A table of the session; none when the catalogue lacks it.
 Velmor::Table Table(const char* name) {
     return Velmor::getVelmor()->FetchTable(name);
 }
@@ -35,7 +35,7 @@ std::string Cell(const vel::Pointer<vel::IRow>& row, const char* column) {
     return FromLibrary(vel::CellText(row, column));
 }
 
-// A positive number that is nobody's identifier in a table.
+// A positive number that is not yet an identifier in the table.
 std::string FreeId(const char* table) {
     std::set<std::string> taken;
     for (const auto& row : RowList(table)) {
@@ -48,7 +48,7 @@ std::string FreeId(const char* table) {
     return std::to_string(id);
 }
 
-// A name for people from an answer such as `+CGMM: "X100"`.
+// A readable name from an answer such as `+CGMM: "X100"`.
 std::string NameFrom(std::string answer) {
     const std::size_t colon = answer.find(": ");
     if (answer[0] == '+' && colon != std::string::npos) {
@@ -58,7 +58,7 @@ std::string NameFrom(std::string answer) {
     return answer;
 }
 
-// Collects the lines, table by table.
+// Collects the advised lines.
 class Adviser {
   public:
     Adviser(const Velmor& session, const Identification& found)
@@ -92,7 +92,7 @@ class Adviser {
     }
 
   private:
-    // A row with these values in the table's own order of columns.
+    // Adds a row with these values, in the order of the table's columns.
     void Add(const char* name, const Values& values) {
         const Velmor::Table table = Table(name);
         std::vector<std::string> columns;
@@ -145,7 +145,7 @@ class Adviser {
         return networkId;
     }
 
-    // How other phones dial most often, for each type of network for which this one has no strings.
+    // Adds a row for each network type without one. The phone dials there as most other phones do.
     void AddDialStrings(const std::string& phoneId) {
         std::set<std::string> types = {CommonType()};
         for (const auto& row : RowList(schema::kNetworks)) {
@@ -158,6 +158,7 @@ class Adviser {
                 types.erase(Cell(row, schema::kNetworkType));
             }
         }
+        // For a catalogue without such rows.
         uses.insert({{"ATD*99***1#", "AT+CGDCONT=1,\"IP\",\"%APN%\""}, 0});
         const auto most =
             std::max_element(uses.begin(), uses.end(),
@@ -170,7 +171,7 @@ class Adviser {
         }
     }
 
-    // The type of the first network; most catalogues have but one.
+    // The type of the first network. Most catalogues have only one type.
     std::string CommonType() const {
         const auto row = vel::RowAt(vel::RowsOf(Table(schema::kNetworks)), 0);
         return row ? Cell(row, schema::kNetworkType) : "GPRS";
@@ -184,7 +185,7 @@ class Adviser {
     const Velmor& session_;
     const Identification& found_;
     std::vector<AdvisedLine> lines_;
-    std::set<std::string> begun_;  // tables that the catalogue lacks
+    std::set<std::string> begun_;  // the missing tables that have their first marker
 };
 
 }  // namespace

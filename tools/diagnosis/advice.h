@@ -7,17 +7,17 @@
 
 namespace tool {
 
-// A line to add to a table of the catalogue's source. A table that the catalogue lacks comes whole.
+// A line to add to a table of the source. A missing table gets its marker lines too.
 struct AdvisedLine {
     std::string table;
     std::string line;
 };
 
-// The lines with which the catalogue in the session would know the phone and the network of the
-// last detection, with identifiers that are free in it; none for what it knows already, or for what
-// gave no usable answer. A new setting gets the placeholder below for its access point, which no
-// phone tells.
+// The access point of an advised setting. The user must replace it, because no phone reports it.
 constexpr char kAdvisedApn[] = "access-point-name";
+
+// The lines that the catalogue of the session lacks to know the phone and network of the last
+// detection, with free identifiers. None for what it knows, and none without a usable answer.
 std::vector<AdvisedLine> Advise(const Identification& found);
 
 }  // namespace tool

@@ -14,8 +14,8 @@ namespace schema = vel::schema;
 
 namespace {
 
-// What the exported functions do not tell: which manufacturer, when the phone is not known, and
-// which network.
+// Adds what the exported functions do not tell: the network, and the manufacturer of a phone that
+// is not in the catalogue.
 void AddFromSession(Detection& found) {
     const Velmor& session = *Velmor::getVelmor();
     if (found.manufacturer.empty()) {

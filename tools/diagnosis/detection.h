@@ -9,14 +9,15 @@
 
 namespace tool {
 
-// What a detection has found, and what it takes to find more.
+// What a detection found, and the advice to find more.
 struct Detection {
+    // A DUN setting, and whether the library says that it is ready to dial.
     struct Setting {
         Velmor_DUNSetting values;
-        bool ready;  // to dial
+        bool ready;
     };
 
-    bool answered = false;  // whether the phone said anything at all
+    bool answered = false;  // whether the phone sent any byte
     long phoneId = -1;
     std::string phone;
     std::string manufacturer;
@@ -27,14 +28,14 @@ struct Detection {
     std::vector<AdvisedLine> advice;
     std::vector<Exchange> dialogue;
 
+    // Whether the phone is known and a setting is ready to dial.
     bool IsComplete() const;
-    // The setting of that identifier, or for 0 the first one that is ready; null when there is
-    // none.
+    // The setting with this identifier; 0: the first one that is ready. Null when there is none.
     const Setting* Find(long id) const;
 };
 
-// Detects the phone at the other end of the dialogue, which ends with that. There must be a session
-// with the callbacks of Dialogue.
+// Detects the phone at the other end of the dialogue, and ends the dialogue. Needs a session with
+// the callbacks of Dialogue.
 Detection Detect(Dialogue& dialogue);
 
 }  // namespace tool

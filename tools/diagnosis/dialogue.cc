@@ -8,12 +8,12 @@
 namespace tool {
 namespace {
 
-// Real answers have some hundred bytes.
+// The limit of an answer. Real answers have some hundred bytes.
 constexpr std::size_t kMostBytes = 16384;
-// What a missing AT-TIME-OUT stands for. Its unit is the millisecond.
+// The limit of a read in milliseconds when the catalogue has no AT-TIME-OUT.
 constexpr double kDefaultWait = 1000;
 
-Dialogue* current = nullptr;
+Dialogue* current = nullptr;  // the callbacks have no argument for it
 
 }  // namespace
 
@@ -26,6 +26,7 @@ Dialogue::~Dialogue() {
     current = nullptr;
 }
 
+// The library reads byte by byte.
 long Dialogue::Read(char* buffer, long count, long timeout) {
     return current != nullptr && count == 1 && current->ReadByte(*buffer, timeout) ? 1 : 0;
 }

@@ -8,20 +8,20 @@
 
 namespace tool {
 
-// A command of the library and the bytes that the phone answered.
+// A command of the library and the bytes of the phone's answer.
 struct Exchange {
     std::string command;
     std::string answer;
-    double sent = 0;      // seconds since the beginning
+    double sent = 0;      // in seconds since the start
     double answered = 0;  // when the last byte came
 };
 
-// The library's link to a phone: its callbacks are Dialogue::Read and Dialogue::Send. There is one
-// at a time, and without one both fail. Every command has an end, whatever the phone and the
-// catalogue are like: it may take so many seconds and yield so many bytes.
+// The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. Only one may
+// exist at a time; without one the callbacks fail. A limit of seconds and one of bytes end each
+// command, whatever the phone sends and the catalogue says.
 class Dialogue {
   public:
-    // The line outlives the dialogue.
+    // The line must outlive the dialogue.
     Dialogue(SerialLine& line, double secondsPerCommand, bool silent);
     ~Dialogue();
     Dialogue(const Dialogue&) = delete;

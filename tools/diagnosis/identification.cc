@@ -17,12 +17,13 @@ namespace schema = vel::schema;
 
 namespace {
 
-// What the library has taken from the recorded answer to a command.
+// What the library reads from an answer.
 struct Answer {
     bool ok = false;  // whether it ended with OK
     std::string line;
 };
 
+// The answer to the first use of the command; empty when the library did not send it.
 Answer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialogue) {
     vel::ATAnswer answer;
     for (const Exchange& exchange : dialogue) {
@@ -40,14 +41,14 @@ std::string KeyOf(const std::string& answer, const char* recipe) {
     return MakeKey(vel::Recipe(Velmor::getVelmor()->FetchTable(recipe).get()), answer);
 }
 
-// Neither the echo nor the result code says who the phone is, and control characters have no place
-// in a catalogue.
+// Whether an answer can identify a phone or network. The echo and the result code cannot, and
+// control characters do not belong in a catalogue.
 bool SaysSomething(const std::string& answer, const std::string& command) {
     return answer + "\r" != command && answer != "OK" &&
            std::none_of(answer.begin(), answer.end(), IsControl);
 }
 
-// The first answer that says something; later ones are for phones that do not know the command.
+// The first usable answer. The later commands are for phones that do not know the first one.
 Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : question.attempts) {
         const Answer answer = AnswerTo(attempt, dialogue);
@@ -59,7 +60,7 @@ Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialo
     return {};
 }
 
-// The identifier that the library has found for the manufacturer. It keeps that to itself.
+// The identifier of the manufacturer that the library found. The library does not keep it.
 std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : vel::kManufacturerQuestion.attempts) {
         const std::string answer = AnswerTo(attempt, dialogue).line;
@@ -75,8 +76,8 @@ std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
     return {};
 }
 
-// The key that the library looks up last: the first digits of the IMSI and, unless there are enough
-// of them, the operator's name after them.
+// The key that the library looks up last: the first digits of the IMSI. When there are too few, the
+// operator's name follows them.
 void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogue) {
     const std::string imsi = AnswerTo(vel::kImsiQuestion, dialogue).line;
     const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));

@@ -7,7 +7,7 @@
 
 namespace tool {
 
-// An answer that the catalogue can know a phone or network by, and the key that it becomes.
+// An answer that identifies a phone or network, and its key.
 struct Clue {
     std::string answer;
     std::string key;  // empty: the phone gave no usable answer
@@ -15,17 +15,16 @@ struct Clue {
     bool IsUsable() const { return !key.empty(); }
 };
 
-// What the phone said about itself, whether or not the catalogue knows it.
+// What the phone said about itself and its network. The catalogue need not know it.
 struct Identification {
     Clue manufacturer;
-    std::string manufacturerId;  // empty: not known
+    std::string manufacturerId;  // empty: not in the catalogue
     Clue phone;
     Clue network;
     std::string operatorName;  // may be empty
 };
 
-// Reads the recorded dialogue of a detection as the library has done, with the catalogue of the
-// library's session.
+// Reads the dialogue of a detection as the library did, with the catalogue of its session.
 Identification Identify(const std::vector<Exchange>& dialogue);
 
 }  // namespace tool

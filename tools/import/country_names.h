@@ -6,9 +6,9 @@
 
 namespace tool {
 
-// English names of countries by their two-letter codes in small letters, from the iso-codes list
-// (iso_3166-1.json). The name in common use goes before the formal one. Throws ToolError when the
-// file cannot be read or is something else.
+// Reads the English names of countries from the list of iso-codes (iso_3166-1.json), by their
+// two-letter codes in small letters: the common name if there is one, else the formal name. Throws
+// a ToolError when the file cannot be read or is something else.
 std::map<std::string, std::string> ReadCountryNames(const std::string& path);
 
 }  // namespace tool

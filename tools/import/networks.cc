@@ -14,9 +14,10 @@ namespace {
 // An operator that holds a key.
 struct Holder {
     std::size_t index;  // of the operator
-    bool wholeNumber;   // one of its numbers is just the key
+    bool wholeNumber;   // whether one of its numbers equals the key
 };
 
+// Collects the networks and keys.
 class NetworkPlan {
   public:
     NetworkPlan(const Providers& providers, const vel::Recipe& recipe, ImportReport& report)
@@ -33,6 +34,7 @@ class NetworkPlan {
                 ++report_.numberKeysWithoutAccess;
                 continue;
             }
+            // The access points are offered in the order of this rank.
             const auto rank = [this](const Holder& holder) {
                 return std::make_tuple(!operators_[holder.index].primary, !holder.wholeNumber,
                                        holder.index);
@@ -49,8 +51,8 @@ class NetworkPlan {
         }
     }
 
-    // A name stands for a network only when every operator of that name is in this network and in
-    // no other. An operator that was left out is in none, which makes its name as doubtful.
+    // A name becomes a key only when all operators with this name are in one network and in no
+    // other. An operator that was left out is in no network, but the name may mean it.
     void AddNameKeys() {
         std::map<std::string, std::vector<std::size_t>> names;
         for (std::size_t i = 0; i < operators_.size(); ++i) {
@@ -80,7 +82,8 @@ class NetworkPlan {
     Networks Take() { return std::move(result_); }
 
   private:
-    // Every operator with a number, one without access points too, in the order of the data.
+    // All operators with a number, in the order of the data. Those that are left out show which
+    // keys have no access point.
     std::map<std::string, std::vector<Holder>> HoldersOfKeys() {
         std::map<std::string, std::vector<Holder>> keys;
         std::set<std::string> numbers;
@@ -94,7 +97,7 @@ class NetworkPlan {
                 holders.back().wholeNumber |= number.size() == vel::kImsiDigits;
             }
         }
-        keys.erase("");  // a recipe that removes digits
+        keys.erase("");  // the recipe may remove digits
         report_.numbers += numbers.size();
         return keys;
     }

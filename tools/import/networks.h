@@ -9,25 +9,27 @@
 
 namespace tool {
 
-// A network: the operators that a key of the subscriber's number belongs to, in the order in which
-// their access points are offered. Keys with the same operators in the same order share one.
+// A network of the catalogue: the names and access points of the operators that hold a key. Keys
+// with the same operators in the same order share a network.
 struct Network {
     std::string name;
-    std::vector<const AccessPoint*> offers;  // of the Providers, none twice
+    std::vector<const AccessPoint*> offers;  // in the order of the settings, each once
 };
 
-// What a phone's answer is compared with.
+// A key that detection compares with a phone's answer.
 struct NetworkKey {
     std::string text;
-    std::size_t network;  // index
+    std::size_t network;  // the index of its network
 };
 
+// The networks and keys of a catalogue.
 struct Networks {
     std::vector<Network> networks;
-    std::vector<NetworkKey> keys;  // none twice, none empty
+    std::vector<NetworkKey> keys;  // each once, none empty
 };
 
-// The result points into `providers`. The recipe is the one that detection applies to answers.
+// Decides which networks and keys the operators give; docs/import.md has the rules. `recipe` is the
+// one that detection applies to answers. The result points into `providers`.
 Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
                         ImportReport& report);
 

@@ -7,16 +7,16 @@
 
 namespace tool {
 
-// The source that the phones of an import come from. It needs no database marker; any other fault
-// for which the library would drop something is refused with a ToolError.
+// The source with the phones of an import. It may lack the database marker. The constructor throws
+// a ToolError for any other fault that makes the library drop something.
 class PhonesSource {
   public:
     explicit PhonesSource(std::string path);
 
     const Catalogue& Tables() const { return catalogue_; }
-    // Throws ToolError when there is no such table.
+    // Throws a ToolError when there is no such table.
     const CatalogueTable& Get(const std::string& table) const;
-    // The column's index, for CatalogueRow::Cell; throws ToolError when the table has none such.
+    // The index for CatalogueRow::Cell. Throws a ToolError when there is no such column.
     int Column(const CatalogueTable& table, const std::string& column) const;
 
   private:

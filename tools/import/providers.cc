@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kWhiteSpace[] = " \t\r\n";
 
-// Turns the elements into values and counts what that takes.
+// Reads the XML elements and counts the decisions.
 class ProvidersReader {
   public:
     explicit ProvidersReader(ImportReport& report) : report_(report) {}
@@ -148,7 +148,7 @@ class ProvidersReader {
         }
     }
 
-    // The name without a language; failing that the first one.
+    // The name without a language mark, else the first name.
     std::string Name(const pugi::xml_node& node) {
         for (const pugi::xml_node& name : node.children("name")) {
             if (!name.attribute("xml:lang")) {
@@ -158,6 +158,7 @@ class ProvidersReader {
         return Clean(node.child_value("name"));
     }
 
+    // The value without outer blanks; control characters become blanks.
     std::string Clean(const char* value) {
         std::string text(value);
         const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;

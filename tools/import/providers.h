@@ -10,13 +10,15 @@
 
 namespace tool {
 
-// What the operators' data hold, cleaned: values are trimmed and free of control characters.
+// The operators' data. All values are trimmed and free of control characters.
 
+// A country with its two-letter code.
 struct Country {
     std::string code;
     std::string name;
 };
 
+// An access point of an operator, for the internet.
 struct AccessPoint {
     std::string country;  // code
     std::string displayName;
@@ -34,22 +36,24 @@ struct AccessPoint {
     bool operator==(const AccessPoint& other) const { return Values() == other.Values(); }
 };
 
+// A mobile operator.
 struct Operator {
     std::string name;
-    bool primary = false;           // runs the network that others use under the same number
+    bool primary = false;           // whether it runs the network that others share
     std::set<std::string> numbers;  // country and network code, five or six digits
-    std::vector<AccessPoint> accessPoints;  // for the internet
+    std::vector<AccessPoint> accessPoints;
 
-    // The others are kept for their names only.
+    // Whether the catalogue gets its access points. Otherwise only its name counts.
     bool Imported() const { return !numbers.empty() && !accessPoints.empty(); }
 };
 
+// All countries and operators, in the order of the file.
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
 };
 
-// Reads a serviceproviders.xml. Throws ToolError when it cannot be read or is something else.
+// Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.
 Providers ReadProviders(const std::string& path, ImportReport& report);
 
 }  // namespace tool

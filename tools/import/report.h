@@ -10,15 +10,15 @@
 
 namespace tool {
 
-// What an import counts: what came in, and each decision about what the operators' data leave open.
-// The lines are printed in this order, and docs/import.md explains them in it. Remarks on single
-// values follow.
+// The counts of an import, and remarks on single values. Each rule for what the operators' data
+// leave open has a count; docs/import.md explains the rules. The counts are printed in this order.
 class ImportReport {
     using Line = std::pair<const char*, std::size_t>;
 
+    // Adds a count.
     std::size_t& Count(const char* label) { return lines_.emplace_back(label, 0).second; }
 
-    std::deque<Line> lines_;  // a deque leaves its elements where they are
+    std::deque<Line> lines_;  // a deque does not move its elements
 
   public:
     ImportReport() = default;

@@ -12,18 +12,19 @@ namespace schema = vel::schema;
 
 namespace {
 
-// The network type of everything that is imported, and what a phone dials there that the phones'
-// source says nothing about: the dial string and initialisation string of 3GPP TS 27.007.
+// The network type of all imported networks. A phone without a dial-up row for this type gets the
+// strings of 3GPP TS 27.007.
 constexpr char kImportedType[] = "GPRS";
 constexpr char kDefaultDialString[] = "ATD*99***1#";
 constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"IP","%APN%")";
-constexpr char kContext[] = "1";  // for %NUM%
+constexpr char kContext[] = "1";  // the PDP context, for %NUM%
 
-// Network and setting identifiers count from 1.
+// The identifiers of networks and settings count from 1.
 std::string Identifier(std::size_t index) {
     return std::to_string(index + 1);
 }
 
+// Writes the tables of the catalogue.
 class ImportWriter {
   public:
     ImportWriter(const std::string& path, const PhonesSource& phones, ImportReport& report)
@@ -59,8 +60,7 @@ class ImportWriter {
         writer_.EndTable();
     }
 
-    // The library takes two rows of a phone and network type for none, so only the first is
-    // written.
+    // When a phone has two rows for a network type, the library uses neither: write only the first.
     void AddPhoneRows() {
         writer_.BeginTable(schema::kBasicDUNForPhone,
                            {schema::kPhoneID, schema::kNetworkType, schema::kDialString,
@@ -113,7 +113,7 @@ class ImportWriter {
     std::string Finish() { return writer_.Finish(); }
 
   private:
-    // Returns the phones that have a row of the imported type.
+    // Returns the phones with a row for the imported type.
     std::set<std::string> CopyPhoneRows() {
         std::set<std::string> dialsImportedType;
         const CatalogueTable* rows = phones_.Tables().Find(schema::kBasicDUNForPhone);

@@ -8,9 +8,9 @@
 
 namespace tool {
 
-// The catalogue source made of the phones' source and of what the operators' data gave. Throws
-// ToolError when the phones' source lacks a table or a column, or a value cannot be written; `path`
-// is that of the result, for messages.
+// Makes the catalogue source from the phones' source and the operators' data. Throws a ToolError
+// when the phones' source lacks a table or column, or when a value cannot be written. `path`: the
+// file of the result, for error messages.
 std::string WriteImport(const std::string& path, const PhonesSource& phones,
                         const Providers& providers, const Networks& networks, ImportReport& report);
 

@@ -16,7 +16,7 @@ bool StartsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-// Whether the text is a result code, which a phone sends alone, without an OK after it.
+// Whether the text is a result code. A phone sends no OK after a result code.
 bool IsResultCode(const std::string& text) {
     const std::set<std::string> whole = {"OK",        "ERROR", "NO CARRIER", "NO DIALTONE",
                                          "NO ANSWER", "BUSY",  "CONNECT",    "COMMAND NOT SUPPORT"};
@@ -24,6 +24,7 @@ bool IsResultCode(const std::string& text) {
            StartsWith(text, "+CME ERROR:") || StartsWith(text, "+CMS ERROR:");
 }
 
+// The bytes of an answer in its usual frame.
 std::string WholeAnswer(const std::string& text) {
     std::string bytes = "\r\n";
     for (const char c : text) {
@@ -33,7 +34,7 @@ std::string WholeAnswer(const std::string& text) {
     return IsResultCode(text) ? bytes : bytes + "\r\nOK\r\n";
 }
 
-// Reads a profile line by line; a failure says where it stands.
+// Reads a profile line by line. An error names the line.
 class Parser {
   public:
     explicit Parser(std::string name) : name_(std::move(name)) {}

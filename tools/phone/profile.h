@@ -9,24 +9,24 @@
 
 namespace tool {
 
-// How one phone answers, as docs/profiles.md describes it. Texts are the bytes that the phone
-// sends, framing and line ends included, unless said otherwise.
+// The answers of one phone; docs/profiles.md describes the file. Answers are the exact bytes that
+// the phone sends, with framing and line ends.
 struct Profile {
-    // What happens on one command. When it comes several times there may be several of them; each
-    // is used once and the last for ever.
+    // One answer to a command. A command can have several: the phone gives each one once, and
+    // repeats the last.
     struct Answer {
-        std::string before;  // an unsolicited line that comes ahead of the echo
+        std::string before;  // an unsolicited line before the echo
         std::string bytes;   // what follows the echo; empty: silence
-        std::string after;   // an unsolicited line behind the answer
+        std::string after;   // an unsolicited line after the answer
     };
 
-    // For people.
+    // Only for people.
     std::string maker;
     std::string name;
     std::string source;
 
-    // What Velmor finds with the catalogue made of data/phones.source: the phone as "maker: model",
-    // the network, and why one of them is missing although the phone answered.
+    // What Velmor detects with the catalogue of data/phones.source: the phone as "maker: model",
+    // the network, and why it does not detect one of them although the phone answered.
     std::string phone;
     std::string network;
     std::string undetectable;
@@ -35,18 +35,18 @@ struct Profile {
     std::string unknown = "\r\nERROR\r\n";  // the answer to commands that are not listed
     unsigned delay = 0;                     // milliseconds before each answer
 
-    // Faults. A pause is a number of reads that find nothing before a byte of an answer is there.
-    std::map<std::size_t, unsigned> pauses;  // by the byte's position, echo included
-    unsigned pauseEvery = 0;                 // before every byte
-    std::optional<std::size_t> accepts;      // bytes taken of each write; the others are lost
-    std::optional<std::size_t> disconnect;   // bytes sent until the phone is gone
-    std::string flood;                       // a line sent without end in place of every answer
+    // Faults. A pause is the number of reads that find nothing before a byte arrives.
+    std::map<std::size_t, unsigned> pauses;  // by the position of the byte; the echo counts
+    unsigned pauseEvery = 0;                 // before each byte that is not in pauses
+    std::optional<std::size_t> accepts;      // the bytes taken of each write; the rest is lost
+    std::optional<std::size_t> disconnect;   // the bytes sent before the phone disconnects
+    std::string flood;                       // a line sent without end instead of every answer
 
-    // By command, in capitals. A command that ends in "*" stands for all that begin so.
+    // By command, in capitals. A command that ends in "*" stands for all that begin with it.
     std::map<std::string, std::vector<Answer>> answers;
 };
 
-// Both throw std::runtime_error "NAME: line N: what".
+// Both throw a std::runtime_error with the name, the line and the reason.
 Profile ParseProfile(const std::string& text, const std::string& name);
 Profile ReadProfile(const std::string& path);
 

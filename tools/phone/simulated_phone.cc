@@ -8,8 +8,8 @@ namespace {
 
 const char kOk[] = "\r\nOK\r\n";
 
-// What every phone of the simulator knows unless its profile says otherwise, in the form of the
-// profile's own commands: what chat, wvdial and gammu send around their real business.
+// The commands that every simulated phone answers unless its profile lists them: chat, wvdial and
+// gammu send them besides their own. They are written as in profiles.
 const struct {
     const char* command;
     const char* answer;
@@ -19,13 +19,14 @@ const struct {
     {"AT+CFUN=*", kOk}, {"AT+CGDCONT=*", kOk}, {"ATZ*", kOk}, {"ATD*", "\r\nCONNECT\r\n"},
 };
 
+// Whether a command of a profile stands for the host's command.
 bool Covers(const std::string& pattern, const std::string& command) {
     return pattern == command ||
            (pattern.back() == '*' &&
             command.compare(0, pattern.size() - 1, pattern, 0, pattern.size() - 1) == 0);
 }
 
-// The command as profiles write it: in capitals, without blanks around it, ATI as ATI0.
+// The command as profiles write it: in capitals, without outer blanks, ATI as ATI0.
 std::string Canonical(std::string line) {
     line.erase(0, line.find_first_not_of(' '));
     line.erase(line.find_last_not_of(' ') + 1);
@@ -73,6 +74,7 @@ void SimulatedPhone::Execute(const std::string& line) {
     }
     Say(answer.bytes);
     Say(answer.after);
+    // A profile can refuse ATE and ATZ; the echo then stays as it is.
     if (answer.bytes == kOk && Covers("ATE*", command)) {
         echo_ = Covers("ATE1*", command);
     } else if (answer.bytes == kOk && Covers("ATZ*", command)) {
@@ -80,6 +82,7 @@ void SimulatedPhone::Execute(const std::string& line) {
     }
 }
 
+// A command that the profile lists in full comes first, then its patterns, then the built-in ones.
 Profile::Answer SimulatedPhone::Find(const std::string& command) {
     auto found = profile_.answers.find(command);
     if (found == profile_.answers.end()) {

@@ -9,28 +9,28 @@
 
 namespace tool {
 
-// A phone that answers AT commands from a profile. It does no input or output and knows no time:
-// whoever plays it hands it the host's bytes and fetches its own one by one.
+// A phone that answers AT commands from a profile. It does no input or output and measures no time:
+// its user passes it the bytes of the host and fetches its own bytes one by one.
 //
-// Beyond its profile it knows what programs send around a call (AT, ATZ, ATE and the like) and
-// answers ATD with CONNECT. From then on it is still a phone that takes commands: it has no network
-// to pass data to.
+// It also answers the commands that programs send before and after a call (AT, ATZ, ATE and
+// others). After ATD it answers CONNECT and goes on taking commands: it has no network for data.
 class SimulatedPhone {
   public:
     explicit SimulatedPhone(Profile profile);
 
-    // Takes bytes from the host and returns how many of them the phone accepted. Every carriage
-    // return ends a command, which is answered at once; line feeds mean nothing.
+    // Takes bytes from the host and returns how many of them the phone accepted. A carriage return
+    // ends a command, which is answered at once. Line feeds are ignored.
     std::size_t Receive(const std::string& bytes);
-    // The phone's next byte; none when it has nothing to say, or pauses: then Pending() is true.
+    // The next byte of the phone; none when it pauses (Pending() is true) or has nothing to send.
     std::optional<char> Next();
     bool Pending() const;
-    // Whether the phone has disconnected: it takes and sends nothing any more.
+    // Whether the phone has disconnected. It then takes and sends nothing.
     bool Gone() const { return profile_.disconnect && sent_ >= *profile_.disconnect; }
 
     const Profile& profile() const { return profile_; }
 
   private:
+    // A byte to send, and the number of reads before it that find nothing.
     struct Byte {
         char value;
         unsigned pauses;
@@ -43,8 +43,8 @@ class SimulatedPhone {
     Profile profile_;
     bool echo_;
     std::string line_;          // the command being received
-    std::deque<Byte> queue_;    // what the phone has yet to send
-    std::size_t position_ = 0;  // in the present answer
+    std::deque<Byte> queue_;    // the bytes to send
+    std::size_t position_ = 0;  // of the next byte to queue in this answer
     std::size_t sent_ = 0;
     bool flooding_ = false;
 };

@@ -7,7 +7,8 @@
 
 namespace tool {
 
-// What ends a command with one line on standard error and exit status 2.
+// An error that ends the command, with one line on standard error and exit status 2. Its text comes
+// in parts, as for Concat.
 class ToolError : public std::runtime_error {
   public:
     template <class... Parts>

@@ -12,6 +12,7 @@
 
 namespace tool {
 
+// With stdio, because a stream does not say why it failed.
 std::string ReadInput(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                                std::fclose);

@@ -6,14 +6,14 @@
 
 namespace tool {
 
-// The bytes of a file; a ToolError that names it when it cannot be read.
+// Returns the bytes of a file. Throws a ToolError when it cannot be read.
 std::string ReadInput(const std::string& path);
 
-// The bytes between the line feeds, as the library takes a file apart: after a last line feed there
-// is one more, empty, line. Carriage returns are kept.
+// Splits the bytes at the line feeds as the library does: after a final line feed comes one more,
+// empty line. Carriage returns stay.
 std::vector<std::string> SplitLines(const std::string& bytes);
 
-// The line as the library reads it: without any carriage return.
+// Removes every carriage return, as the library does when it reads a line.
 std::string WithoutCarriageReturns(std::string line);
 
 }  // namespace tool

@@ -10,7 +10,7 @@ namespace {
 constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t caught = 0;
-sigset_t outside;  // the signals that were blocked before
+sigset_t outside;  // the signal mask before; it also holds during a wait
 
 void Note(int signal) {
     caught = signal;
@@ -18,7 +18,8 @@ void Note(int signal) {
 
 }  // namespace
 
-// The signals are blocked but for the waiting: none gets lost between a question and a poll.
+// The signals are blocked except during a wait. Otherwise a signal that comes after a look at the
+// flag, but before the wait, would not end that wait.
 Interruption::Interruption() {
     caught = 0;
     sigset_t blocked;
@@ -34,6 +35,7 @@ Interruption::~Interruption() {
     for (const int signal : kSignals) {
         std::signal(signal, SIG_DFL);
     }
+    // A signal that is still pending has its usual effect now.
     sigprocmask(SIG_SETMASK, &outside, nullptr);
 }
 

@@ -5,8 +5,9 @@
 
 namespace tool {
 
-// Control-C and its kin as something to ask about: from construction on SIGINT, SIGTERM and SIGHUP
-// no longer end the process, so that devices and files can be put in order first. One at a time.
+// Turns SIGINT, SIGTERM and SIGHUP into a flag to poll. While the object lives, these signals do
+// not end the process, so that the command can restore the device and remove its files. Only one
+// object may live at a time.
 class Interruption {
   public:
     Interruption();
@@ -16,7 +17,7 @@ class Interruption {
 
     // The signal that came, or 0.
     static int Signal();
-    // Like poll, but a signal ends the waiting even when it came before: the result is then -1.
+    // Like poll(2), but returns -1 when a signal comes during the wait or came before it.
     static int Wait(struct pollfd* descriptors, unsigned count, int milliseconds);
 };
 

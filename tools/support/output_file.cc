@@ -19,13 +19,14 @@ OutputFile::OutputFile(std::string path, bool force)
         throw ToolError(path_, ": exists; --force replaces it");
     }
     std::error_code ignored;
-    if (std::filesystem::is_directory(path_, ignored)) {  // a 32-bit stat fails on large inodes
+    if (std::filesystem::is_directory(path_, ignored)) {  // stat fails on large inodes in 32 bits
         throw ToolError(path_, ": is a directory");
     }
     descriptor_ = mkstemp(scratch_.data());
     if (descriptor_ < 0) {
         Fail("cannot be created");
     }
+    // mkstemp lets only the owner read. The mask can only be read by changing it.
     const mode_t mask = umask(0);
     umask(mask);
     fchmod(descriptor_, 0666 & ~mask);
@@ -49,6 +50,7 @@ void OutputFile::Write(const std::string& bytes) {
 }
 
 void OutputFile::Commit() {
+    // Without fsync a power failure could leave an empty file under the name.
     if (fsync(descriptor_) != 0 || rename(scratch_.c_str(), path_.c_str()) != 0) {
         Fail("cannot be written");
     }

@@ -5,18 +5,18 @@
 
 namespace tool {
 
-// A file that appears under its name only when it is complete: it is written beside and renamed.
-// Every failure is a ToolError that names the file; nothing is left behind then.
+// A file that gets its name only when it is complete: the bytes go to a temporary file beside it,
+// which is then renamed. A failure throws a ToolError that names the file, and leaves no file.
 class OutputFile {
   public:
-    // An existing file is refused unless `force` is set.
+    // Refuses an existing file unless `force` is set.
     OutputFile(std::string path, bool force);
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
 
     void Write(const std::string& bytes);
-    // Makes the file durable and gives it its name.
+    // Writes the file to the disk and gives it its name.
     void Commit();
 
   private:

@@ -7,7 +7,7 @@
 namespace tool {
 namespace {
 
-// Characters of a text in UTF-8: its bytes without those that continue a character.
+// The characters of a text in UTF-8: its bytes without those that continue a character.
 std::size_t Width(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
         return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
@@ -29,7 +29,7 @@ void PrintAligned(const std::vector<TextRow>& rows) {
     }
     for (const TextRow& row : rows) {
         std::string line;
-        std::size_t gap = 0;
+        std::size_t gap = 0;  // blanks before the next text, so that no line ends in blanks
         for (std::size_t i = 0; i < row.size(); ++i) {
             line += row[i].empty() ? "" : std::string(gap, ' ') + row[i];
             gap = row[i].empty() ? gap + widths[i] + 2 : widths[i] - Width(row[i]) + 2;

@@ -7,21 +7,24 @@
 
 namespace tool {
 
-// What the commands print on standard output. Objects keep the order of their members.
+// JSON whose objects keep the order of their members.
 using Json = nlohmann::ordered_json;
+// The texts of one row of a printed table.
 using TextRow = std::vector<std::string>;
 
-// Bytes that are no UTF-8 are replaced.
+// These functions print on standard output.
+
+// Replaces bytes that are not UTF-8.
 void PrintJson(const Json& json);
 
-// The rows below one another, each column as wide as its longest text in UTF-8. All rows have as
-// many texts as the first.
+// Prints rows in columns. A column is as wide as its longest text, counted in characters of UTF-8.
+// All rows have as many texts as the first.
 void PrintAligned(const std::vector<TextRow>& rows);
 
-// The one or the other.
+// Prints the JSON or the rows.
 void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson);
 
-// Objects that all have the same members: as JSON, or as rows under the members' names.
+// Prints objects with the same members: as JSON, or as rows under the names of the members.
 void PrintList(const Json& list, bool json);
 
 }  // namespace tool

@@ -12,7 +12,7 @@
 
 namespace tool {
 
-// It delegates, so that its failure runs the destructor.
+// Delegates to another constructor, so that a failure here runs the destructor.
 PrivateCopy::PrivateCopy(const std::string& catalogue) : PrivateCopy() {
     const std::string bytes = ReadInput(catalogue);
     std::error_code error;
@@ -29,13 +29,13 @@ PrivateCopy::PrivateCopy(const std::string& catalogue) : PrivateCopy() {
 }
 
 PrivateCopy::~PrivateCopy() {
-    std::error_code ignored;  // that of an empty name too
+    std::error_code ignored;
     std::filesystem::remove_all(directory_, ignored);
 }
 
 PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction read,
                                Velmor_SendFunction send) {
-    const PrivateCopy copy(catalogue);
+    const PrivateCopy copy(catalogue);  // the library reads it only once
     if (Velmor_Initialise(copy.path().c_str(), read, send) != 0) {
         throw ToolError(catalogue,
                         ": the library refuses it as a catalogue; velmor check says why");

@@ -7,8 +7,9 @@
 
 namespace tool {
 
-// A copy of a catalogue in a directory of its own that only its owner can read, removed at the end:
-// the library writes beside every catalogue that it reads.
+// A copy of a catalogue in a new directory that only its owner can read. The library writes a file
+// beside every catalogue that it reads; the copy keeps that file away from the original. The
+// destructor removes the directory.
 class PrivateCopy {
   public:
     explicit PrivateCopy(const std::string& catalogue);
@@ -24,8 +25,8 @@ class PrivateCopy {
     std::string directory_;
 };
 
-// A session on a catalogue: the exported functions answer from it while this lives. A ToolError
-// when the library refuses the file.
+// A session of the library on a catalogue. The exported functions use it while the object lives.
+// The constructor throws a ToolError when the library refuses the catalogue.
 class PrivateSession {
   public:
     explicit PrivateSession(const std::string& catalogue, Velmor_ReadFunction read = nullptr,

@@ -6,8 +6,8 @@
 
 namespace tool {
 
-// A line on standard error that tells how far a run has come and goes away at its end. Standard
-// error being no terminal, nothing is written.
+// A line on standard error that shows how far a run has come. The destructor removes it. Nothing is
+// written when standard error is not a terminal.
 class Progress {
   public:
     Progress(std::string what, std::size_t total);

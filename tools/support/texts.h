@@ -10,7 +10,7 @@
 
 namespace tool {
 
-// A char is unsigned on some machines.
+// Whether a character is an ASCII control character. A char has a sign only on some machines.
 inline bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7f';
 }
@@ -19,7 +19,7 @@ inline bool IsDigits(const std::string& text) {
     return text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-// With the ASCII letters small.
+// The text with its ASCII capitals made small.
 inline std::string InSmallLetters(std::string text) {
     for (char& c : text) {
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -27,7 +27,7 @@ inline std::string InSmallLetters(std::string text) {
     return text;
 }
 
-// The parts one after another, numbers in decimal.
+// Joins the parts, numbers in decimal.
 template <class... Parts>
 std::string Concat(const Parts&... parts) {
     std::ostringstream text;
@@ -35,7 +35,7 @@ std::string Concat(const Parts&... parts) {
     return text.str();
 }
 
-// Between the library's texts and those of the tool.
+// Conversions between the texts of the library and those of the command.
 
 inline vel::String ToLibrary(const std::string& text) {
     return vel::String::FromBytes(text.data(), static_cast<int>(text.size()));
@@ -49,6 +49,7 @@ inline vel::Array<vel::String> ToLibrary(const std::vector<std::string>& fields)
     return texts;
 }
 
+// The count of a view includes the terminator.
 inline std::string FromLibrary(const vel::TextView& text) {
     return text.count == 0 ? std::string()
                            : std::string(text.data, static_cast<std::size_t>(text.count) - 1);
