@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the pieces of a start and of a detection cost, on a catalogue made from the given source:
-// pieces_bench SOURCE [Google Benchmark's options]. Writes into the working directory.
+// Measures the pieces of a start and of a detection, with a catalogue made from a source:
+// pieces_bench SOURCE [options of Google Benchmark]. Writes into the working directory.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
@@ -34,7 +34,7 @@ long Send(const char* buffer, long length) {
     return static_cast<long>(phone->Receive({buffer, static_cast<std::size_t>(length)}));
 }
 
-// What is told beside the time; 0 where it makes no sense.
+// Reports the time for a row and the heap for a cell; 0: does not apply.
 void Report(benchmark::State& state, long rows, double heapPerCell = 0) {
     using benchmark::Counter;
     state.counters["per_row"] =
@@ -88,7 +88,8 @@ void Split(benchmark::State& state) {
 }
 BENCHMARK(Split)->Unit(benchmark::kMicrosecond);
 
-// The least that a start which reads and writes byte by byte can cost: it keeps nothing.
+// The lower bound for a start that works byte by byte: it reads, copies, deciphers and splits, but
+// keeps nothing.
 void Floor(benchmark::State& state) {
     const World world(worldSource, 1, 0);
     while (state.KeepRunning()) {
@@ -160,7 +161,7 @@ void Scan(benchmark::State& state) {
 }
 BENCHMARK(Scan)->Unit(benchmark::kMicrosecond);
 
-// The longest detection there is: every question is put in every way, eight commands in all.
+// The longest possible detection: all commands of all questions, eight in total.
 void Detect(benchmark::State& state) {
     const World world(worldSource, 1, static_cast<int>(state.range(0)));
     Start(state, world);

@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-// A catalogue to measure with, made from the source of a real one.
+// A large catalogue for measurements, made from the source of a real one.
 struct World {
-    // Every row stands `scale` times, and `phones` more phones are known. Writes the stored form to
-    // a file in the working directory.
+    // Repeats every row `scale` times and adds `phones` phones. Writes the stored form to a file in
+    // the working directory.
     World(const std::string& source, int scale, int phones);
 
     std::string path;                 // of the stored form

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Makes a catalogue from its source at build time: encode SOURCE CATALOGUE
-// The catalogue appears under its name only when it is complete.
+// The catalogue gets its name only when it is complete.
 #include <cstdio>
 
 #include "storage/crypt.h"

@@ -11,9 +11,9 @@
 #include <velmor.h>
 
 static int device;
-static time_t give_up; /* a phone that never stops sending is not listened to for ever */
+static time_t give_up; /* the end of reading, because a phone may never stop sending */
 
-/* Waits for a byte; the catalogue's AT-TIME-OUT is taken for milliseconds. */
+/* Reads a byte. Takes the AT-TIME-OUT of the catalogue as milliseconds. */
 static long read_byte(char* buffer, long count, long timeout) {
     struct pollfd waiting = {device, POLLIN, 0};
     if (time(NULL) >= give_up || poll(&waiting, 1, timeout < 0 ? 1000 : (int)timeout) != 1) {

@@ -4,7 +4,7 @@
 #include <stdlib.h>
 #include <velmor.h>
 
-/* Texts may fill their buffer without a terminator: every print is bounded. */
+/* A text can fill its buffer without a terminator, so every print is bounded. */
 static char text[64];
 static Velmor_DUNSetting setting;
 

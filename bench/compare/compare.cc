@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Runs programs in turn, many times each, and prints what their processes cost as a table:
+// Runs programs in turn, many times each, and prints a table of what their processes cost:
 //   compare ROUNDS NAME COMMAND [NAME COMMAND...]
-// A command is its words with single blanks between. The first one's answer is everybody's, except
-// for a program that says nothing; the times of the others are given as multiples of the first's.
+// A command consists of words with blanks between them. Every program must give the answer of the
+// first one, or none. The ratio compares its time with that of the first one.
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -19,6 +19,7 @@
 
 namespace {
 
+// A program, and what was measured.
 struct Program {
     std::string name;
     std::vector<std::string> words;
@@ -42,7 +43,7 @@ pid_t Spawn(const Program& program, int output, bool listLibraries) {
         arguments.push_back(const_cast<char*>(word.c_str()));
     }
     arguments.push_back(nullptr);
-    // The dynamic linker's own listing, which ldd asks for as well.
+    // Makes the dynamic linker list the libraries, as ldd does.
     char listing[] = "LD_TRACE_LOADED_OBJECTS=1";
     char* environment[] = {listing, nullptr};
     posix_spawn_file_actions_t actions;
@@ -58,6 +59,7 @@ pid_t Spawn(const Program& program, int output, bool listLibraries) {
     return child;
 }
 
+// The cost of one process: milliseconds and kilobytes, as in Program.
 struct Cost {
     double wall = 0;
     double cpu = 0;

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT
- * What any process costs. */
+ * The cost of a process that does nothing. */
 int main(void) {
     return 0;
 }

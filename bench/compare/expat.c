@@ -1,12 +1,14 @@
 /* SPDX-License-Identifier: MIT
- * One pass over the operators' XML for the first internet access point: expat XML MCCMNC */
+ * Reads the operators' XML up to the first internet access point of a network: expat XML MCCMNC */
 #include <expat.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 
 static const char* network;
-static int matches, internet, found; /* the operator, the access point, the question */
+static int matches;  /* whether the operator has the network */
+static int internet; /* whether the access point is for the internet */
+static int found;
 static char apn[256];
 
 static const char* attribute(const char** attributes, const char* name) {

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT
- * The desktop's library for the same XML: provider_library XML COUNTRIES MCCMNC */
+ * Asks the desktop's library for the same XML: provider_library XML COUNTRIES MCCMNC */
 #include <nma-mobile-providers.h>
 #include <stdio.h>
 

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT
- * A database: loaded with all rows and indexed at every start, or prepared once and opened.
+ * Asks a database, which is filled and indexed at every start, or prepared once and then opened.
  *   sqlite load SOURCE MCCMNC
  *   sqlite make SOURCE DATABASE
  *   sqlite open DATABASE MCCMNC */
@@ -22,7 +22,7 @@ static void run(sqlite3* database, const char* statement) {
     check(database, sqlite3_exec(database, statement, NULL, NULL, NULL));
 }
 
-/* The fields of a line, each behind a separator and ended by one, in place. */
+/* Splits a line in place into its fields. Each has a separator before and after it. */
 static int split(char* line, char** fields) {
     int count = 0;
     char *from = strchr(line, '#'), *to;
@@ -41,7 +41,7 @@ static int split(char* line, char** fields) {
     return count;
 }
 
-/* Makes the table that a marker line announces and returns the statement that fills it. */
+/* Makes the table of a marker line. Returns the statement that inserts its rows. */
 static sqlite3_stmt* begin_table(sqlite3* database, char** fields, int count) {
     char table[2048], insert[512];
     sqlite3_stmt* statement;

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT
- * The library with a phone in memory, which it detects: velmor_host CATALOGUE MCCMNC */
+ * Lets the library detect a phone that is simulated in memory: velmor_host CATALOGUE MCCMNC */
 #include <stdio.h>
 #include <string.h>
 #include <velmor.h>
