@@ -3,10 +3,9 @@
 #include "dun/setting_columns.h"
 
 namespace tool {
-
-namespace schema = vel::schema;
-
 namespace {
+
+using namespace vel::schema;
 
 constexpr char kRefused[] = "the library refuses the catalogue";
 constexpr char kNoDialTexts[] = "no setting gets dial and initialisation strings";
@@ -27,38 +26,34 @@ Names SettingValues() {
     Names names;
     for (const vel::SettingColumn& column : vel::kSettingColumns) {
         const std::string name = column.name;
-        if (name != schema::kID && name != schema::kNetworkID && name != schema::kCountryID) {
+        if (name != kID && name != kNetworkID && name != kCountryID) {
             names.push_back(column.name);
         }
     }
     return names;
 }
 
-const std::vector<TableRule>& Rules() {
-    using namespace vel::schema;
-    static const std::vector<TableRule> rules = {
-        {kCountries, kRefused, {}, {kName}},
-        {kPhones, kRefused, {kID, kManufacturerID}, {kName}},
-        {kManufacturers, kRefused, {}, {kName}},
-        {kManufacturerIdentification, kRefused, {kManufacturerResponse, kManufacturerID}, {}},
-        {kPhoneIdentification, kRefused, {kManufacturerID, kPhoneResponse, kPhoneID}, {}},
-        {kNetworkIdentification, kRefused, {kNetworkResponse, kNetworkID}, {}},
-        {kNetworks, kNoDialTexts, {kNetworkType}, {}},
-        {kBasicDUNSettings, kRefused, {kID, kNetworkID, kCountryID}, SettingValues()},
-        {kBasicDUNForPhone,
-         kNoDialTexts,
-         {kPhoneID, kNetworkType},
-         {kDialString, kInitializationString}},
-        {kGeneralVariables,
-         "tracing is off, and a failed read from the phone is not repeated",
-         {kVariable, kValue},
-         {}},
-        {kManufacturerRecipe, kNoRecipe, {kVariable, kValue}, {}},
-        {kPhoneRecipe, kNoRecipe, {kVariable, kValue}, {}},
-        {kNetworkRecipe, kNoRecipe, {kVariable, kValue}, {}},
-    };
-    return rules;
-}
+const TableRule kRules[] = {
+    {kCountries, kRefused, {}, {kName}},
+    {kPhones, kRefused, {kID, kManufacturerID}, {kName}},
+    {kManufacturers, kRefused, {}, {kName}},
+    {kManufacturerIdentification, kRefused, {kManufacturerResponse, kManufacturerID}, {}},
+    {kPhoneIdentification, kRefused, {kManufacturerID, kPhoneResponse, kPhoneID}, {}},
+    {kNetworkIdentification, kRefused, {kNetworkResponse, kNetworkID}, {}},
+    {kNetworks, kNoDialTexts, {kNetworkType}, {}},
+    {kBasicDUNSettings, kRefused, {kID, kNetworkID, kCountryID}, SettingValues()},
+    {kBasicDUNForPhone,
+     kNoDialTexts,
+     {kPhoneID, kNetworkType},
+     {kDialString, kInitializationString}},
+    {kGeneralVariables,
+     "tracing is off, and a failed read from the phone is not repeated",
+     {kVariable, kValue},
+     {}},
+    {kManufacturerRecipe, kNoRecipe, {kVariable, kValue}, {}},
+    {kPhoneRecipe, kNoRecipe, {kVariable, kValue}, {}},
+    {kNetworkRecipe, kNoRecipe, {kVariable, kValue}, {}},
+};
 
 void CheckColumns(const CatalogueTable& table, const Names& columns, Severity missing,
                   Findings& findings) {
@@ -72,7 +67,7 @@ void CheckColumns(const CatalogueTable& table, const Names& columns, Severity mi
 
 // A host gets identifiers from the column ID, but the library looks for them in the first column.
 void CheckKeyColumn(const CatalogueTable& table, Findings& findings) {
-    if (table.Column(schema::kID) > 0) {
+    if (table.Column(kID) > 0) {
         AddError(findings, "key-column", {table.name, table.line},
                  "the column \"ID\" is not the first one; the library looks for identifiers in"
                  " the first column: move \"ID\" there");
@@ -92,7 +87,7 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
 }  // namespace
 
 void CheckSchema(const Catalogue& catalogue, Findings& findings) {
-    for (const TableRule& rule : Rules()) {
+    for (const TableRule& rule : kRules) {
         if (const CatalogueTable* table = catalogue.Find(rule.name)) {
             CheckColumns(*table, rule.keys, Severity::kError, findings);
             CheckColumns(*table, rule.values, Severity::kWarning, findings);
@@ -103,7 +98,7 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
                        ": add it, with exactly this name");
         }
     }
-    for (const char* name : {schema::kPhones, schema::kBasicDUNSettings}) {
+    for (const char* name : {kPhones, kBasicDUNSettings}) {
         CheckKeyColumn(catalogue.Table(name), findings);
     }
     for (const CatalogueTable& table : catalogue.tables) {

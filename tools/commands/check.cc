@@ -18,15 +18,10 @@ const char* Name(Severity severity) {
 
 void PrintText(const std::string& path, const Findings& findings, long errors) {
     for (const Finding& finding : findings) {
-        std::cout << path << ":";
-        if (finding.place.line > 0) {
-            std::cout << finding.place.line << ":";
-        }
-        std::cout << " " << Name(finding.severity) << ": ";
-        if (!finding.place.table.empty()) {
-            std::cout << finding.place.table << ": ";
-        }
-        std::cout << finding.message << " [" << finding.id << "]\n";
+        const auto& [table, line] = finding.place;
+        std::cout << path << (line > 0 ? Concat(":", line) : "") << ": " << Name(finding.severity)
+                  << ": " << (table.empty() ? "" : table + ": ") << finding.message << " ["
+                  << finding.id << "]\n";
     }
     std::cout << path << ": " << errors << " error(s), "
               << static_cast<long>(findings.size()) - errors << " warning(s)\n";

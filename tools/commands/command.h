@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tool {
 
@@ -29,21 +30,16 @@ inline void AddRead(CLI::App* command, ReadOptions& options) {
     command->add_flag("--json", options.json, "print JSON");
 }
 
-// A subcommand, and the options that its arguments fill.
-template <class Options>
-struct Subcommand {
-    CLI::App* command;
-    Options* options;
-};
-
 // The command line and its subcommands.
 struct CommandLine {
-    // Adds a subcommand without arguments. Its action runs when the user chooses it, and returns
-    // the exit status.
+    // Adds a subcommand. Its action runs when the user chooses it, and returns the exit status. The
+    // caller adds the arguments, which fill the options.
     template <class Options>
-    Subcommand<Options> Add(const char* name, const char* help, int (*action)(const Options&)) {
+    std::pair<CLI::App*, Options*> Add(const char* name, const char* help,
+                                       int (*action)(const Options&)) {
         auto options = std::make_shared<Options>();
         CLI::App* command = app.add_subcommand(name, help);
+        // The callback keeps the options alive.
         command->callback([this, options, action] { status = action(*options); });
         return {command, options.get()};
     }

@@ -39,19 +39,13 @@ std::string PppdWord(const std::string& value) {
     return Escaped(value, "\\\"");
 }
 
-// chat gives a meaning to ^C and $VARIABLE, to @ before a file name, and to the words EOT and
-// BREAK.
+// chat also gives a meaning to ^C, $VARIABLE and @FILE, and to the words EOT and BREAK.
 std::string ChatWord(const std::string& value) {
     std::string text = Escaped(value, "\\\"'^$");
     if (value[0] == '@' || value == "EOT" || value == "BREAK") {
         text.insert(1, "\\");
     }
     return text;
-}
-
-// wvdial also quotes with braces.
-std::string WvdialValue(const std::string& value) {
-    return Escaped(value, "\\\"{}");
 }
 
 std::string ShellWord(const std::string& value) {
@@ -134,7 +128,8 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     }
     std::string text = Title(setting) + "[Dialer velmor]\n";
     const auto set = [&](const char* key, const std::string& value) {
-        text += value.empty() ? "" : key + (" = " + WvdialValue(OneLine(key, value))) + "\n";
+        // wvdial also quotes with braces.
+        text += value.empty() ? "" : key + (" = " + Escaped(OneLine(key, value), "\\\"{}")) + "\n";
     };
     set("Modem", link.device);
     set("Baud", std::to_string(link.baud));

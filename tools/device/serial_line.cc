@@ -18,7 +18,7 @@
 namespace tool {
 namespace {
 
-// The speeds that termios knows.
+// The speeds that --baud accepts.
 const struct {
     unsigned baud;
     speed_t speed;
@@ -37,13 +37,19 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     if (!device) {
         throw ToolError(path, ": cannot be opened: ", std::strerror(errno));
     }
-    Open(device.get());
+    // O_NONBLOCK: open would wait for a carrier.
+    descriptor_ = open(device.get(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor_ < 0 && errno == EBUSY) {
+        throw ToolError(device.get(), ": in use by another program");
+    }
+    if (descriptor_ < 0) {
+        throw ToolError(device.get(), ": cannot be opened: ", std::strerror(errno));
+    }
     if (isatty(descriptor_) == 0) {
         throw ToolError(path, ": is not a serial device");
     }
-    // Programs look at different locks: pppd and minicom at the lock file, others at flock. MakeRaw
-    // adds exclusive use, which makes any other open fail. The lock file comes first, because its
-    // error names the process.
+    // pppd and minicom look at the lock file, other programs at flock. The lock file comes first,
+    // because its error names the process. MakeRaw adds exclusive use: any other open then fails.
     lock_ = std::make_unique<UucpLock>(device.get());
     if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
         throw ToolError(path, ": in use by another program");
@@ -53,24 +59,12 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
 
 SerialLine::~SerialLine() {
     if (changed_) {
-        tcflush(descriptor_,
-                TCIOFLUSH);  // close would wait for bytes that the device does not take
+        tcflush(descriptor_, TCIOFLUSH);  // close would wait until the device takes all bytes
         tcsetattr(descriptor_, TCSANOW, &saved_);
         ioctl(descriptor_, TIOCNXCL);
     }
     if (descriptor_ >= 0) {
         close(descriptor_);
-    }
-}
-
-void SerialLine::Open(const std::string& path) {
-    // O_NONBLOCK: open would wait for a carrier.
-    descriptor_ = open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor_ < 0 && errno == EBUSY) {
-        throw ToolError(path, ": in use by another program");
-    }
-    if (descriptor_ < 0) {
-        throw ToolError(path, ": cannot be opened: ", std::strerror(errno));
     }
 }
 

@@ -24,8 +24,7 @@ class SerialLine {
 
     // Reads a byte. Returns false when none comes within `milliseconds`.
     bool Read(char& byte, int milliseconds);
-    // Discards the bytes received so far, then writes. Returns how many bytes went out within
-    // `milliseconds`.
+    // Discards what was received, then writes. Returns the bytes written within `milliseconds`.
     std::size_t Write(const std::string& bytes, int milliseconds);
     // Whether the device has vanished or its other end has hung up. Reads and writes then fail.
     bool Gone() const { return gone_; }
@@ -34,7 +33,6 @@ class SerialLine {
     using Clock = std::chrono::steady_clock;
 
     SerialLine() = default;
-    void Open(const std::string& path);
     void MakeRaw(const std::string& path, unsigned baud);
     // Waits for an event until a point in time. Returns whether it came.
     bool Wait(short event, Clock::time_point until);

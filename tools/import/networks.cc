@@ -24,26 +24,23 @@ class NetworkPlan {
         : operators_(providers.operators), recipe_(recipe), report_(report) {}
 
     void AddNumberKeys() {
-        for (auto& [key, holders] : HoldersOfKeys()) {
-            holders.erase(std::remove_if(holders.begin(), holders.end(),
-                                         [this](const Holder& holder) {
-                                             return !operators_[holder.index].Imported();
-                                         }),
-                          holders.end());
-            if (holders.empty()) {
+        for (const auto& [key, holders] : HoldersOfKeys()) {
+            // Sorting puts the primary operator first, then those with just this number.
+            std::vector<std::tuple<bool, bool, std::size_t>> ranks;
+            for (const Holder& holder : holders) {
+                if (operators_[holder.index].Imported()) {
+                    ranks.emplace_back(!operators_[holder.index].primary, !holder.wholeNumber,
+                                       holder.index);
+                }
+            }
+            if (ranks.empty()) {
                 ++report_.numberKeysWithoutAccess;
                 continue;
             }
-            // The access points are offered in the order of this rank.
-            const auto rank = [this](const Holder& holder) {
-                return std::make_tuple(!operators_[holder.index].primary, !holder.wholeNumber,
-                                       holder.index);
-            };
-            std::sort(holders.begin(), holders.end(),
-                      [&](const Holder& a, const Holder& b) { return rank(a) < rank(b); });
+            std::sort(ranks.begin(), ranks.end());
             std::vector<std::size_t> owners;
-            for (const Holder& holder : holders) {
-                owners.push_back(holder.index);
+            for (const auto& rank : ranks) {
+                owners.push_back(std::get<std::size_t>(rank));
             }
             ++report_.numberKeys;
             report_.numberKeysShared += owners.size() > 1 ? 1 : 0;

@@ -90,12 +90,8 @@ class ProvidersReader {
         if (usage == "internet") {
             return true;
         }
-        if (usage.empty()) {
-            ++report_.accessUnmarked;
-            return true;
-        }
-        if (usage.find("internet") != std::string::npos) {
-            ++report_.accessCombined;
+        if (usage.empty() || usage.find("internet") != std::string::npos) {
+            ++(usage.empty() ? report_.accessUnmarked : report_.accessCombined);
             return true;
         }
         ++(usage == "mms"   ? report_.accessMms
