@@ -59,6 +59,10 @@ const std::string kComment = "Recipes: how an answer of the phone becomes a key.
 // in the stored form, or in neither. The library does not read on after some faults.
 enum Alike { kEverywhere, kNotToLibrary, kNowhere };
 
+std::string Times(const std::string& text, int count) {
+    return count == 0 ? "" : text + Times(text, count - 1);
+}
+
 const struct {
     const char* finding;  // its severity, identifier and table; empty for none at all
     std::string text;     // this text of the sample
@@ -114,9 +118,13 @@ const struct {
     {"E long-value Countries", "Leerland", std::string(256, 'x'), "E#le#"},
     {"W long-value BasicDUNForPhone", "sud.example", std::string(250, 'x'), "E#10#UMTS#"},
     {"W unknown-placeholder BasicDUNForPhone", "%VAR1%", "%VAR2%", "E#10#UMTS#"},
+    {"E endless-value BasicDUNSettings", "sud.example#3#,,0,0#",
+     Times("%NUM%", 50) + "#" + Times("%VAR1%", 42) + "#" + std::string(40, 'x') + "#", "E#4#"},
+    {"W many-retries GeneralVariables", "RETRY#3#", "RETRY#1001#", "E#AT-RETRY#"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
+    {"", "RETRY#3#", "RETRY#1000#", ""},
     {"", "#1#ACME X100#", "##SOLO#", ""},                 // the manufacturer is not recognised
     {"", "BRONTEL#2#", "BRONTEL#2#\nE##1#", ""},          // any other manufacturer
     {"", "FJORDNET#1", "99903NET#1", ""},                 // digits, then a name

@@ -96,7 +96,14 @@ TEST(DetectCommand, EndsWhateverHappens) {
         "stty -F $device sane; stty -F $device -g >before; " + busy +
         "kill -INT $busy; wait $busy; result=$?; cat said >&2; stty -F $device -g | "
         "diff before - && ! ls /var/lock/LCK..pts_${device##*/} 2>/dev/null && (exit $result)";
+    // The catalogue has the library repeat a failed read 2,147,483,647 times.
+    const std::string stubborn = VELMOR_COMMAND " detect ../stubborn --device $device --timeout ";
+    const std::string stopped = stubborn +
+                                "60 2>said & busy=$!; await log $busy; kill -INT $busy; "
+                                "wait $busy; result=$?; cat said >&2; (exit $result)";
     const std::tuple<std::string, std::string, int, const char*> rows[] = {
+        {"unknown =", stubborn + "0.1", 2, "repeats failed reads too often"},
+        {"unknown =", stopped, 130, "interrupted"},
         {slow, inUse, 2, "in use by process"},
         {slow, restored, 130, "interrupted"},
         {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
@@ -117,6 +124,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
 #endif
     };
     WriteFile("sample", PatientSample());
+    WriteFile("stubborn", SampleSource().Replace("RETRY#3#", "RETRY#2147483647#").text());
     std::vector<std::FILE*> running;
     for (const auto& row : rows) {
         const std::string folder = std::to_string(running.size());

@@ -5,6 +5,8 @@
 #include "check/check.h"
 #include "dun/dial_texts.h"
 #include "dun/setting_columns.h"
+#include "foundation/number.h"
+#include "support/texts.h"
 #include "velmor.h"
 
 namespace tool {
@@ -12,13 +14,13 @@ namespace {
 
 using namespace vel::schema;
 
+constexpr int kManyRetries = 1000;
 const std::vector<const char*> kTemplates = {kDialString, kInitializationString};
 
 // The values of one column that replace a placeholder, in the DUN settings of one network type.
 struct Filling {
     int emptyCount = 0;
     int emptyLine = 0;  // of the first empty value
-    std::size_t longest = 0;
 };
 using Fillings =
     std::map<std::string, std::map<std::string, Filling>>;  // by network type and column
@@ -37,14 +39,20 @@ void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& c
     }
 }
 
-Fillings FindFillings(const Catalogue& catalogue) {
-    Fillings fillings;
-    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
-    const CatalogueTable& networks = catalogue.Table(kNetworks);
+// The types of the networks, by their keys.
+std::map<std::string, std::string> NetworkTypes(const Catalogue& catalogue) {
     std::map<std::string, std::string> types;
+    const CatalogueTable& networks = catalogue.Table(kNetworks);
     for (const CatalogueRow& row : networks.rows) {
         types.emplace(row.Cell(0), row.Cell(networks.Column(kNetworkType)));
     }
+    return types;
+}
+
+Fillings FindFillings(const Catalogue& catalogue) {
+    Fillings fillings;
+    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
+    const std::map<std::string, std::string> types = NetworkTypes(catalogue);
     for (const CatalogueRow& row : settings.rows) {
         const auto type = types.find(row.Cell(settings.Column(kNetworkID)));
         for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
@@ -53,7 +61,6 @@ Fillings FindFillings(const Catalogue& catalogue) {
                 Filling& filling = fillings[type->second][placeholder.column];
                 filling.emptyLine = filling.emptyCount == 0 ? row.line : filling.emptyLine;
                 filling.emptyCount += value.empty() ? 1 : 0;
-                filling.longest = std::max(filling.longest, value.size());
             }
         }
     }
@@ -81,24 +88,17 @@ std::string FindUnknown(const std::string& text) {
 
 // Checks a dial or initialisation string, and the values that can replace its placeholders.
 void CheckTemplate(const Place& place, const char* column, const std::string& text,
-                   std::map<std::string, Filling>& fillings, Findings& findings) {
+                   std::size_t longest, std::map<std::string, Filling>& fillings,
+                   Findings& findings) {
     const std::string unknown = FindUnknown(text);
     if (!unknown.empty()) {
         AddWarning(findings, "unknown-placeholder", place, "%", unknown, "% in ", column,
                    " is not a placeholder; the library leaves it unchanged: write %APN%, %NUM% or"
                    " %VAR1%");
     }
-    std::size_t longest = text.size();
-    for (const auto& [placeholderText, name, message] : vel::kPlaceholders) {
-        const std::string placeholder = placeholderText;
+    for (const auto& [placeholder, name, message] : vel::kPlaceholders) {
         const Filling& filling = fillings[name];
-        std::size_t uses = 0;
-        for (std::size_t at = 0; (at = text.find(placeholder, at)) != std::string::npos;
-             at += placeholder.size()) {
-            ++uses;
-        }
-        longest = longest + uses * filling.longest - uses * placeholder.size();
-        if (uses > 0 && filling.emptyCount > 0) {
+        if (text.find(placeholder) != std::string::npos && filling.emptyCount > 0) {
             AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
                        " has no value in ", filling.emptyCount,
                        " setting(s) of this network type; the library inserts nothing: fill the"
@@ -114,7 +114,69 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
     }
 }
 
-void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
+// By network type and dial or initialisation string: its most bytes when values replace
+// placeholders.
+using Longest = std::map<std::pair<std::string, std::string>, std::size_t>;
+
+// The text with the values of a setting; throws std::bad_alloc where the library refuses it.
+std::size_t ExpandedSize(const std::string& text, const CatalogueTable& settings,
+                         const CatalogueRow& row) {
+    vel::String expanded = ToLibrary(text);
+    for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
+        const std::string value = row.Cell(settings.Column(placeholder.column));
+        expanded = vel::Expand(expanded, placeholder, ToLibrary(value));
+    }
+    return static_cast<std::size_t>(expanded.Length());
+}
+
+Longest CheckExpansion(const Catalogue& catalogue, Findings& findings) {
+    Longest longest;
+    const CatalogueTable& phones = catalogue.Table(kBasicDUNForPhone);
+    for (const CatalogueRow& row : phones.rows) {
+        for (const char* column : kTemplates) {
+            longest.emplace(std::make_pair(row.Cell(phones.Column(kNetworkType)),
+                                           row.Cell(phones.Column(column))),
+                            0);
+        }
+    }
+    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
+    const std::map<std::string, std::string> types = NetworkTypes(catalogue);
+    for (const CatalogueRow& row : settings.rows) {
+        const auto type = types.find(row.Cell(settings.Column(kNetworkID)));
+        if (type == types.end()) {
+            continue;
+        }
+        try {
+            for (auto at = longest.lower_bound({type->second, ""});
+                 at != longest.end() && at->first.first == type->second; ++at) {
+                at->second = std::max(at->second, ExpandedSize(at->first.second, settings, row));
+            }
+        } catch (const std::bad_alloc&) {
+            AddError(findings, "endless-value", settings.At(row),
+                     "the values of this setting make a dial or initialisation string longer than"
+                     " 65536 bytes; the library then fails as if memory ran out: remove"
+                     " placeholders from the values");
+        }
+    }
+    return longest;
+}
+
+void CheckRetries(const Catalogue& catalogue, Findings& findings) {
+    const CatalogueTable& table = catalogue.Table(kGeneralVariables);
+    for (const CatalogueRow& row : table.rows) {
+        const std::string value = row.Cell(table.Column(kValue));
+        if (row.Cell(table.Column(kVariable)) == kAtRetry &&
+            vel::ReadNumber(value.c_str(), -1) > kManyRetries) {
+            AddWarning(
+                findings, "many-retries", table.At(row), kAtRetry, " is ", value,
+                "; the library repeats each failed read so often, and a silent phone can keep"
+                " it busy for minutes: use at most ",
+                kManyRetries);
+        }
+    }
+}
+
+void CheckPhoneRows(const Catalogue& catalogue, const Longest& longest, Findings& findings) {
     const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
     Fillings fillings = FindFillings(catalogue);
     std::map<std::pair<std::string, std::string>, int> seen;
@@ -128,7 +190,8 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
                      first->second, "; the library uses none of them: keep only one");
         }
         for (const char* column : kTemplates) {
-            CheckTemplate(table.At(row), column, row.Cell(table.Column(column)), fillings[type],
+            const std::string text = row.Cell(table.Column(column));
+            CheckTemplate(table.At(row), column, text, longest.at({type, text}), fillings[type],
                           findings);
         }
     }
@@ -146,7 +209,8 @@ void CheckSettings(const Catalogue& catalogue, Findings& findings) {
     CheckLengths(catalogue.Table(kCountries), {kName}, findings);
     CheckLengths(catalogue.Table(kBasicDUNSettings), texts, findings);
     CheckLengths(catalogue.Table(kBasicDUNForPhone), kTemplates, findings);
-    CheckPhoneRows(catalogue, findings);
+    CheckPhoneRows(catalogue, CheckExpansion(catalogue, findings), findings);
+    CheckRetries(catalogue, findings);
 }
 
 }  // namespace tool

@@ -61,6 +61,10 @@ int RunDetect(const Options& options) {
         if (line.Gone()) {
             throw ToolError(link.device, ": the device is gone");
         }
+        if (dialogue.WasAbandoned()) {
+            throw ToolError(options.catalogue,
+                            ": the library repeats failed reads too often; velmor check tells why");
+        }
     }
     if (options.format.name == "text") {
         PrintDetection(found);

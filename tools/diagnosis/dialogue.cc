@@ -13,6 +13,13 @@ constexpr std::size_t kMostBytes = 16384;
 // The limit of a read in milliseconds when the catalogue has no AT-TIME-OUT.
 constexpr double kDefaultWait = 1000;
 
+// How long the library may repeat reads of a command that is over, in seconds.
+constexpr double kPatience = 0.5;
+
+// Thrown through the library, which ends the detection then. A failed read would not do: the
+// library repeats it AT-RETRY times, and the catalogue may say two thousand million.
+struct Abandoned {};
+
 Dialogue* current = nullptr;  // the callbacks have no argument for it
 
 }  // namespace
@@ -38,10 +45,19 @@ long Dialogue::Send(const char* buffer, long length) {
 
 bool Dialogue::ReadByte(char& byte, long timeout) {
     Exchange& exchange = exchanges_.back();
-    const double left = (exchange.sent + limit_ - log_.Seconds()) * 1000;
+    const double now = log_.Seconds();
+    const double left = (exchange.sent + limit_ - now) * 1000;
     const double wait = std::min(timeout < 0 ? kDefaultWait : static_cast<double>(timeout), left);
     if (left <= 0 || exchange.answer.size() >= kMostBytes || Interruption::Signal() != 0 ||
-        !line_.Read(byte, static_cast<int>(wait))) {
+        line_.Gone()) {
+        overSince_ = overSince_ < 0 ? now : overSince_;
+        abandoned_ = Interruption::Signal() != 0 || now - overSince_ > kPatience;
+        if (abandoned_) {
+            throw Abandoned();
+        }
+        return false;
+    }
+    if (!line_.Read(byte, static_cast<int>(wait))) {
         return false;
     }
     exchange.answer += byte;
@@ -54,6 +70,7 @@ bool Dialogue::SendCommand(const std::string& command) {
     if (Interruption::Signal() != 0 || line_.Gone()) {
         return false;
     }
+    overSince_ = -1;
     log_.Command(command);
     exchanges_.push_back({command, "", log_.Seconds(), log_.Seconds()});
     return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();

@@ -33,6 +33,8 @@ class Dialogue {
     // Shows the rest of the last answer.
     void End() { log_.EndAnswer(); }
     const std::vector<Exchange>& exchanges() const { return exchanges_; }
+    // Whether the detection was ended because the library went on with a command that was over.
+    bool WasAbandoned() const { return abandoned_; }
 
   private:
     bool ReadByte(char& byte, long timeout);
@@ -42,6 +44,8 @@ class Dialogue {
     double limit_;
     DialogueLog log_;
     std::vector<Exchange> exchanges_;
+    double overSince_ = -1;  // when the command was first over; negative: it is not
+    bool abandoned_ = false;
 };
 
 }  // namespace tool
