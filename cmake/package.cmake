@@ -25,8 +25,11 @@ string(REGEX REPLACE "/$" "" velmor_pc_prefix ${velmor_pc_prefix})
 configure_file(cmake/velmor.pc.in velmor.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/velmor.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
-install(FILES SECURITY.md docs/integration.md docs/catalogue.md docs/trace-log.md
-  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libvelmor-dev COMPONENT development)
+# In the folders of the source tree, for the links between them.
+set(velmor_documents ${CMAKE_INSTALL_DATADIR}/doc/libvelmor-dev)
+install(FILES SECURITY.md DESTINATION ${velmor_documents} COMPONENT development)
+install(FILES docs/integration.md docs/catalogue.md docs/trace-log.md
+  DESTINATION ${velmor_documents}/docs COMPONENT development)
 foreach(component package IN ZIP_LISTS velmor_components velmor_packages)
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
     RENAME copyright COMPONENT ${component})
