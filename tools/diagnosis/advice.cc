@@ -25,7 +25,9 @@ Velmor::Table Table(const char* name) {
 std::vector<vel::Pointer<vel::IRow>> RowList(const char* table) {
     std::vector<vel::Pointer<vel::IRow>> list;
     const Velmor::Rows rows = vel::RowsOf(Table(table));
-    for (int i = 0; i < vel::CountOf(rows); ++i) {
+    const int count = vel::CountOf(rows);
+    list.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
         list.push_back(vel::RowAt(rows, i));
     }
     return list;

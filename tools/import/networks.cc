@@ -39,6 +39,7 @@ class NetworkPlan {
             }
             std::sort(ranks.begin(), ranks.end());
             std::vector<std::size_t> owners;
+            owners.reserve(ranks.size());
             for (const auto& rank : ranks) {
                 owners.push_back(std::get<std::size_t>(rank));
             }
