@@ -9,21 +9,25 @@ using namespace vel;
 long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                        Velmor_SendFunction aSendFunction) {
     PrepareThread();
-    // Before the frame: the catalogue says whether this call is traced.
-    const bool loaded = Guarded([&] { Velmor::getVelmor()->Init(aDatabaseFile); });
-    return Framed("Velmor_Initialise", -1, [&](CallFrame& frame) -> long {
-        Velmor& session = *Velmor::getVelmor();
-        frame.In("aDatabaseFile", aDatabaseFile);
-        frame.InAddress("aReadFunction", reinterpret_cast<const void*>(aReadFunction));
-        frame.InAddress("aSendFunction", reinterpret_cast<const void*>(aSendFunction));
-        if (!loaded || !session.IsComplete()) {
-            session.Release();
-            return -1;
-        }
-        session.readFunction = aReadFunction;
-        session.sendFunction = aSendFunction;
-        return 0;
+    long result = -1;
+    Guarded([&] {  // of the whole call: the thread cannot be cancelled between its parts
+        // Before the frame: the catalogue says whether this call is traced.
+        const bool loaded = Guarded([&] { Velmor::getVelmor()->Init(aDatabaseFile); });
+        result = Framed("Velmor_Initialise", -1, [&](CallFrame& frame) -> long {
+            Velmor& session = *Velmor::getVelmor();
+            frame.In("aDatabaseFile", aDatabaseFile);
+            frame.InAddress("aReadFunction", reinterpret_cast<const void*>(aReadFunction));
+            frame.InAddress("aSendFunction", reinterpret_cast<const void*>(aSendFunction));
+            if (!loaded || !session.IsComplete()) {
+                session.Release();
+                return -1;
+            }
+            session.readFunction = aReadFunction;
+            session.sendFunction = aSendFunction;
+            return 0;
+        });
     });
+    return result;
 }
 
 void Velmor_DeInitialise(void) {

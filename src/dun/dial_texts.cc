@@ -25,7 +25,7 @@ String Expand(const String& text, const Placeholder& placeholder, const String& 
     for (int at = 0; (at = text.FindOne(what, at)) >= 0; at += what.Length()) {
         length += value.Length() - what.Length();
     }
-    if (length != text.Length() && length > kLongestText) {
+    if (length > text.Length() && length > kLongestText) {
         throw std::bad_alloc();
     }
     return text.Replace(what, value);

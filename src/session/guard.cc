@@ -21,7 +21,7 @@ __attribute__((no_sanitize("null"), noinline)) bool RunCaught(const FunctionRef<
         delete exception;
     } catch (const abi::__forced_unwind&) {
         throw;       // the host cancels its thread inside a callback; that must not be stopped
-    } catch (...) {  // out of memory: the library has no other exception, and callbacks throw none
+    } catch (...) {  // out of memory, or what the command's callback throws to end a detection
     }
     return false;
 }
