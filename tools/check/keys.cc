@@ -25,15 +25,15 @@ const Relation kRelations[] = {
     {kManufacturerIdentification, kManufacturerID, kManufacturers, false,
      "the library detects a manufacturer that is not in the catalogue"},
     // Empty: for phones whose manufacturer is not recognised.
-    {kPhoneIdentification, kManufacturerID, kManufacturers, true, "the row matches no phone"},
+    {kPhoneIdentification, kManufacturerID, kManufacturers, true, "no such manufacturer is listed"},
     {kPhoneIdentification, kPhoneID, kPhones, false,
      "the library detects a phone that is not in the catalogue"},
     {kNetworkIdentification, kNetworkID, kNetworks, false,
      "the detected network has no type, so no setting gets a dial string"},
     {kBasicDUNSettings, kNetworkID, kNetworks, false,
-     "the setting is never offered on detection and has no dial string"},
+     "the setting has no network type, so it gets no dial string"},
     {kBasicDUNSettings, kCountryID, kCountries, false, "no country lists the setting"},
-    {kBasicDUNForPhone, kPhoneID, kPhones, false, "the row is never used"},
+    {kBasicDUNForPhone, kPhoneID, kPhones, false, "no list offers such a phone"},
 };
 
 using Texts = std::set<std::string>;

@@ -18,7 +18,7 @@ using Names = std::vector<const char*>;
 struct TableRule {
     const char* name;
     std::string effect;  // of the missing table
-    Names keys;          // the columns without which the library finds no row
+    Names keys;          // the columns by which the library finds rows
     Names values;        // the other columns
 };
 
@@ -60,7 +60,10 @@ void CheckColumns(const CatalogueTable& table, const Names& columns, Severity mi
     for (const char* column : columns) {
         if (table.Column(column) < 0) {
             AddFinding(findings, "missing-column", missing, {table.name, table.line}, "no column ",
-                       InQuotes(column), "; the library reads it as empty in every row: add it");
+                       InQuotes(column),
+                       missing == Severity::kError
+                           ? "; the library finds no row by it: add it"
+                           : "; the library reads it as empty in every row: add it");
         }
     }
 }

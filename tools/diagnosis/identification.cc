@@ -76,7 +76,7 @@ std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
     return {};
 }
 
-// The key that the library looks up last: the first digits of the IMSI. When there are too few, the
+// The key to add: the first digits of the IMSI. When there are too few, the
 // operator's name follows them.
 void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogue) {
     const std::string imsi = AnswerTo(vel::kImsiQuestion, dialogue).line;

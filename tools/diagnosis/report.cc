@@ -74,7 +74,9 @@ void PrintDetection(const Detection& found) {
         std::cout << "\n";
         PrintAligned(SettingRows(setting.values));
         if (!setting.ready) {
-            std::cout << "  The catalogue does not say how this phone dials on this network.\n";
+            std::cout
+                << "  The library has no dial strings for this phone and network; velmor check may"
+                   " tell why.\n";
         }
     }
     PrintAdvice(found);
