@@ -60,9 +60,10 @@ TEST(Array, OfTexts) {
     EXPECT_EQ(copy[3], String("d"));
     EXPECT_EQ(copy.growBy, 9);
     EXPECT_EQ(Array<String>(copy).growBy, 9);
-    EXPECT_EQ(Array<String>(std::move(copy)).growBy, 9);
-    copy.Clear();
-    EXPECT_EQ(copy.data, nullptr);
+    Array<String> moved(std::move(copy));
+    EXPECT_EQ(moved.growBy, 9);
+    moved.Clear();
+    EXPECT_EQ(moved.data, nullptr);
 }
 
 TEST(List, IndexedAccessInAnyOrder) {
