@@ -23,7 +23,7 @@ class OddStatus final : public IRowCondition {
 class Model : public testing::Test {
   protected:
     Model() {
-        Database::Create("World", "7", *&database);
+        EXPECT_EQ(Database::Create("World", "7", *&database), 0);
         database->CreateTable("Colours", Texts({"ID", "Name"}), *&table);
     }
     ~Model() override {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
 
+#include "tests/support/faults.h"
 #include "tests/support/session.h"
 
 namespace {
@@ -59,6 +60,15 @@ TEST_F(CountrySettings, SearchesOncePerCountry) {
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 9), -1);
     EXPECT_TRUE(cached(0) == first);
     EXPECT_FALSE(cached(1) == first);
+    // When memory runs out, the rows of one country are not taken for those of another.
+    bool failed = true;
+    for (std::size_t n = 1; failed; ++n) {
+        cached(0);
+        allocation::FailAfter(n);
+        Velmor_GetCountryNrOfBasicDUNSettings(0, 1);
+        failed = allocation::FailAfter(0);
+        EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 1), 1);
+    }
     const auto again = cached(0);
     EXPECT_FALSE(again == first);
     // A second start without an end before keeps the rows, which have lost their texts.

@@ -32,6 +32,8 @@ TEST(String, States) {
     text = static_cast<const String&>(text);
     text = text.data + 1;
     ExpectState(text, 3, 3, "bc");
+    text.Truncate();
+    ExpectState(text, 1, 3, "");
     text = static_cast<const char*>(nullptr);
     ExpectState(String(text), 1, 1, nullptr);
     text.Append("x", 0);
