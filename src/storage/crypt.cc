@@ -55,9 +55,6 @@ bool Crypt::Decrypt(const String& cipher, String& plain) {
 }
 
 void Crypt::DecryptInPlace(String& text, int start) {
-    if (text.Length() <= start) {
-        return;
-    }
     char* to = text.data + start;
     const char* const end = text.data + text.Length();
     for (const char* from = to; from < end; from += 2) {

@@ -25,7 +25,7 @@ class Crypt {
     bool Decrypt(const String& cipher, String& plain);
 
   protected:
-    // Deciphers the characters from `start` on, in place.
+    // Deciphers the characters from `start` on, in place. REQUIRES: a buffer, start <= its length.
     void DecryptInPlace(String& text, int start);
 
   private:

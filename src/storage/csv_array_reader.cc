@@ -21,7 +21,6 @@ bool CSVArrayReader::internalGetArray() {
     if (!open_) {
         return false;
     }
-    atEnd_ = false;
     while (!internalGetLineArray()) {
         if (atEnd_) {
             return false;
