@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dial_texts.h"
 
-#include <new>
-
 #include "session/schema.h"
 
 namespace vel {
@@ -10,7 +8,7 @@ namespace {
 
 // Longer expanded texts count as running out of memory: values that hold placeholders multiply, and
 // a catalogue of 4 kB could ask for gigabytes.
-constexpr std::int64_t kLongestText = 65536;
+constexpr int kLongestText = 65536;
 
 void TraceTexts(CallFrame& frame, const DialTexts& texts) {
     frame.Line(texts.initialization.c_str());
@@ -20,15 +18,8 @@ void TraceTexts(CallFrame& frame, const DialTexts& texts) {
 }  // namespace
 
 String Expand(const String& text, const Placeholder& placeholder, const String& value) {
-    const String what(placeholder.text);
-    std::int64_t length = text.Length();
-    for (int at = 0; (at = text.FindOne(what, at)) >= 0; at += what.Length()) {
-        length += value.Length() - what.Length();
-    }
-    if (length > text.Length() && length > kLongestText) {
-        throw std::bad_alloc();
-    }
-    return text.Replace(what, value);
+    const int most = text.Length() > kLongestText ? text.Length() : kLongestText;
+    return text.Replace(placeholder.text, value, most);
 }
 
 PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {

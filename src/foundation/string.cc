@@ -126,7 +126,7 @@ int String::FindOne(const String& what, int from) const {
     return -1;
 }
 
-String String::Replace(const String& what, const String& with) const {
+String String::Replace(const String& what, const String& with, int most) const {
     const int length = what.count - 1;
     if (data == nullptr || what.data == nullptr || length < 1 || FindOne(what, 0) < 0) {
         return String(*this);
@@ -144,6 +144,10 @@ String String::Replace(const String& what, const String& with) const {
         result.Append(data + start, match - start);
         result.Append(with.data, withLength);
         start = match + length;
+        // With the rest it only grows from here on, or only shrinks.
+        if (result.Length() > most - (count - 1 - start)) {
+            throw std::bad_alloc();
+        }
     }
     result.Append(data + start, count - 1 - start);
     return String(result);  // the copy's capacity is exactly its count

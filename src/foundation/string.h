@@ -19,6 +19,7 @@ extern template class Array<char>;
 class String : public Array<char> {
   public:
     static constexpr int kGrowBy = 32;
+    static constexpr int kUnbounded = 0x7FFFFFFF;
 
     String();
     String(const char* s);  // NOLINT(google-explicit-constructor): texts are written as literals
@@ -57,8 +58,9 @@ class String : public Array<char> {
     int FindOne(const String& what, int from) const;
 
     // This text with every occurrence of `what` replaced by `with`, from left to right and without
-    // overlap. When nothing is left the result is the null state, not an empty text.
-    String Replace(const String& what, const String& with) const;
+    // overlap. When nothing is left the result is the null state, not an empty text. A result of
+    // more than `most` bytes throws std::bad_alloc as soon as it is that long.
+    String Replace(const String& what, const String& with, int most = kUnbounded) const;
 
     // Characters before the terminator; 0 for a string without a buffer.
     int Length() const { return data == nullptr ? 0 : count - 1; }

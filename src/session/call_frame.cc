@@ -112,7 +112,7 @@ void CallFrame::Line2(const char* label, const String& text) {
     }
 }
 
-long InFrame(const char* name, long failure, const FrameBody& body) {
+long InFrame(const char* name, long failure, FrameBody body) {
     CallFrame frame(name);
     frame.SetResult(failure);
     const long result = body(frame);
@@ -120,7 +120,7 @@ long InFrame(const char* name, long failure, const FrameBody& body) {
     return result;
 }
 
-long Framed(const char* name, long failure, const FrameBody& body) {
+long Framed(const char* name, long failure, FrameBody body) {
     long result = failure;
     Guarded([&] { result = InFrame(name, failure, body); });
     return result;

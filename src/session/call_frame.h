@@ -54,10 +54,10 @@ using FrameBody = FunctionRef<long(CallFrame&)>;
 // Runs the body in a frame and returns what it returns. When the body throws, the frame reports
 // `failure` and the exception goes on: for operations that the library itself calls, which must not
 // take a lack of memory for an answer.
-long InFrame(const char* name, long failure, const FrameBody& body);
+long InFrame(const char* name, long failure, FrameBody body);
 
 // The frame of an exported operation: nothing is thrown out of it. A body that throws has the
 // result `failure`.
-long Framed(const char* name, long failure, const FrameBody& body);
+long Framed(const char* name, long failure, FrameBody body);
 
 }  // namespace vel

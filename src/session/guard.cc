@@ -13,7 +13,7 @@ namespace {
 //
 // For a cancelled thread the C++ runtime gives the handler a reference to nothing, at which the
 // sanitizer would stop.
-__attribute__((no_sanitize("null"), noinline)) bool RunCaught(const FunctionRef<void()>& body) {
+__attribute__((no_sanitize("null"), noinline)) bool RunCaught(FunctionRef<void()> body) {
     try {
         body();
         return true;
@@ -33,7 +33,7 @@ void PrepareThread() {
     [[maybe_unused]] void* const volatile state = abi::__cxa_get_globals();
 }
 
-bool Guarded(const FunctionRef<void()>& body) {
+bool Guarded(FunctionRef<void()> body) {
     const bool outermost = Cancellation::HoldOff();
     const bool done = RunCaught(body);
     if (outermost) {

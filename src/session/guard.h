@@ -6,7 +6,7 @@
 namespace vel {
 
 // The one place where exceptions end. Runs the body; false when it threw.
-bool Guarded(const FunctionRef<void()>& body);
+bool Guarded(FunctionRef<void()> body);
 
 // Has the C++ runtime allocate its state for this thread. A shared runtime does so at the thread's
 // first exception otherwise, and aborts the process when there is no memory left.
