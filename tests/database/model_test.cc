@@ -60,7 +60,7 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(refused, row.get());
 
     int index = -1;
-    row->get_Index(index);
+    EXPECT_EQ(row->get_Index(index), 0);
     EXPECT_EQ(index, 1);
     Pointer<IRow> found;
     EXPECT_EQ(table->get_Row("2", *&found), 0);

@@ -107,7 +107,7 @@ TEST_F(Detection, ResultsLastUntilTheNext) {
     EXPECT_EQ(Detect("unknown ="), -1);
     EXPECT_EQ(std::string(maker, 17), std::string(16, '\0') + '\x55');
     EXPECT_EQ(phone(), -1);
-    EXPECT_EQ(std::string(name, 8), std::string(8, '\0'));
+    EXPECT_EQ(std::string(name, 8) + std::string(manufacturer, 5), std::string(13, '\0'));
     EXPECT_EQ(Settings(), 0);
     EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, nullptr, 8, nullptr, -1), -1);
     EXPECT_EQ(Velmor_GetNrDetectedDUNSettings(0, nullptr), 0);
