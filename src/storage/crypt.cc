@@ -9,36 +9,42 @@
 namespace vel {
 namespace {
 
-constexpr std::int32_t kModulus = 2147483647;  // 2^31 - 1
-constexpr std::int32_t kMultiplier = 48271;
+constexpr std::uint32_t kModulus = 2147483647;  // 2^31 - 1
+constexpr std::uint32_t kMultiplier = 48271;
 constexpr int kBlockSize = 4096;
+
+// The next state modulo 2^31 - 1, without a division: the bits above the lowest 31 are added to
+// these. It can be above the modulus by less than the multiplier. The step after it takes it as it
+// is, so that steps follow one another sooner; Reduced gives the state proper.
+std::uint32_t Step(std::uint32_t state) {
+    const std::uint64_t product = std::uint64_t{kMultiplier} * state;
+    return static_cast<std::uint32_t>((product & kModulus) + (product >> 31));
+}
+
+std::uint32_t Reduced(std::uint32_t state) {
+    return state >= kModulus ? state - kModulus : state;
+}
+
+// The integer part of state / modulus * 255, without a division: equal to the result in double
+// precision for every state. For compatibility the key leaves the top bit of every byte as it is:
+// stored catalogues depend on that.
+int KeyOf(std::uint32_t state) {
+    const std::uint64_t reduced = Reduced(state);
+    return static_cast<int>((255 * reduced + (reduced >> 23)) >> 31) & 0x7F;
+}
 
 }  // namespace
 
 double Crypt::Random() {
-    Step();
+    state_ = Reduced(Step(state_));
     return state_ / double{kModulus};
-}
-
-void Crypt::Step() {
-    // Modulo 2^31 - 1 without a division: the bits above the lowest 31 are added to these.
-    const std::uint64_t product = std::uint64_t{kMultiplier} * static_cast<std::uint32_t>(state_);
-    const auto sum = static_cast<std::uint32_t>((product & kModulus) + (product >> 31));
-    state_ = static_cast<std::int32_t>(sum >= kModulus ? sum - kModulus : sum);
-}
-
-int Crypt::NextKey() {
-    Step();
-    // The integer part of state / modulus * 255, without a division. It is equal to the result in
-    // double precision for every state, and deciphering a catalogue takes a fifth less time.
-    const std::uint64_t scaled = std::uint64_t{255} * static_cast<std::uint32_t>(state_);
-    return static_cast<int>((scaled + (scaled >> 31) + 1) >> 31) & 0x7F;
 }
 
 bool Crypt::Encrypt(const String& plain, String& cipher) {
     cipher = "";
     for (int i = 0; i < plain.Length(); ++i) {
-        const int byte = static_cast<unsigned char>(plain.data[i]) ^ NextKey();
+        state_ = Step(state_);
+        const int byte = static_cast<unsigned char>(plain.data[i]) ^ KeyOf(state_);
         cipher.Append(static_cast<char>('a' + (byte & 15)));
         cipher.Append(static_cast<char>('a' + (byte >> 4)));
     }
@@ -57,10 +63,13 @@ bool Crypt::Decrypt(const String& cipher, String& plain) {
 void Crypt::DecryptInPlace(String& text, int start) {
     char* to = text.data + start;
     const char* const end = text.data + text.Length();
+    std::uint32_t state = state_;  // writing the text could change the member, for all we can tell
     for (const char* from = to; from < end; from += 2) {
+        state = Step(state);
         const int byte = ((from[0] - 'a') & 15) + (from[1] - 'a') * 16;
-        *to++ = static_cast<char>(byte ^ NextKey());
+        *to++ = static_cast<char>(byte ^ KeyOf(state));
     }
+    state_ = state;
     *to = '\0';
     text.count = static_cast<int>(to - text.data) + 1;
 }

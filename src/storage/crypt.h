@@ -29,14 +29,9 @@ class Crypt {
     void DecryptInPlace(String& text, int start);
 
   private:
-    static constexpr std::int32_t kSeed = 592741386;
+    static constexpr std::uint32_t kSeed = 592741386;
 
-    void Step();
-    // For compatibility the key leaves the top bit of every byte as it is: stored catalogues depend
-    // on that.
-    int NextKey();
-
-    std::int32_t state_ = kSeed;
+    std::uint32_t state_ = kSeed;  // below 2^31 + 48271; equal to the proper state modulo 2^31 - 1
 };
 
 // The cipher applied to lines and to whole files. In a readable source the lines to be hidden begin

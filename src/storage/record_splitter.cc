@@ -4,24 +4,31 @@
 namespace vel {
 
 bool SplitRecord(const String& line, char separator, Record& fields) {
-    const char* const end = line.c_str() + line.Length();
-    const bool separates = !IsABlankOrTab(separator);
+    const char* from = line.c_str();
+    const char* const end = from + line.Length();
+    if (IsABlankOrTab(separator) || separator == '?' || separator == '\\') {
+        return false;
+    }
     char* to = fields.Start(line.Length() + 1);
-    bool inPrefix = true;
-    for (const char* from = line.c_str(); from < end; ++from) {
-        const bool escaped = *from == '\\';
-        from += escaped ? 1 : 0;  // behind a final backslash this is the NUL that ends the line
-        if (inPrefix && *from == '?') {
+    // Behind a final backslash stands the NUL that ends the line.
+    for (; from < end && *from != separator; ++from) {
+        from += *from == '\\' ? 1 : 0;
+        if (*from == '?') {
             return false;
         }
-        if (*from == separator && separates && !escaped) {
-            to = inPrefix ? to : fields.EndField(to);
-            inPrefix = false;
-        } else if (!inPrefix) {
+    }
+    if (from >= end) {
+        return false;
+    }
+    for (++from; from < end; ++from) {
+        if (*from == separator) {
+            to = fields.EndField(to);
+        } else {
+            from += *from == '\\' ? 1 : 0;
             *to++ = *from;
         }
     }
-    return !inPrefix;
+    return true;
 }
 
 }  // namespace vel

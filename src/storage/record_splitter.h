@@ -12,8 +12,8 @@ inline bool IsABlankOrTab(char c) {
 // Splits a line of separated values into a record. The line has a prefix, which is ignored, then
 // the separator, then each field followed by the separator. A backslash makes the next character
 // literal. Blanks are kept. Text after the last separator is lost. False when the line is no
-// record: it is empty, holds no separator or has a "?" in its prefix. A blank or a tab is no
-// separator.
+// record: it is empty, holds no separator or has a "?" in its prefix. A blank, a tab, "?" and the
+// backslash are no separators.
 bool SplitRecord(const String& line, char separator, Record& fields);
 
 }  // namespace vel
