@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t kModulus = 2147483647;  // 2^31 - 1
 constexpr std::uint32_t kMultiplier = 48271;
-constexpr int kBlockSize = 4096;
+constexpr int kBlockSize = 65536;
 
 // The next state modulo 2^31 - 1, without a division: the bits above the lowest 31 are added to
 // these. It can be above the modulus by less than the multiplier. The step after it takes it as it
@@ -96,34 +96,63 @@ void ArrayCrypter::DecryptLine(String& line) {
     }
 }
 
+bool ArrayCrypter::ReadStored(File& source, String& line) {
+    if (!source.readLine(&line)) {
+        return false;
+    }
+    if (line.First() == 'E') {
+        line = Encrypt(line);
+    }
+    line.Append('\n');
+    return true;
+}
+
+bool ArrayCrypter::Holds(File& copy, File& source) {
+    String line;
+    while (ReadStored(source, line)) {
+        if (!copy.continuesWith(line)) {
+            return false;
+        }
+    }
+    return !source.HasFailed() && copy.atEnd();
+}
+
 bool ArrayCrypter::CryptFile(const String& path, const String& target) {
+    const String name = target.IsEmpty() ? path + ".encode" : path;
     Reset();
     File input(path.c_str(), accessRead);
     if (!input.openFile()) {
         return true;
     }
-    List<String>
-        blocks;  // each holds whole lines: a node for every line would cost three times more
+    File copy(name.c_str(), accessRead);
+    if (copy.openFile()) {
+        const bool held = Holds(copy, input);
+        Reset();
+        if (held) {
+            return false;
+        }
+        copy.closeFile();
+        if (!input.setPosition(0, SEEK_SET)) {
+            return true;
+        }
+    }
+    // Blocks hold whole lines: a node for every line would cost three times more.
+    List<String> blocks;
     blocks.allowDuplicates = true;
     String line;
-    while (input.readLine(&line)) {
-        if (line.First() == 'E') {
-            line = Encrypt(line);
-        }
-        if (blocks.tail == nullptr || line.Length() >= kBlockSize - blocks.tail->element.Length()) {
+    while (ReadStored(input, line)) {
+        if (blocks.tail == nullptr || line.Length() > kBlockSize - blocks.tail->element.count) {
             blocks.Add("");
-            blocks.tail->element.internalEnsureSpace(kBlockSize);
+            blocks.tail->element.internalEnsureSpace(kBlockSize - 1);
         }
-        String& block = blocks.tail->element;
-        block.Append(line.c_str(), line.Length());
-        block.Append('\n');
+        blocks.tail->element.Append(line.data, line.Length());
     }
     Reset();
     if (input.HasFailed()) {
         return true;  // opening the output could lose what was not read: it may be the input
     }
     input.closeFile();
-    File output((target.IsEmpty() ? path + ".encode" : path).c_str(), accessWrite);
+    File output(name.c_str(), accessWrite);
     if (!output.openFile()) {
         return true;
     }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "foundation/string.h"
+#include "storage/file.h"
 
 namespace vel {
 
@@ -48,10 +49,18 @@ class ArrayCrypter : public Crypt {
     void DecryptLine(String& line);
 
     // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
-    // empty. Opens the output only after the input was read to its end.
-    // For compatibility returns 0 when the output was written, and 1 when a file could not be
+    // empty. A file that already holds the very bytes is left alone: that spares the flash of a
+    // device, and writing costs more than comparing. Opens the output for writing only after the
+    // input was read to its end.
+    // For compatibility returns 0 when the output holds the bytes, and 1 when a file could not be
     // opened or the input could not be read.
     bool CryptFile(const String& path, const String& target);
+
+  private:
+    // Reads the next line of a source and makes it a stored one, with its line feed.
+    bool ReadStored(File& source, String& line);
+    // Whether a file holds the stored form of a source, and nothing else.
+    bool Holds(File& copy, File& source);
 };
 
 }  // namespace vel

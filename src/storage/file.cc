@@ -39,6 +39,7 @@ void File::closeFile() {
         std::fclose(stream_);
         stream_ = nullptr;
     }
+    delete[] std::exchange(ahead_, nullptr);
     DropAhead();
 }
 
@@ -48,20 +49,35 @@ void File::DropAhead() {
 }
 
 bool File::Fetch() {
-    aheadAt_ = 0;
-    aheadCount_ = ended_ ? 0 : static_cast<int>(std::fread(ahead_, 1, sizeof ahead_, stream_));
-    if (aheadCount_ == 0) {
-        ended_ = true;
-        failed_ = std::feof(stream_) == 0;
+    if (Ahead() > 0) {
+        return true;
     }
-    return aheadCount_ > 0;
+    if (stream_ == nullptr || ended_) {
+        return false;
+    }
+    if (ahead_ == nullptr) {
+        ahead_ = new char[kAheadSize];
+    }
+    aheadAt_ = 0;
+    aheadCount_ = static_cast<int>(std::fread(ahead_, 1, kAheadSize, stream_));
+    ended_ = aheadCount_ == 0;
+    failed_ = ended_ && std::feof(stream_) == 0;
+    return !ended_;
+}
+
+const char* File::Take(std::size_t most, std::size_t& taken) {
+    const char* const bytes = ahead_ + aheadAt_;
+    const auto ahead = static_cast<std::size_t>(Ahead());
+    taken = most < ahead ? most : ahead;
+    aheadAt_ += static_cast<int>(taken);
+    return bytes;
 }
 
 bool File::readLine(String* line) {
     line->Truncate();
     bool read = stream_ != nullptr && !ended_;
     const char* lineFeed = nullptr;
-    while (read && lineFeed == nullptr && (Ahead() > 0 || Fetch())) {
+    while (read && lineFeed == nullptr && Fetch()) {
         const char* start = ahead_ + aheadAt_;
         const auto size = static_cast<std::size_t>(Ahead());
         lineFeed = static_cast<const char*>(std::memchr(start, '\n', size));
@@ -90,16 +106,41 @@ bool File::writeLine(String& line) {
     return true;
 }
 
+bool File::continuesWith(const String& line) {
+    const char* expected = line.c_str();
+    const char* const end = expected + line.Length();
+    while (expected < end) {
+        std::size_t left = strnlen(expected, static_cast<std::size_t>(end - expected));
+        while (left > 0 && Fetch()) {
+            std::size_t taken = 0;
+            const char* const bytes = Take(left, taken);
+            if (std::memcmp(bytes, expected, taken) != 0) {
+                return false;
+            }
+            expected += taken;
+            left -= taken;
+        }
+        if (left > 0) {
+            return false;
+        }
+        ++expected;  // a NUL, or the terminator
+    }
+    return true;
+}
+
+bool File::atEnd() {
+    return !Fetch() && !failed_;
+}
+
 bool File::readBytes(char* buffer, int size, int count) {
     if (stream_ == nullptr || size <= 0 || count <= 0) {
         return false;
     }
     std::size_t wanted = static_cast<std::size_t>(size) * static_cast<std::size_t>(count);
-    while (wanted > 0 && (Ahead() > 0 || Fetch())) {
-        const auto ahead = static_cast<std::size_t>(Ahead());
-        const std::size_t taken = wanted < ahead ? wanted : ahead;
-        std::memcpy(buffer, ahead_ + aheadAt_, taken);
-        aheadAt_ += static_cast<int>(taken);
+    while (wanted > 0 && Fetch()) {
+        std::size_t taken = 0;
+        const char* const bytes = Take(wanted, taken);
+        std::memcpy(buffer, bytes, taken);
         buffer += taken;
         wanted -= taken;
     }

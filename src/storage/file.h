@@ -35,6 +35,10 @@ class File {
     bool readLine(String* line);
     // Writes the characters of the line without its NULs. Adds no line end.
     bool writeLine(String& line);
+    // Whether the next bytes are those that writeLine would write. Reads them.
+    bool continuesWith(const String& line);
+    // Whether the file has ended and all of it was delivered; false after a read error.
+    bool atEnd();
     // True when all `count` items were read; false when there was nothing to read.
     bool readBytes(char* buffer, int size, int count);
     // True when all `count` items were written, also when there were none.
@@ -46,9 +50,13 @@ class File {
     long getPosition();
 
   private:
-    // Fetches the next bytes into the read-ahead; false at the end of the file or on an error.
+    // Whether there are bytes in the read-ahead, after fetching the next ones if need be; false at
+    // the end of the file or on an error.
     bool Fetch();
     int Ahead() const { return aheadCount_ - aheadAt_; }
+    // Takes up to `most` bytes out of the read-ahead; returns where they stand and sets their
+    // number. REQUIRES: bytes in it.
+    const char* Take(std::size_t most, std::size_t& taken);
     void DropAhead();
 
     String path_;
@@ -58,9 +66,10 @@ class File {
     bool failed_ = false;
     // Bytes read but not yet delivered. Finding a line in a block costs a sixth of reading its
     // bytes one by one.
+    static constexpr std::size_t kAheadSize = 65536;
+    char* ahead_ = nullptr;  // owned; null until the file is read
     int aheadAt_ = 0;
     int aheadCount_ = 0;
-    char ahead_[4096];
 };
 
 }  // namespace vel

@@ -165,8 +165,9 @@ class Judge {
 // A catalogue, and what a session with it answers.
 class FaultSweep : public SessionTest {
   protected:
-    // Takes a plain catalogue with tracing, or a stored one that is longer than a block of reading.
-    // Both have two tables of one name, so the library refuses one and takes it apart.
+    // Takes a plain catalogue with tracing and its copy, or a stored one that is longer than a
+    // block of reading and a copy of something else. Both have two tables of one name, so the
+    // library refuses one and takes it apart.
     void Use(bool traced) {
         SampleSource source;
         source.Replace("E#$_TABLE_BEGIN_$#Networks#",
@@ -174,13 +175,15 @@ class FaultSweep : public SessionTest {
                        "E#$_TABLE_BEGIN_$#Networks#");
         WriteFile("catalogue", source.text());
         vel::ArrayCrypter().CryptFile("catalogue", "in place");
-        bytes_ = std::string(1500, '-') + '\n' + ReadFile("catalogue");
+        bytes_ = std::string(kBlock, '-') + '\n' + ReadFile("catalogue");
         if (traced) {  // fewer settings: a traced call costs a hundred times as much
             const std::regex settings("E#[2-4]#[0-9]+#.*\n");
             bytes_ = std::regex_replace(source.Traced().text(), settings, "");
         }
         without_ = OfTheFirst(0);
         usual_ = OfTheFirst(bytes_.size());
+        copy_ = traced ? ReadFile("catalogue.encode") : "other";
+        WriteFile("catalogue.encode", copy_);
         const std::size_t before = stdio::Count();
         Velmor::getVelmor()->Init("catalogue");
         loading_ = stdio::Count() - before;
@@ -228,6 +231,9 @@ class FaultSweep : public SessionTest {
         const Session usual = read == bytes_.size() ? usual_ : OfTheFirst(read);
         Judge judge(usual, without_, !kFiles, how == Kind::Fail::kFromThereOn);
         text = "acme-x";
+        if (step == 0) {
+            WriteFile("catalogue.encode", copy_);
+        }
         Kind::FailAfter(n, how);
         bool good = judge.Accepts(step, Do(step));
         goOn = Kind::HasFailed() && (goOn || read != bytes_.size());
@@ -254,20 +260,24 @@ class FaultSweep : public SessionTest {
     }
 
     // How much of the catalogue is read when the n-th stdio call of the start fails. The start
-    // first writes the copy of the catalogue. Then it opens the catalogue, reads it in blocks and
-    // closes it.
+    // first compares the copy of the catalogue, and writes it if it differs. Then it opens the
+    // catalogue, reads it in blocks and closes it.
     std::size_t ReadUntil(std::size_t n, stdio::Fail how) const {
-        const std::size_t opened = loading_ - 1 - (bytes_.size() + 4095) / 4096;
+        const std::size_t opened = loading_ - 1 - (bytes_.size() + kBlock - 1) / kBlock;
+        const std::size_t closed = copy_ == "other" ? 1 : 2;  // calls before that transfer nothing
         const bool isShort = how == stdio::Fail::kShort;
-        const std::size_t first = how == stdio::Fail::kFromThereOn ? 0 : opened - (isShort ? 1 : 0);
+        const std::size_t first =
+            how == stdio::Fail::kFromThereOn ? 0 : opened - (isShort ? closed : 0);
         if (n < first || n >= loading_) {
             return bytes_.size();
         }
-        const std::size_t start = n <= opened ? 0 : 4096 * (n - opened - 1);
-        return start + (isShort ? std::min<std::size_t>(4096, bytes_.size() - start) / 2 : 0);
+        const std::size_t start = n <= opened ? 0 : kBlock * (n - opened - 1);
+        return start + (isShort ? std::min(kBlock, bytes_.size() - start) / 2 : 0);
     }
 
+    static constexpr std::size_t kBlock = 65536;
     std::string bytes_;  // of the catalogue
+    std::string copy_;   // the file beside it at each start
     Session usual_, without_;
     std::size_t loading_ = 0;  // the number of stdio calls that load it
 };

@@ -107,15 +107,27 @@ TEST(ArrayCrypter, InPlaceNothingIsLost) {
     const std::string plain = "E#1#\n" + std::string(20000, '-') + "\n";
     WriteFile("source", plain);
     vel::ArrayCrypter crypter;
-    for (std::size_t call = 1; call < 6; ++call) {  // the first opens the file
+    const std::string stored = "Dkdahmb\n" + std::string(20000, '-') + "\n\n";
+    // The tenth call opens the file for writing.
+    for (std::size_t call = 1; call <= 10; ++call) {
+        WriteFile("source", plain);
         stdio::FailAfter(call);
-        EXPECT_TRUE(crypter.CryptFile("source", "in place")) << call;
+        const bool failed = crypter.CryptFile("source", "in place");
         stdio::FailAfter(0);
-        EXPECT_EQ(ReadFile("source"), plain);
+        EXPECT_TRUE(ReadFile("source") == (failed ? plain : stored)) << call;
         EXPECT_EQ(crypter.Encrypt("E#"), vel::ArrayCrypter().Encrypt("E#"));  // the key starts anew
     }
-    EXPECT_FALSE(crypter.CryptFile("source", "in place"));
-    EXPECT_EQ(ReadFile("source").substr(0, 8), "Dkdahmb\n");
+    // A copy is written unless it holds the very bytes.
+    WriteFile("source", plain);
+    const std::filesystem::file_time_type old{};
+    for (const std::string& before : {stored, stored + "x", stored.substr(1), std::string()}) {
+        WriteFile("source.encode", before);
+        std::filesystem::last_write_time("source.encode", old);
+        EXPECT_FALSE(crypter.CryptFile("source", ""));
+        EXPECT_TRUE(ReadFile("source.encode") == stored);
+        EXPECT_EQ(std::filesystem::last_write_time("source.encode") == old, before == stored);
+    }
+    std::filesystem::remove("source.encode");
     std::filesystem::create_directory("source.encode");
     EXPECT_TRUE(crypter.CryptFile("source", ""));
     String cipher("before");
