@@ -9,7 +9,7 @@ using namespace vel;
 long Velmor_GetNrCountries(long aHandle) {
     return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        return CountOf(RowsOf(Velmor::getVelmor()->countries));
+        return CountOf(Velmor::getVelmor()->countries);
     });
 }
 
@@ -20,8 +20,8 @@ long Velmor_GetCountryByIndex(long aHandle, long aCountryIndex, char* aCountryDe
         frame.In("aCountryIndex", aCountryIndex);
         frame.InAddress("aCountryDescription", aCountryDescription);
         frame.In("sizeIO", sizeIO);
-        const auto country = RowAt(RowsOf(Velmor::getVelmor()->countries), aCountryIndex);
-        FillText(aCountryDescription, sizeIO, CellText(country, schema::kName));
+        const auto country = RowAt(Velmor::getVelmor()->countries, aCountryIndex);
+        FillText(aCountryDescription, sizeIO, country.Text(schema::kName));
         frame.Out("aCountryDescription", aCountryDescription, sizeIO);
         return country ? 0 : -1;
     });

@@ -10,7 +10,7 @@ using namespace vel;
 long Velmor_GetNrOfPhones(long aHandle) {
     return Framed("Velmor_GetNrOfPhones", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        return CountOf(RowsOf(Velmor::getVelmor()->phones));
+        return CountOf(Velmor::getVelmor()->phones);
     });
 }
 
@@ -28,14 +28,14 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
             *aPhoneId = id;
         }
         const Velmor& session = *Velmor::getVelmor();
-        const auto phone = RowAt(RowsOf(session.phones), aPhoneIndex);
+        const auto phone = RowAt(session.phones, aPhoneIndex);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
-            String description = CellText(manufacturer, schema::kName).ToString();
+            String description = manufacturer.Text(schema::kName).ToString();
             description.Append(": ");
-            description.Append(CellText(phone, schema::kName).c_str());
+            description.Append(phone.Text(schema::kName).c_str());
             FillText(aPhoneDescription, sizeIO, description);
-            id = ReadNumber(CellText(phone, schema::kID).c_str(), -1);
+            id = ReadNumber(phone.Text(schema::kID).c_str(), -1);
         }
         if (aPhoneId != nullptr) {
             *aPhoneId = id;

@@ -7,10 +7,32 @@
 
 namespace vel {
 
-Row::Row(Table* table, const Record& values, int index)
-    : table_(table), texts_(values), index_(index) {}
+TextView RowView::Text(const char* columnName) const {
+    TextView text;
+    if (table_ != nullptr) {
+        const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
+        text = texts_[table_->IndexOfColumn(name)];
+    }
+    return text ? text : TextView("", 1);
+}
 
-Row::~Row() = default;
+Row::Row(Table* table, PackedRow& packed, int index)
+    : table_(table), rows_(table->OwnRows()), packed_(&packed), index_(index) {
+    packed_->object = this;
+    ++rows_->objects_;
+}
+
+Row::~Row() {
+    packed_->object = nullptr;
+    --rows_->objects_;
+}
+
+void Row::Become(PackedRow& packed, int index) {
+    packed_->object = nullptr;
+    packed_ = &packed;
+    packed_->object = this;
+    index_ = index;
+}
 
 int Row::get_Database(IDatabase*& database) const {
     database = nullptr;
@@ -38,7 +60,7 @@ int Row::get_Column(const String& name, IColumn*& column) const {
 }
 
 int Row::get_ColumnValue(const String& name, String& value) const {
-    const TextView text = Text(name);
+    const TextView text = Text(table_ ? table_->IndexOfColumn(name) : -1);
     value = text.ToString();
     return text ? 0 : 1;
 }
@@ -63,31 +85,19 @@ int Row::get_ColumnName(int index, String& name) const {
     return table_->get_ColumnName(index, name);
 }
 
-TextView Row::Text(const TextView& columnName) const {
-    return table_ ? texts_[table_->IndexOfColumn(columnName)] : TextView();
-}
-
 Row::Cells* Row::MakeCells() const {
     if (!columns_) {
         auto cells = Pointer<Cells>::Adopt(new Cells(0, 8));
-        for (int i = 0; table_ && i < texts_.get_Count(); ++i) {
+        const PackedTexts texts = packed_->Texts();
+        for (int i = 0; table_ && i < texts.get_Count(); ++i) {
             // The cells are made late, in a const operation; their row is the same for its users.
             auto* self = const_cast<Row*>(this);
-            auto cell = Pointer<Column>::Adopt(new Column(self, i, texts_[i].ToString()));
+            auto cell = Pointer<Column>::Adopt(new Column(self, i, texts[i].ToString()));
             cells->Add(cell.get());
         }
         columns_ = std::move(cells);
     }
     return columns_.get();
-}
-
-TextView CellText(const IRow* row, const char* columnName) {
-    TextView text;
-    if (row != nullptr) {
-        const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
-        text = static_cast<const Row*>(row)->Text(name);
-    }
-    return text ? text : TextView("", 1);
 }
 
 void Row::Destroy() {

@@ -7,13 +7,41 @@
 namespace vel {
 
 class Table;
+class Row;
+class TableRows;
 
-// A row keeps its texts together in one block, and look-ups read them there. It makes cell objects
-// only when somebody asks for cells, which is rare: a device has little memory.
+// A row as its table keeps it.
+struct PackedRow {
+    PackedTexts Texts() const { return PackedTexts(reinterpret_cast<const int*>(this + 1)); }
+
+    Row* object;  // null while nobody holds the row; not counted
+    // The texts follow in memory.
+};
+
+// The texts of a row in place, without its object. Valid as long as the table keeps its rows, or
+// somebody holds the row. Of a row that was taken apart only the key is left.
+class RowView {
+  public:
+    // No row.
+    RowView() = default;
+    RowView(const Table* table, const PackedTexts& texts) : table_(table), texts_(texts) {}
+
+    explicit operator bool() const { return static_cast<bool>(texts_); }
+    // The key, which is the first text. REQUIRES: a row.
+    TextView Id() const { return texts_[0]; }
+    // The text under a column; the empty text without a row or such a column.
+    TextView Text(const char* columnName) const;
+
+  private:
+    const Table* table_ = nullptr;  // null once taken apart
+    PackedTexts texts_;
+};
+
+// A row as an object; its table made it and keeps its texts (TableRows), and look-ups read them
+// there. It makes cell objects only when somebody asks for cells, which is rare.
 class Row final : public IRow, public DatabaseObject {
   public:
-    // REQUIRES: one field for each column of the table.
-    Row(Table* table, const Record& values, int index);
+    Row(Table* table, PackedRow& packed, int index);
 
     int get_Database(IDatabase*& database) const override;
     int get_Table(ITable*& table) const override;
@@ -26,11 +54,15 @@ class Row final : public IRow, public DatabaseObject {
     int get_ColumnName(int index, String& name) const override;
     void Destroy() override;
 
+    // Whether its only holder can make it another row of its table, and that.
+    bool IsHeldOnce() const { return refCount == 1; }
+    void Become(PackedRow& packed, int index);
+
     // The texts in place: the key, and the cell at an index or under a name. There is no text where
     // there is no such cell. Once the row has been taken apart, only the key is left.
-    TextView Id() const { return texts_[0]; }
-    TextView Text(int index) const { return table_ ? texts_[index] : TextView(); }
-    TextView Text(const TextView& columnName) const;
+    TextView Id() const { return packed_->Texts()[0]; }
+    TextView Text(int index) const { return table_ ? packed_->Texts()[index] : TextView(); }
+    RowView View() const { return {table_.get(), packed_->Texts()}; }
 
   protected:
     ~Row() override;
@@ -40,16 +72,11 @@ class Row final : public IRow, public DatabaseObject {
 
     Cells* MakeCells() const;
 
-    Pointer<Table> table_;  // null once taken apart
+    Pointer<Table> table_;     // null once taken apart
+    Pointer<TableRows> rows_;  // has the texts
+    PackedRow* packed_;        // knows this object
     mutable Pointer<Cells> columns_;
-    PackedTexts texts_;
     int index_;
 };
-
-// The text under a column of a row, in place; the empty text without a row or such a column.
-TextView CellText(const IRow* row, const char* columnName);
-inline TextView CellText(const Pointer<IRow>& row, const char* columnName) {
-    return CellText(row.get(), columnName);
-}
 
 }  // namespace vel

@@ -22,7 +22,7 @@ Table::Table(IDatabase* database, String name, const Array<String>& columnNames)
     : name_(std::move(name)),
       columnNames_(columnNames),
       database_(database),
-      rows_(Pointer<Rows>::Adopt(new Rows(0, 8))) {}
+      rows_(Pointer<TableRows>::Adopt(new TableRows(this))) {}
 
 int Table::get_Name(String& name) const {
     name = name_;
@@ -30,30 +30,30 @@ int Table::get_Name(String& name) const {
 }
 
 int Table::get_Row(const String& id, IRow*& row) const {
-    return get_Row(TextView(id), row);
+    const int index = IndexOfRow(id);
+    row = nullptr;
+    return index < 0 ? 0 : rows_->get_Item(index, row);
 }
 
-int Table::get_Row(const TextView& id, IRow*& row) const {
-    row = nullptr;
-    for (int i = 0; i < rows_->items.count; ++i) {
-        if (rows_->At(i)->Id() == id) {
-            return rows_->get_Item(i, row);
+int Table::IndexOfRow(const TextView& id) const {
+    for (int i = 0; i < rows_->Count(); ++i) {
+        if (rows_->Texts(i)[0] == id) {
+            return i;
         }
     }
-    return 0;
+    return -1;
 }
 
 int Table::CreateRow(const Array<String>& values, IRow*& row) {
-    return CreateRow(Record(values), row);
+    const int status = AppendRow(Record(values));
+    return status == 0 ? rows_->get_Item(rows_->Count() - 1, row) : status;
 }
 
-int Table::CreateRow(const Record& values, IRow*& row) {
+int Table::AppendRow(const Record& values) {
     if (values.get_Count() != columnNames_.count) {
         return 1;
     }
-    auto made = Pointer<Row>::Adopt(new Row(this, values, rows_->items.count));
-    rows_->Add(made.get());
-    row = made.Detach();
+    rows_->Append(values);
     return 0;
 }
 
@@ -82,6 +82,7 @@ int Table::IndexOfColumn(const TextView& name) const {
 }
 
 int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
+    using Rows = ComArray<IRow, Row>;
     const int status = condition == nullptr ? 1 : condition->Prepare(this);
     if (status != 0) {
         result = new Rows(0, 8);
@@ -89,14 +90,18 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
     }
     const ArrayCompareWithRowCondition compare(condition);
     Array<int> matches(20, 1);
-    for (int i = 0; i < rows_->items.count; ++i) {
-        if (compare.Matches(rows_->At(i))) {
+    Pointer<Row> row;
+    for (int i = 0; i < rows_->Count(); ++i) {
+        rows_->Show(i, row);
+        if (compare.Matches(row.get())) {
             matches.Append(i);
         }
     }
     auto found = Pointer<Rows>::Adopt(new Rows(matches.count, 20));
     for (int i = 0; i < matches.count; ++i) {
-        found->items[i] = rows_->items[matches[i]];
+        IRow* match = nullptr;
+        rows_->get_Item(matches[i], match);
+        found->items[i] = Pointer<IUnknown>::Adopt(match);
     }
     result = found.Detach();
     return 0;
@@ -116,15 +121,13 @@ int Table::FindByIndex(String column, String value, IRow*& row) {
 }
 
 int Table::Clear() {
-    rows_->items.Clear();
+    rows_->Clear();
     return 0;
 }
 
 void Table::Destroy() {
-    for (int i = 0; i < rows_->items.count; ++i) {
-        rows_->At(i)->Destroy();
-    }
-    rows_->items.Clear();
+    rows_->Destroy();
+    rows_->Clear();
     database_.Reset();
 }
 

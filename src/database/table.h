@@ -2,7 +2,7 @@
 #pragma once
 
 #include "database/interfaces.h"
-#include "database/row.h"
+#include "database/table_rows.h"
 
 namespace vel {
 
@@ -26,20 +26,26 @@ class Table final : public ITable, public DatabaseObject {
     int Clear() override;
     void Destroy() override;
 
-    // get_Row for a key that stands in a cell of another table.
-    int get_Row(const TextView& id, IRow*& row) const;
-    // CreateRow from the fields of a record, for the reader of catalogues.
-    int CreateRow(const Record& values, IRow*& row);
+    int CountOfRows() const { return rows_->Count(); }
+    // REQUIRES: the index of a row.
+    RowView RowAt(int index) const { return {this, rows_->Texts(index)}; }
+    // Index of the first row with that key, or -1.
+    int IndexOfRow(const TextView& id) const;
+    // CreateRow from the fields of a record, without an object of the row: for the reader of
+    // catalogues.
+    int AppendRow(const Record& values);
+    TableRows* OwnRows() const { return rows_.get(); }
     // Index of the first column of that name, or -1.
     int IndexOfColumn(const TextView& name) const;
 
-  private:
-    using Rows = ComArray<IRow, Row>;
+  protected:
+    ~Table() override { rows_->Clear(); }
 
+  private:
     String name_;
     Array<String> columnNames_;
     Pointer<IDatabase> database_;  // null once taken apart
-    Pointer<Rows> rows_;
+    Pointer<TableRows> rows_;
 };
 
 }  // namespace vel

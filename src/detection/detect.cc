@@ -66,7 +66,7 @@ String Ask(CallFrame& frame, const Search& search, const String& manufacturerId,
         MakeKey(answer, search.question.recipe);
         const auto row = RowAt(search.rowsFor(answer, manufacturerId), 0);
         if (row) {
-            String id = CellText(row, search.idColumn).ToString();
+            String id = row.Text(search.idColumn).ToString();
             frame.Line2(search.message, id);
             return id;
         }
@@ -74,7 +74,7 @@ String Ask(CallFrame& frame, const Search& search, const String& manufacturerId,
     return {};
 }
 
-Pointer<IRow> FindNetwork(const Velmor& session, String& key) {
+RowView FindNetwork(const Velmor& session, String& key) {
     MakeKey(key, schema::kNetworkRecipe);
     return RowAt(FindRows(session.networkIdentification, {{schema::kNetworkResponse, key}}), 0);
 }
@@ -91,7 +91,7 @@ void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {
     if (!row) {
         return;
     }
-    found.networkId = CellText(row, schema::kNetworkID).ToString();
+    found.networkId = row.Text(schema::kNetworkID).ToString();
     found.settings = FindRows(session.basicDUNSettings, {{schema::kNetworkID, found.networkId}});
     frame.Line2("Networks detected !", found.networkId);
 }

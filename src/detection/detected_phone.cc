@@ -23,8 +23,8 @@ long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char*
         }
         const auto phone = RowById(session.phones, session.detectedPhoneId);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
-        FillText(nameIO, name_sizeIO, CellText(phone, schema::kName));
-        FillText(manuIO, manu_sizeIO, CellText(manufacturer, schema::kName));
+        FillText(nameIO, name_sizeIO, phone.Text(schema::kName));
+        FillText(manuIO, manu_sizeIO, manufacturer.Text(schema::kName));
         frame.Out("nameIO", nameIO, name_sizeIO);
         frame.Out("name_sizeIO", name_sizeIO);
         frame.Out("manuIO", manuIO, manu_sizeIO);

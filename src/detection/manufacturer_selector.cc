@@ -12,7 +12,8 @@ bool ManufacturerSelector::Matches(const IRow* const& row) const {
     if (row == nullptr) {
         return false;
     }
-    const TextView pattern = CellText(row, schema::kManufacturerResponse);
+    const TextView pattern =
+        static_cast<const Row*>(row)->View().Text(schema::kManufacturerResponse);
     // By length: an answer with line noise may hold a NUL, and the text behind it counts too.
     const auto length = static_cast<std::size_t>(answer_.Length());
     return pattern.count <= 1 || memmem(answer_.c_str(), length, pattern.data,

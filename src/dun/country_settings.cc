@@ -9,12 +9,11 @@ long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
         frame.In("aHandle", aHandle);
         frame.In("aCountryIndex", aCountryIndex);
         Velmor& session = *Velmor::getVelmor();
-        const auto country = RowAt(RowsOf(session.countries), aCountryIndex);
+        const auto country = RowAt(session.countries, aCountryIndex);
         if (!country) {
             return -1;
         }
-        String key;
-        country->get_ID(key);
+        const String key = country.Id().ToString();
         if (!session.countrySettings || key != session.countrySettingsId) {
             session.countrySettings.Reset();
             session.countrySettingsId = key;
@@ -37,10 +36,9 @@ long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aCountryIndex,
 
         const bool known = Velmor_GetCountryNrOfBasicDUNSettings(aHandle, aCountryIndex) >= 0;
         const Velmor& session = *Velmor::getVelmor();
-        const auto row =
-            known ? RowAt(session.countrySettings, aBasicDUNSettingIndex) : Pointer<IRow>();
+        const auto row = known ? RowAt(session.countrySettings, aBasicDUNSettingIndex) : RowView();
         const auto country = RowNamedBy(row, schema::kCountryID, session.countries);
-        FillSetting(*output, row, CellText(country, schema::kName), {}, SettingId(row));
+        FillSetting(*output, row, country.Text(schema::kName), {}, SettingId(row));
         TraceSetting(frame, *output);
         const bool found = row && settingIO != nullptr;
         frame.Line(found ? "Success" : "ERROR since no setting");

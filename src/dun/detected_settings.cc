@@ -25,16 +25,16 @@ long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index, Velmor_DUNSet
         SettingOutput output(settingIO);
         const Velmor& session = *Velmor::getVelmor();
         const auto row = RowAt(session.detectedSettings, index);
-        Pointer<IRow> country;
+        RowView country;
         String networkType;
         if (session.detectedSettings) {
             // For compatibility also without a row: the identifiers are empty then.
-            country = RowById(session.countries, CellText(row, schema::kCountryID));
-            networkType = NetworkType(CellText(row, schema::kNetworkID));
+            country = RowById(session.countries, row.Text(schema::kCountryID));
+            networkType = NetworkType(row.Text(schema::kNetworkID));
         }
         const PhoneRows phone(session.detectedPhoneId.c_str(), networkType);
         const DialTexts texts = phone.TextsFor(frame, row);
-        FillSetting(*output, row, CellText(country, schema::kName), texts, SettingId(row));
+        FillSetting(*output, row, country.Text(schema::kName), texts, SettingId(row));
         TraceSetting(frame, *output);
         return row && phone.IsUnique() && settingIO != nullptr ? 0 : -1;
     });

@@ -27,20 +27,20 @@ PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
                      {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}});
 }
 
-DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& row) const {
+DialTexts PhoneRows::TextsFor(CallFrame& frame, const RowView& row) const {
     DialTexts texts;
     if (!IsUnique()) {
         return texts;
     }
     const auto phone = RowAt(rows_, 0);
-    texts.initialization = CellText(phone, schema::kInitializationString).ToString();
-    texts.dial = CellText(phone, schema::kDialString).ToString();
+    texts.initialization = phone.Text(schema::kInitializationString).ToString();
+    texts.dial = phone.Text(schema::kDialString).ToString();
     if (!row) {
         return texts;
     }
     TraceTexts(frame, texts);
     for (const Placeholder& placeholder : kPlaceholders) {
-        const String value = CellText(row, placeholder.column).ToString();
+        const String value = row.Text(placeholder.column).ToString();
         frame.Line(placeholder.message, value.c_str());
         texts.initialization = Expand(texts.initialization, placeholder, value);
         texts.dial = Expand(texts.dial, placeholder, value);
@@ -51,7 +51,7 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const Pointer<IRow>& row) const 
 
 String NetworkType(const TextView& networkId) {
     const auto network = RowById(Velmor::getVelmor()->networks, networkId);
-    return CellText(network, schema::kNetworkType).ToString();
+    return network.Text(schema::kNetworkType).ToString();
 }
 
 }  // namespace vel

@@ -34,7 +34,7 @@ class PhoneRows {
     // The dial and initialisation strings of a unique row; empty otherwise. With a row of
     // BasicDUNSettings its values replace "%APN%", "%NUM%" and "%VAR1%", in this order, which is
     // traced.
-    DialTexts TextsFor(CallFrame& frame, const Pointer<IRow>& row) const;
+    DialTexts TextsFor(CallFrame& frame, const RowView& row) const;
 
   private:
     Velmor::Rows rows_;

@@ -62,11 +62,11 @@ SettingOutput::SettingOutput(Velmor_DUNSetting* hostSetting)
     setting_.aBasicDUNSettingId = -1;
 }
 
-void FillSetting(Velmor_DUNSetting& setting, const Pointer<IRow>& row, const TextView& country,
+void FillSetting(Velmor_DUNSetting& setting, const RowView& row, const TextView& country,
                  const DialTexts& texts, std::int32_t id) {
     for (const SettingColumn& column : kSettingColumns) {
         if (column.field != nullptr) {
-            FillText(setting.*column.field, VELMOR_TEXT_SIZE, CellText(row, column.name));
+            FillText(setting.*column.field, VELMOR_TEXT_SIZE, row.Text(column.name));
         }
     }
     FillText(setting.Country, VELMOR_TEXT_SIZE, country);
@@ -75,8 +75,8 @@ void FillSetting(Velmor_DUNSetting& setting, const Pointer<IRow>& row, const Tex
     setting.aBasicDUNSettingId = id;
 }
 
-std::int32_t SettingId(const Pointer<IRow>& row) {
-    return ReadNumber(CellText(row, schema::kID).c_str(), -1);
+std::int32_t SettingId(const RowView& row) {
+    return ReadNumber(row.Text(schema::kID).c_str(), -1);
 }
 
 void TraceSetting(CallFrame& frame, const Velmor_DUNSetting& setting) {

@@ -29,11 +29,11 @@ class SettingOutput {
 
 // Writes every field of a DUN setting: the columns of a row of BasicDUNSettings, the name of its
 // country, the texts for the phone, and an identifier. What is missing is empty. Never throws.
-void FillSetting(Velmor_DUNSetting& setting, const Pointer<IRow>& row, const TextView& country,
+void FillSetting(Velmor_DUNSetting& setting, const RowView& row, const TextView& country,
                  const DialTexts& texts, std::int32_t id);
 
 // The identifier of a row of BasicDUNSettings as a number; -1 without a row or a number.
-std::int32_t SettingId(const Pointer<IRow>& row);
+std::int32_t SettingId(const RowView& row);
 
 // Writes the DUN setting to the trace log, one output line for each field except Default.
 void TraceSetting(CallFrame& frame, const Velmor_DUNSetting& setting);

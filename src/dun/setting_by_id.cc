@@ -20,17 +20,16 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         if (row) {
             frame.Line("Setting found for dunId");
         }
-        const auto country = RowById(session.countries, CellText(row, schema::kCountryID));
+        const auto country = RowById(session.countries, row.Text(schema::kCountryID));
         if (country) {
             frame.Line("Country found");
         }
-        const PhoneRows phone(String::FromLong(phoneId),
-                              NetworkType(CellText(row, schema::kNetworkID)));
+        const PhoneRows phone(String::FromLong(phoneId), NetworkType(row.Text(schema::kNetworkID)));
         if (phone.IsUnique()) {
             frame.Line("init strings found");
         }
         const DialTexts texts = phone.TextsFor(frame, row);
-        FillSetting(*output, row, CellText(country, schema::kName), texts, row ? settingId : -1);
+        FillSetting(*output, row, country.Text(schema::kName), texts, row ? settingId : -1);
         TraceSetting(frame, *output);
         // For compatibility several rows for the phone are no failure here. Two negative
         // identifiers need no row of the setting, only rows for the phone.

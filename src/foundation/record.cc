@@ -4,23 +4,8 @@
 #include <cstring>
 
 namespace vel {
-namespace {
-
-// The text at `index` of a block in which text i ends before byte ends[i].
-TextView View(const char* bytes, const int* ends, int index) {
-    const int start = index == 0 ? 0 : ends[index - 1];
-    return TextView(bytes + start, ends[index] - start);
-}
-
-}  // namespace
-
 String TextView::ToString() const {
     return count > 0 ? String::FromBytes(data, count - 1) : String();
-}
-
-bool operator==(const TextView& a, const TextView& b) {
-    return a.count == b.count && a.data != nullptr && b.data != nullptr &&
-           std::memcmp(a.data, b.data, static_cast<std::size_t>(a.count)) == 0;
 }
 
 bool operator==(const TextView& view, const char* text) {
@@ -59,7 +44,7 @@ char* Record::EndField(char* end) {
 
 TextView Record::operator[](int index) const {
     assert(index >= 0 && index < ends_.count);
-    return View(bytes_.data, ends_.data, index);
+    return TextView::Within(bytes_.data, ends_.data, index);
 }
 
 Array<String> Record::Fields(int first) const {
@@ -70,23 +55,20 @@ Array<String> Record::Fields(int first) const {
     return fields;
 }
 
-PackedTexts::PackedTexts(const Record& record) {
-    const int count = record.get_Count();
-    const auto bytes = static_cast<std::size_t>(count == 0 ? 0 : record.ends_[count - 1]);
-    const std::size_t header = 1 + static_cast<std::size_t>(count);
-    block_ = new int[header + (bytes + sizeof(int) - 1) / sizeof(int)];
-    block_[0] = count;
-    if (count > 0) {
-        std::memcpy(block_ + 1, record.ends_.data, static_cast<std::size_t>(count) * sizeof(int));
-        std::memcpy(block_ + header, record.bytes_.data, bytes);
-    }
+std::size_t PackedTexts::SizeOf(const Record& record) {
+    const auto ends = static_cast<std::size_t>(record.get_Count());
+    return (1 + ends) * sizeof(int) + static_cast<std::size_t>(record.bytes_.count);
 }
 
-TextView PackedTexts::operator[](int index) const {
-    if (index < 0 || index >= block_[0]) {
-        return {};
+void PackedTexts::Write(const Record& record, int* memory) {
+    const int count = record.get_Count();
+    memory[0] = count;
+    if (count > 0) {
+        int* const ends = memory + 1;
+        std::memcpy(ends, record.ends_.data, static_cast<std::size_t>(count) * sizeof(int));
+        std::memcpy(ends + count, record.bytes_.data,
+                    static_cast<std::size_t>(record.bytes_.count));
     }
-    return View(reinterpret_cast<const char*>(block_ + 1 + block_[0]), block_ + 1, index);
 }
 
 }  // namespace vel

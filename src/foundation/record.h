@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstring>
+
 #include "foundation/array.h"
 #include "foundation/string.h"
 
@@ -14,6 +16,13 @@ struct TextView {
     TextView(const String& text)  // NOLINT(google-explicit-constructor): any text can be viewed
         : data(text.data), count(text.data == nullptr ? 0 : text.count) {}
 
+    // The text at `index` of those that stand one after the other at `bytes`: text i ends before
+    // byte ends[i].
+    static TextView Within(const char* bytes, const int* ends, int index) {
+        const int start = index == 0 ? 0 : ends[index - 1];
+        return TextView(bytes + start, ends[index] - start);
+    }
+
     explicit operator bool() const { return data != nullptr; }
     // The bytes as a C text, never null.
     const char* c_str() const { return count == 0 ? "" : data; }
@@ -23,7 +32,11 @@ struct TextView {
     int count = 0;
 };
 
-bool operator==(const TextView& a, const TextView& b);
+// Inline: a scan compares at every row, and most texts differ in length.
+inline bool operator==(const TextView& a, const TextView& b) {
+    return a.count == b.count && a.data != nullptr && b.data != nullptr &&
+           std::memcmp(a.data, b.data, static_cast<std::size_t>(a.count)) == 0;
+}
 // Compares without making a text of either.
 bool operator==(const TextView& view, const char* text);
 
@@ -55,21 +68,31 @@ class Record {
     Array<int> ends_{32};  // for each field, where it ends in bytes_
 };
 
-// The texts of a row: a record in one block that never changes. A text costs its bytes, its
-// terminator and four bytes.
+// The texts of a record in one piece of memory that belongs to somebody else: their number, where
+// each ends, then their bytes. A text costs its bytes, its terminator and four bytes.
 class PackedTexts {
   public:
-    explicit PackedTexts(const Record& record);
-    ~PackedTexts() { delete[] block_; }
-    PackedTexts(const PackedTexts&) = delete;
-    PackedTexts& operator=(const PackedTexts&) = delete;
+    // Writes the texts of a record to `memory`, which has SizeOf(record) bytes.
+    static std::size_t SizeOf(const Record& record);
+    static void Write(const Record& record, int* memory);
 
-    int get_Count() const { return block_[0]; }
+    // Without memory there are no texts to ask for.
+    PackedTexts() = default;
+    explicit PackedTexts(const int* memory) : memory_(memory) {}
+    explicit operator bool() const { return memory_ != nullptr; }
+
+    int get_Count() const { return memory_[0]; }
     // The text at `index`; none when the index is out of range.
-    TextView operator[](int index) const;
+    TextView operator[](int index) const {
+        if (index < 0 || index >= memory_[0]) {
+            return {};
+        }
+        const int* const ends = memory_ + 1;
+        return TextView::Within(reinterpret_cast<const char*>(ends + memory_[0]), ends, index);
+    }
 
   private:
-    int* block_;  // the number of texts, where each ends, then their bytes
+    const int* memory_ = nullptr;
 };
 
 }  // namespace vel

@@ -6,12 +6,17 @@
 
 namespace vel {
 
-Velmor::Rows RowsOf(const Velmor::Table& table) {
-    Velmor::Rows rows;
-    if (table) {
-        table->get_Rows(*&rows);
-    }
-    return rows;
+namespace {
+
+// Every table is a Table.
+const Table& Own(const Velmor::Table& table) {
+    return static_cast<const Table&>(*table);
+}
+
+}  // namespace
+
+int CountOf(const Velmor::Table& table) {
+    return table ? Own(table).CountOfRows() : 0;
 }
 
 int CountOf(const Velmor::Rows& rows) {
@@ -22,24 +27,26 @@ int CountOf(const Velmor::Rows& rows) {
     return count;
 }
 
-Pointer<IRow> RowAt(const Velmor::Rows& rows, long index) {
-    Pointer<IRow> row;
-    if (index >= 0 && index < CountOf(rows)) {
-        rows->get_Item(static_cast<int>(index), *&row);
-    }
-    return row;
+RowView RowAt(const Velmor::Table& table, long index) {
+    const bool exists = index >= 0 && index < CountOf(table);
+    return exists ? Own(table).RowAt(static_cast<int>(index)) : RowView();
 }
 
-Pointer<IRow> RowById(const Velmor::Table& table, const TextView& id) {
-    Pointer<IRow> row;
-    if (table) {
-        static_cast<const Table&>(*table).get_Row(id, *&row);  // every table is a Table
+RowView RowAt(const Velmor::Rows& rows, long index) {
+    if (index < 0 || index >= CountOf(rows)) {
+        return {};
     }
-    return row;
+    Pointer<IRow> row;
+    rows->get_Item(static_cast<int>(index), *&row);
+    return static_cast<const Row&>(*row).View();  // its table keeps the texts
 }
 
-Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Velmor::Table& table) {
-    return row ? RowById(table, CellText(row, column)) : Pointer<IRow>();
+RowView RowById(const Velmor::Table& table, const TextView& id) {
+    return RowAt(table, table ? Own(table).IndexOfRow(id) : -1);
+}
+
+RowView RowNamedBy(const RowView& row, const char* column, const Velmor::Table& table) {
+    return row ? RowById(table, row.Text(column)) : RowView();
 }
 
 Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required) {

@@ -8,16 +8,19 @@
 
 namespace vel {
 
-// The look-ups that the exported operations share. A missing table or collection has no rows.
+// The look-ups that the exported operations share. They read texts in place and need no memory. A
+// missing table or collection has no rows.
 
-Velmor::Rows RowsOf(const Velmor::Table& table);
+int CountOf(const Velmor::Table& table);
 int CountOf(const Velmor::Rows& rows);
 // The row at an index; none when the index is out of range.
-Pointer<IRow> RowAt(const Velmor::Rows& rows, long index);
+RowView RowAt(const Velmor::Table& table, long index);
+RowView RowAt(const Velmor::Rows& rows, long index);
 // The row whose key is the text.
-Pointer<IRow> RowById(const Velmor::Table& table, const TextView& id);
+RowView RowById(const Velmor::Table& table, const TextView& id);
 // The row whose key stands in a cell of another row; none without the other row.
-Pointer<IRow> RowNamedBy(const Pointer<IRow>& row, const char* column, const Velmor::Table& table);
+RowView RowNamedBy(const RowView& row, const char* column, const Velmor::Table& table);
+
 // The rows whose columns hold the given texts.
 struct Required {
     const char* column;

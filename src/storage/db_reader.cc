@@ -80,8 +80,7 @@ DBReader::Section DBReader::ReadRows(Table& table) {
             return Section::kEnded;
         }
         if (reader_.Fields().get_Count() > 0) {
-            Pointer<IRow> row;
-            table.CreateRow(reader_.Fields(), *&row);
+            table.AppendRow(reader_.Fields());
         }
     }
     return Section::kCutOff;

@@ -39,7 +39,7 @@ void ShowTables(const vel::IDatabase& database, bool json) {
         tables->get_Item(i, *&table);
         vel::String name;
         table->get_Name(name);
-        const int rows = vel::CountOf(vel::RowsOf(table));
+        const int rows = vel::CountOf(table);
         lines.push_back({FromLibrary(name), std::to_string(rows)});
         list.push_back(
             {{"table", FromLibrary(name)}, {"rows", rows}, {"columns", ColumnNames(*table)}});
@@ -50,7 +50,9 @@ void ShowTables(const vel::IDatabase& database, bool json) {
 // All rows of a table, or those with the value that --where gives.
 Velmor::Rows Select(const Velmor::Table& table, const Options& options) {
     if (options.where.empty()) {
-        return vel::RowsOf(table);
+        Velmor::Rows all;
+        table->get_Rows(*&all);
+        return all;
     }
     const std::size_t equals = options.where.find('=');
     if (equals == std::string::npos) {
@@ -71,11 +73,11 @@ int ShowRows(const Velmor::Table& table, const Options& options) {
     std::vector<TextRow> lines{names};
     Json list = Json::array();
     for (int r = 0; r < vel::CountOf(rows); ++r) {
-        const vel::Pointer<vel::IRow> row = vel::RowAt(rows, r);
+        const vel::RowView row = vel::RowAt(rows, r);
         Json object = Json::object();
         TextRow line;
         for (const std::string& name : names) {
-            line.push_back(FromLibrary(vel::CellText(row, name.c_str())));
+            line.push_back(FromLibrary(row.Text(name.c_str())));
             object[name] = line.back();
         }
         lines.push_back(line);

@@ -22,9 +22,9 @@ Velmor::Table Table(const char* name) {
     return Velmor::getVelmor()->FetchTable(name);
 }
 
-std::vector<vel::Pointer<vel::IRow>> RowList(const char* table) {
-    std::vector<vel::Pointer<vel::IRow>> list;
-    const Velmor::Rows rows = vel::RowsOf(Table(table));
+std::vector<vel::RowView> RowList(const char* table) {
+    std::vector<vel::RowView> list;
+    const Velmor::Table rows = Table(table);
     const int count = vel::CountOf(rows);
     list.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
@@ -33,8 +33,8 @@ std::vector<vel::Pointer<vel::IRow>> RowList(const char* table) {
     return list;
 }
 
-std::string Cell(const vel::Pointer<vel::IRow>& row, const char* column) {
-    return FromLibrary(vel::CellText(row, column));
+std::string Cell(const vel::RowView& row, const char* column) {
+    return FromLibrary(row.Text(column));
 }
 
 // A positive number that is not yet an identifier in the table.
@@ -82,7 +82,7 @@ class Adviser {
                  {schema::kName, NetworkName()},
                  {schema::kAPN, kAdvisedApn},
                  {schema::kCountryID,
-                  Cell(vel::RowAt(vel::RowsOf(Table(schema::kCountries)), 0), schema::kID)}});
+                  Cell(vel::RowAt(Table(schema::kCountries), 0), schema::kID)}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);
@@ -175,7 +175,7 @@ class Adviser {
 
     // The type of the first network. Most catalogues have only one type.
     std::string CommonType() const {
-        const auto row = vel::RowAt(vel::RowsOf(Table(schema::kNetworks)), 0);
+        const auto row = vel::RowAt(Table(schema::kNetworks), 0);
         return row ? Cell(row, schema::kNetworkType) : "GPRS";
     }
 

@@ -21,11 +21,11 @@ void AddFromSession(Detection& found) {
     if (found.manufacturer.empty()) {
         const vel::String id = ToLibrary(found.identification.manufacturerId);
         found.manufacturer =
-            FromLibrary(vel::CellText(vel::RowById(session.manufacturers, id), schema::kName));
+            FromLibrary(vel::RowById(session.manufacturers, id).Text(schema::kName));
     }
     found.networkId = FromLibrary(session.detectedNetworkId);
     const auto network = vel::RowById(session.networks, session.detectedNetworkId);
-    found.networkType = FromLibrary(vel::CellText(network, schema::kNetworkType));
+    found.networkType = FromLibrary(network.Text(schema::kNetworkType));
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
                           vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key))),
             0);
         if (row) {
-            return FromLibrary(vel::CellText(row, schema::kManufacturerID));
+            return FromLibrary(row.Text(schema::kManufacturerID));
         }
     }
     return {};
