@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "database/row.h"
 
-#include <cstring>
-
 #include "database/table.h"
 
 namespace vel {
@@ -10,10 +8,9 @@ namespace vel {
 TextView RowView::Text(const char* columnName) const {
     TextView text;
     if (table_ != nullptr) {
-        const TextView name(columnName, static_cast<int>(std::strlen(columnName)) + 1);
-        text = texts_[table_->IndexOfColumn(name)];
+        text = texts_[table_->IndexOfColumn(columnName)];
     }
-    return text ? text : TextView("", 1);
+    return text ? text : TextView("");
 }
 
 Row::Row(Table* table, PackedRow& packed, int index)

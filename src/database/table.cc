@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "database/table.h"
 
-#include "database/multy_value_match.h"
+#include "database/row_condition.h"
 
 namespace vel {
 namespace {
@@ -30,14 +30,14 @@ int Table::get_Name(String& name) const {
 }
 
 int Table::get_Row(const String& id, IRow*& row) const {
-    const int index = IndexOfRow(id);
+    const int index = IndexOfRow(0, id);
     row = nullptr;
     return index < 0 ? 0 : rows_->get_Item(index, row);
 }
 
-int Table::IndexOfRow(const TextView& id) const {
+int Table::IndexOfRow(int column, const TextView& text) const {
     for (int i = 0; i < rows_->Count(); ++i) {
-        if (rows_->Texts(i)[0] == id) {
+        if (rows_->Texts(i)[column] == text) {
             return i;
         }
     }
@@ -108,16 +108,13 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
 }
 
 int Table::FindByIndex(String column, String value, IRow*& row) {
+    const int columnIndex = IndexOfColumn(column);
+    const int index = IndexOfRow(columnIndex, value);
     row = nullptr;
-    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
-    match->Require(column, value);
-    Pointer<ICollection<IRow*>> results;
-    if (Find(match.get(), *&results) != 0) {
-        return 1;
+    if (index >= 0) {
+        rows_->get_Item(index, row);
     }
-    int count = 0;
-    results->get_Count(count);
-    return count > 0 ? results->get_Item(0, row) : 0;
+    return columnIndex < 0 ? 1 : 0;
 }
 
 int Table::Clear() {

@@ -29,8 +29,8 @@ class Table final : public ITable, public DatabaseObject {
     int CountOfRows() const { return rows_->Count(); }
     // REQUIRES: the index of a row.
     RowView RowAt(int index) const { return {this, rows_->Texts(index)}; }
-    // Index of the first row with that key, or -1.
-    int IndexOfRow(const TextView& id) const;
+    // Index of the first row that holds the text in the column, or -1. The key is in column 0.
+    int IndexOfRow(int column, const TextView& text) const;
     // CreateRow from the fields of a record, without an object of the row: for the reader of
     // catalogues.
     int AppendRow(const Record& values);

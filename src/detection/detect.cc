@@ -15,7 +15,7 @@ namespace {
 // The rows for the key of an answer. The manufacturer's identifier is empty while it is unknown.
 Velmor::Rows RowsForManufacturer(const String& key, const String&) {
     return FindRows(Velmor::getVelmor()->manufacturerIdentification,
-                    Pointer<IRowCondition>::Adopt(new ManufacturerSelector(key)));
+                    Pointer<IRowCondition>::Adopt(new ManufacturerSelector(key)).get());
 }
 Velmor::Rows RowsForPhone(const String& key, const String& manufacturerId) {
     return FindRows(Velmor::getVelmor()->phoneIdentification,
@@ -76,7 +76,7 @@ String Ask(CallFrame& frame, const Search& search, const String& manufacturerId,
 
 RowView FindNetwork(const Velmor& session, String& key) {
     MakeKey(key, schema::kNetworkRecipe);
-    return RowAt(FindRows(session.networkIdentification, {{schema::kNetworkResponse, key}}), 0);
+    return RowWith(session.networkIdentification, schema::kNetworkResponse, key);
 }
 
 void DetectNetwork(CallFrame& frame, const Velmor& session, Detection& found) {

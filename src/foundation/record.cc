@@ -8,10 +8,6 @@ String TextView::ToString() const {
     return count > 0 ? String::FromBytes(data, count - 1) : String();
 }
 
-bool operator==(const TextView& view, const char* text) {
-    return view == TextView(text, static_cast<int>(std::strlen(text)) + 1);
-}
-
 Record::Record(const Array<String>& fields) {
     int bytes = 0;
     for (int i = 0; i < fields.count; ++i) {
@@ -33,13 +29,6 @@ char* Record::Start(int bytes) {
     Clear();
     bytes_.internalEnsureSpace(bytes);
     return bytes_.data;
-}
-
-char* Record::EndField(char* end) {
-    *end++ = '\0';
-    bytes_.count = static_cast<int>(end - bytes_.data);
-    ends_.Append(bytes_.count);
-    return end;
 }
 
 TextView Record::operator[](int index) const {

@@ -15,6 +15,8 @@ struct TextView {
     TextView(const char* bytes, int byteCount) : data(bytes), count(byteCount) {}
     TextView(const String& text)  // NOLINT(google-explicit-constructor): any text can be viewed
         : data(text.data), count(text.data == nullptr ? 0 : text.count) {}
+    TextView(const char* text)  // NOLINT(google-explicit-constructor): the same
+        : TextView(text, static_cast<int>(std::strlen(text)) + 1) {}
 
     // The text at `index` of those that stand one after the other at `bytes`: text i ends before
     // byte ends[i].
@@ -37,8 +39,6 @@ inline bool operator==(const TextView& a, const TextView& b) {
     return a.count == b.count && a.data != nullptr && b.data != nullptr &&
            std::memcmp(a.data, b.data, static_cast<std::size_t>(a.count)) == 0;
 }
-// Compares without making a text of either.
-bool operator==(const TextView& view, const char* text);
 
 // The fields of one record, in order, while it is read or made. They stand one after the other in
 // two buffers, which are used again for the next record.
@@ -53,7 +53,12 @@ class Record {
     // terminators of the fields included.
     char* Start(int bytes);
     // Ends a field at `end`. Returns where to write the next one. REQUIRES: room for a byte.
-    char* EndField(char* end);
+    char* EndField(char* end) {
+        *end++ = '\0';
+        bytes_.count = static_cast<int>(end - bytes_.data);
+        ends_.Append(bytes_.count);
+        return end;
+    }
 
     int get_Count() const { return ends_.count; }
     // REQUIRES: 0 <= index < get_Count().

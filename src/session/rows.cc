@@ -42,7 +42,14 @@ RowView RowAt(const Velmor::Rows& rows, long index) {
 }
 
 RowView RowById(const Velmor::Table& table, const TextView& id) {
-    return RowAt(table, table ? Own(table).IndexOfRow(id) : -1);
+    return RowAt(table, table ? Own(table).IndexOfRow(0, id) : -1);
+}
+
+RowView RowWith(const Velmor::Table& table, const char* column, const TextView& text) {
+    if (!table) {
+        return {};
+    }
+    return RowAt(table, Own(table).IndexOfRow(Own(table).IndexOfColumn(column), text));
 }
 
 RowView RowNamedBy(const RowView& row, const char* column, const Velmor::Table& table) {
@@ -54,13 +61,13 @@ Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required
     for (const Required& one : required) {
         match->Require(one.column, one.text);
     }
-    return FindRows(table, Pointer<IRowCondition>(match.get()));
+    return FindRows(table, match.get());
 }
 
-Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition) {
+Velmor::Rows FindRows(const Velmor::Table& table, IRowCondition* condition) {
     Velmor::Rows rows;
     if (table) {
-        table->Find(condition.get(), *&rows);
+        table->Find(condition, *&rows);
     }
     return rows;
 }

@@ -18,6 +18,8 @@ RowView RowAt(const Velmor::Table& table, long index);
 RowView RowAt(const Velmor::Rows& rows, long index);
 // The row whose key is the text.
 RowView RowById(const Velmor::Table& table, const TextView& id);
+// The first row whose column holds the text; none when there is no such column.
+RowView RowWith(const Velmor::Table& table, const char* column, const TextView& text);
 // The row whose key stands in a cell of another row; none without the other row.
 RowView RowNamedBy(const RowView& row, const char* column, const Velmor::Table& table);
 
@@ -27,7 +29,7 @@ struct Required {
     const String& text;
 };
 Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required> required);
-// The rows that match a condition. The condition is made for this query, which releases it.
-Velmor::Rows FindRows(const Velmor::Table& table, const Pointer<IRowCondition>& condition);
+// The rows that match a condition.
+Velmor::Rows FindRows(const Velmor::Table& table, IRowCondition* condition);
 
 }  // namespace vel

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "session/setting.h"
 
+#include "session/rows.h"
 #include "session/schema.h"
 
 namespace vel {
 
 String Setting::get_Setting(const String& name) const {
-    String value;
-    Pointer<IRow> row;
-    if (table_ != nullptr && table_->FindByIndex(schema::kVariable, name, *&row) == 0 && row) {
-        row->get_ColumnValue(schema::kValue, value);
-    }
-    return value;
+    return RowWith(table_, schema::kVariable, name).Text(schema::kValue).ToString();
 }
 
 }  // namespace vel

@@ -96,21 +96,24 @@ void ArrayCrypter::DecryptLine(String& line) {
     }
 }
 
-bool ArrayCrypter::ReadStored(File& source, String& line) {
-    if (!source.readLine(&line)) {
+bool ArrayCrypter::ReadStored(File& source, String& lines) {
+    if (source.readLinesBefore('E', &lines)) {
+        return true;
+    }
+    if (!source.readLine(&lines)) {
         return false;
     }
-    if (line.First() == 'E') {
-        line = Encrypt(line);
+    if (lines.First() == 'E') {
+        lines = Encrypt(lines);
     }
-    line.Append('\n');
+    lines.Append('\n');
     return true;
 }
 
 bool ArrayCrypter::Holds(File& copy, File& source) {
-    String line;
-    while (ReadStored(source, line)) {
-        if (!copy.continuesWith(line)) {
+    String lines;
+    while (ReadStored(source, lines)) {
+        if (!copy.continuesWith(lines)) {
             return false;
         }
     }
@@ -139,13 +142,13 @@ bool ArrayCrypter::CryptFile(const String& path, const String& target) {
     // Blocks hold whole lines: a node for every line would cost three times more.
     List<String> blocks;
     blocks.allowDuplicates = true;
-    String line;
-    while (ReadStored(input, line)) {
-        if (blocks.tail == nullptr || line.Length() > kBlockSize - blocks.tail->element.count) {
+    String lines;
+    while (ReadStored(input, lines)) {
+        if (blocks.tail == nullptr || lines.Length() > kBlockSize - blocks.tail->element.count) {
             blocks.Add("");
             blocks.tail->element.internalEnsureSpace(kBlockSize - 1);
         }
-        blocks.tail->element.Append(line.data, line.Length());
+        blocks.tail->element.Append(lines.data, lines.Length());
     }
     Reset();
     if (input.HasFailed()) {

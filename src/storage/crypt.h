@@ -57,8 +57,8 @@ class ArrayCrypter : public Crypt {
     bool CryptFile(const String& path, const String& target);
 
   private:
-    // Reads the next line of a source and makes it a stored one, with its line feed.
-    bool ReadStored(File& source, String& line);
+    // Reads the next lines of a source, one at least, and makes them stored ones, with line feeds.
+    bool ReadStored(File& source, String& lines);
     // Whether a file holds the stored form of a source, and nothing else.
     bool Holds(File& copy, File& source);
 };

@@ -92,6 +92,24 @@ bool File::readLine(String* line) {
     return read;
 }
 
+bool File::readLinesBefore(char marker, String* lines) {
+    const char* const start = ahead_ + aheadAt_;
+    const char* const end = start + Ahead();
+    const char* line = start;
+    while (line != end && *line != marker) {
+        const auto* lineFeed =
+            static_cast<const char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+        if (lineFeed == nullptr) {
+            break;
+        }
+        line = lineFeed + 1;
+    }
+    lines->Truncate();
+    AppendWithoutReturns(*lines, start, static_cast<int>(line - start));
+    aheadAt_ += static_cast<int>(line - start);
+    return line != start;
+}
+
 bool File::writeLine(String& line) {
     if (stream_ == nullptr) {
         return false;

@@ -23,10 +23,12 @@ bool SplitRecord(const String& line, char separator, Record& fields) {
     for (++from; from < end; ++from) {
         if (*from == separator) {
             to = fields.EndField(to);
-        } else {
-            from += *from == '\\' ? 1 : 0;
-            *to++ = *from;
+            continue;
         }
+        if (*from == '\\') {
+            ++from;
+        }
+        *to++ = *from;
     }
     return true;
 }

@@ -19,6 +19,21 @@ class OddStatus final : public IRowCondition {
     bool Matches(const IRow* const&) const override { return true; }
 };
 
+// Keeps the rows that it is shown.
+class Keeper final : public IRowCondition {
+  public:
+    int Prepare(ITable*) override { return 0; }
+    bool Matches(const IRow* const& row) const override {
+        const bool second = Value(*row, "ID") == "2";
+        if (!second) {
+            kept.emplace_back(const_cast<IRow*>(row));
+        }
+        return second;
+    }
+
+    mutable std::vector<Pointer<IRow>> kept;
+};
+
 // Makes a database with a table of two columns. At the end nothing of it may be left.
 class Model : public testing::Test {
   protected:
@@ -109,6 +124,33 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
     EXPECT_EQ(Value(*row, "Name"), "green");  // a row whose cells were made stays alive
     static_cast<Row&>(*row).Destroy();
+}
+
+// A row is one object as long as somebody holds it, and keeps its texts when the table is cleared.
+TEST_F(Model, HeldRowsLast) {
+    for (const auto& row : {Lines{"1", "red"}, {"2", "green"}, {"3", std::string(9000, 'x')}}) {
+        Create(row);
+    }
+    auto keeper = Pointer<Keeper>::Adopt(new Keeper);
+    Rows found;
+    EXPECT_EQ(table->Find(keeper.get(), *&found), 0);
+    Pointer<IRow> second, same;
+    found->get_Item(0, *&second);
+    EXPECT_EQ(Value(*second, "Name"), "green");
+    const Pointer<IRow> first = keeper->kept[0];
+    EXPECT_TRUE(table->get_Row("1", *&same) == 0 && same == first);
+    for (int cleared = 0; cleared < 2; ++cleared) {
+        EXPECT_EQ(Value(*first, "Name"), "red");
+        EXPECT_EQ(Value(*keeper->kept[1], "Name").size(), 9000u);
+        table->Clear();
+        const Pointer<IRow> anew = Create({"1", "blue"});
+        int index = -1;
+        EXPECT_TRUE(anew->get_Index(index) == 0 && index == 0 && !(anew == first));
+    }
+    database.Reset();
+    String id;
+    second->get_ID(id);
+    EXPECT_EQ(id, String("2"));
 }
 
 TEST_F(Model, TakenNameIsNotRegistered) {

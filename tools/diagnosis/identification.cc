@@ -66,8 +66,9 @@ std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
         const std::string answer = AnswerTo(attempt, dialogue).line;
         const vel::String key = ToLibrary(KeyOf(answer, schema::kManufacturerRecipe));
         const auto row = vel::RowAt(
-            vel::FindRows(Velmor::getVelmor()->manufacturerIdentification,
-                          vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key))),
+            vel::FindRows(
+                Velmor::getVelmor()->manufacturerIdentification,
+                vel::Pointer<vel::IRowCondition>::Adopt(new ManufacturerSelector(key)).get()),
             0);
         if (row) {
             return FromLibrary(row.Text(schema::kManufacturerID));
