@@ -96,7 +96,7 @@ bool File::readLinesBefore(char marker, String* lines) {
     const char* const start = ahead_ + aheadAt_;
     const char* const end = start + Ahead();
     const char* line = start;
-    while (line != end && *line != marker) {
+    while (line != end && *line != marker && *line != '\r') {  // the marker may follow
         const auto* lineFeed =
             static_cast<const char*>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
         if (lineFeed == nullptr) {
