@@ -93,8 +93,8 @@ typedef long (*Velmor_SendFunction)(const char* buffer, long length);
 
 /* Starts the session: loads the catalogue and keeps the callbacks. The catalogue decides whether
  * calls are traced, this one included. The function also writes a copy of the catalogue, whose path
- * is that of the catalogue with ".encode" appended. A failure to write the copy, for example in a
- * read-only directory, has no effect.
+ * is that of the catalogue with ".encode" appended. A copy that holds these bytes already is left
+ * alone. A failure to write the copy, for example in a read-only directory, has no effect.
  *
  * aDatabaseFile  path of the catalogue
  * aReadFunction, aSendFunction  the link to the phone, needed for detection only. They must not
