@@ -289,7 +289,7 @@ TEST_F(FaultSweep, EveryCallOfASession) {
         const std::string with = traced ? " with trace" : "";
         const std::size_t every = traced ? 100 : 1;
         for (const auto how : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
-            Sweep<allocation>("allocations" + with, how, every, traced ? 6000 : 1850);
+            Sweep<allocation>("allocations" + with, how, every, traced ? 5200 : 1050);
         }
         using S = stdio::Fail;
         for (const auto how : {S::kOnce, S::kFromThereOn, S::kShort}) {
