@@ -39,7 +39,7 @@ void TableRows::Show(int index, Pointer<Row>& row) const {
 }
 
 void TableRows::Destroy() {
-    for (int i = 0; i < rows_.count; ++i) {
+    for (int i = 0; objects_ > 0 && i < rows_.count; ++i) {
         const Pointer<Row> row(rows_[i]->object);
         if (row) {
             row->Destroy();

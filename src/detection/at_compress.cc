@@ -10,7 +10,7 @@ void vel::MakeKey(String& string, const String& settingsName) {
         frame.In("string", string);
         frame.In("settingsName", settingsName);
         const Velmor::Table table = Velmor::getVelmor()->FetchTable(settingsName.c_str());
-        Recipe(table.get()).Apply(string);
+        Recipe(table).Apply(string);
         return 0;
     };
     InFrame("ATCompress", -1, compress);

@@ -48,7 +48,7 @@ void MakeUpperCase(String& text) {
 
 }  // namespace
 
-Recipe::Recipe(ITable* table) {
+Recipe::Recipe(const Velmor::Table& table) {
     const Setting setting(table);
     const char upperCase = setting.get_Setting(schema::kMakeUpperCase).First();
     makesUpperCase_ = upperCase == 'Y' || upperCase == 'y';

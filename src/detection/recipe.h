@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "database/interfaces.h"
+#include "session/session.h"
 
 namespace vel {
 
@@ -12,7 +12,7 @@ namespace vel {
 class Recipe {
   public:
     // Reads the steps. A missing variable leaves its step out, a missing table all of them.
-    explicit Recipe(ITable* table);
+    explicit Recipe(const Velmor::Table& table);
 
     // Changes the answer in place. Changes nothing when memory runs out.
     void Apply(String& answer) const;

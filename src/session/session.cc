@@ -64,7 +64,7 @@ void Velmor::Init(const char* aDatabaseFile) {
         this->*held.table = FetchTable(held.name);
     }
     const Table variables = FetchTable(schema::kGeneralVariables);
-    const char trace = Setting(variables.get()).get_Setting(schema::kTrace).First();
+    const char trace = Setting(variables).get_Setting(schema::kTrace).First();
     traceSwitch = trace == 'y' || trace == 'Y';
 }
 

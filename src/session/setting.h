@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "database/interfaces.h"
+#include "session/rows.h"
 
 namespace vel {
 
@@ -9,14 +9,14 @@ namespace vel {
 // every variable is empty.
 class Setting {
   public:
-    explicit Setting(ITable* table) : table_(table) {}
+    explicit Setting(const Velmor::Table& table) : table_(table) {}
 
     // The value in the first row of that name. The empty text when there is none: a missing
     // variable and an empty one are the same.
-    String get_Setting(const String& name) const;
+    String get_Setting(const TextView& name) const;
 
   private:
-    ITable* table_;
+    const Velmor::Table& table_;
 };
 
 }  // namespace vel

@@ -38,7 +38,7 @@ Answer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialog
 }
 
 std::string KeyOf(const std::string& answer, const char* recipe) {
-    return MakeKey(vel::Recipe(Velmor::getVelmor()->FetchTable(recipe).get()), answer);
+    return MakeKey(vel::Recipe(Velmor::getVelmor()->FetchTable(recipe)), answer);
 }
 
 // Whether an answer can identify a phone or network. The echo and the result code cannot, and
