@@ -54,12 +54,13 @@ class Row final : public IRow, public DatabaseObject {
     int get_ColumnName(int index, String& name) const override;
     void Destroy() override;
 
-    // Whether its only holder can make it another row of its table, and that.
+    // Whether nobody but the caller holds it. It can then become the object of another row of its
+    // table.
     bool IsHeldOnce() const { return refCount == 1; }
     void Become(PackedRow& packed, int index);
 
-    // The texts in place: the key, and the cell at an index or under a name. There is no text where
-    // there is no such cell. Once the row has been taken apart, only the key is left.
+    // The texts in place: the key, and the text at an index, if there is one. Once the row has been
+    // taken apart, only the key is left.
     TextView Id() const { return packed_->Texts()[0]; }
     TextView Text(int index) const { return table_ ? packed_->Texts()[index] : TextView(); }
     RowView View() const { return {table_.get(), packed_->Texts()}; }
