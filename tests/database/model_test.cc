@@ -101,6 +101,8 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(index, 1);
     Pointer<ICollection<IColumn*>> cells;
     row->get_Columns(*&cells);
+    cells->get_Count(index);
+    EXPECT_EQ(index, 2);
     Pointer<IColumn> same;
     cells->get_Item(1, *&same);
     EXPECT_TRUE(same == cell);
@@ -139,6 +141,7 @@ TEST_F(Model, HeldRowsLast) {
     EXPECT_EQ(Value(*second, "Name"), "green");
     const Pointer<IRow> first = keeper->kept[0];
     EXPECT_TRUE(table->get_Row("1", *&same) == 0 && same == first);
+    EXPECT_TRUE(table->get_Row("3", *&same) == 0 && same == keeper->kept[1]);
     for (int cleared = 0; cleared < 2; ++cleared) {
         EXPECT_EQ(Value(*first, "Name"), "red");
         EXPECT_EQ(Value(*keeper->kept[1], "Name").size(), 9000u);
