@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdio.h>
+#include <string.h>
 #include <termios.h>
 #include <time.h>
 #include <unistd.h>
@@ -37,12 +38,28 @@ static int open_device(const char* path) {
     return tcsetattr(device, TCSANOW, &line);
 }
 
+/* The phone like which a phone that is not known is dialled; -1 when the catalogue has none. */
+static long generic_phone(void) {
+    char name[64];
+    long i, id;
+    for (i = 0; i < Velmor_GetNrOfPhones(0); ++i) {
+        if (Velmor_GetPhoneByIndex(0, i, &id, name, sizeof name) == 0 &&
+            strncmp(name, "Generic: any phone", sizeof name) == 0) {
+            return id;
+        }
+    }
+    return -1;
+}
+
 static void print_settings(void) {
     Velmor_DUNSetting setting;
     long i, count = 0;
     Velmor_GetNrDetectedDUNSettings(0, &count);
     for (i = 0; i < count; ++i) {
-        const long result = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting);
+        long result = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting);
+        if (result != 0 && setting.aBasicDUNSettingId >= 0) {
+            result = Velmor_GetDUNSetting(0, generic_phone(), setting.aBasicDUNSettingId, &setting);
+        }
         printf("%.256s (%.256s): %s\n  %.256s\n  %.256s\n  user %.256s, password %.256s\n",
                setting.DisplayName, setting.Country,
                result == 0 ? "ready to dial" : "not known for this phone",

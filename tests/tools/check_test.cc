@@ -121,10 +121,12 @@ const struct {
     {"E endless-value BasicDUNSettings", "sud.example#3#,,0,0#",
      Times("%NUM%", 50) + "#" + Times("%VAR1%", 42) + "#" + std::string(40, 'x') + "#", "E#4#"},
     {"W many-retries GeneralVariables", "RETRY#3#", "RETRY#1001#", "E#AT-RETRY#"},
+    {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
     {"", "RETRY#3#", "RETRY#1000#", ""},
+    {"", "TRACE#N#", "UNKNOWN-PHONE#20#", ""},
     {"", "#1#ACME X100#", "##SOLO#", ""},                 // the manufacturer is not recognised
     {"", "BRONTEL#2#", "BRONTEL#2#\nE##1#", ""},          // any other manufacturer
     {"", "FJORDNET#1", "99903NET#1", ""},                 // digits, then a name

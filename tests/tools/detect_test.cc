@@ -18,12 +18,18 @@ namespace fs = std::filesystem;
 
 // The sample with more time for an answer: four reads of 250 milliseconds. A loaded machine needs
 // it.
+SampleSource Patient() {
+    return SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#");
+}
 std::string PatientSample() {
-    return SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#").text();
+    return Patient().text();
 }
 
 // A phone that the sample catalogue knows, on a network that it knows.
 const std::string kAcme = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234567890\n";
+
+// A phone that the sample catalogue does not know, on the same network.
+const std::string kStranger = "AT+CGMI: Nobody\nAT+CGMM: N1\nAT+CIMI: 999021234567890\n";
 
 // Shell lines that run while a phone plays the file "profile". $device is its device, and the file
 // "log" has the dialogue.
@@ -113,7 +119,14 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {"flood = ERR", detect + "-v", 1, "< ..."},
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+C'", 0, "6\n"},
         {kAcme, "velmor detect ../sample --device profile", 2, "serial device"},
-        {"AT+CGMI: X1", detect + "--format ppp", 1, "not known"},
+        {"AT+CGMI: X1", detect + "--format ppp", 1, "nothing is ready"},
+        {kStranger, detect + "--format ppp", 1, "nothing is ready"},
+        {kStranger, detect + "--like 9", 2, "no such phone"},
+        {kStranger, detect + "--like 10", 0,
+         "not known; dialled like Acme: X100; the answer is N1"},
+        {kStranger, "velmor detect ../generic --device $device --json", 0,
+         "\"dialled_as\": {\n    \"id\": 20,\n    \"name\": \"Brontel: Swift 5\"\n  }"},
+        {kStranger, "velmor detect ../generic --device $device --format wvdial", 0, "Phone = \"*99#\""},
 #ifdef VELMOR_DETECT_HOST  // the example
         {kAcme, VELMOR_DETECT_HOST " ../sample $device", 0,
          "the phone says: Acme, ACME X100\nthis is: Acme X100\n"
@@ -121,9 +134,15 @@ TEST(DetectCommand, EndsWhateverHappens) {
          "  AT+CGDCONT=1,\"IP\",\"fjord.example\"\n  ATD*99***1#\n"
          "  user guest, password back\\slash\n"},
         {"AT+CIMI: 998", VELMOR_DETECT_HOST " ../sample $device", 1, "the phone says: , \n"},
+        {kStranger, VELMOR_DETECT_HOST " ../named $device", 0,
+         "Fjordnet #1 (Norland): ready to dial\n"
+         "  AT+CGDCONT=2,\"IP\",\"fjord.example\"\n  ATD*99#\n"},
 #endif
     };
     WriteFile("sample", PatientSample());
+    WriteFile("generic", Patient().Replace("E#TRACE#N#", "E#UNKNOWN-PHONE#20#").text());
+    WriteFile("named",
+              Patient().Replace("Brontel", "Generic").Replace("Swift 5", "any phone").text());
     WriteFile("stubborn", SampleSource().Replace("RETRY#3#", "RETRY#2147483647#").text());
     std::vector<std::FILE*> running;
     for (const auto& row : rows) {

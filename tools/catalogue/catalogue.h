@@ -5,6 +5,10 @@
 
 namespace tool {
 
+// The variable of GeneralVariables that names the phone like which a phone that is not known is
+// dialled. It is for hosts: the library does not read it.
+constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
+
 // A row of a table: its line in the file, and a cell for each column.
 struct CatalogueRow {
     int line = 0;

@@ -63,6 +63,27 @@ void CheckRelation(const Catalogue& catalogue, const Relation& relation, Finding
     }
 }
 
+// The phone like which others are dialled must exist and have a way to dial.
+void CheckUnknownPhone(const Catalogue& catalogue, Findings& findings) {
+    const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
+    const CatalogueTable& dialled = catalogue.Table(kBasicDUNForPhone);
+    for (const CatalogueRow& row : variables.rows) {
+        const std::string id = row.Cell(variables.Column(kValue));
+        if (row.Cell(variables.Column(kVariable)) != kUnknownPhone || id.empty()) {
+            continue;
+        }
+        const char* missing = ColumnTexts(catalogue.Table(kPhones), 0).count(id) == 0 ? kPhones
+                              : ColumnTexts(dialled, dialled.Column(kPhoneID)).count(id) == 0
+                                  ? kBasicDUNForPhone
+                                  : nullptr;
+        if (missing != nullptr) {
+            AddError(findings, "unknown-phone", variables.At(row), kUnknownPhone, " is ",
+                     InQuotes(id), ", which is not in ", missing,
+                     "; a phone that is not known cannot be dialled: correct it, or add the row");
+        }
+    }
+}
+
 void CheckNetworkTypes(const Catalogue& catalogue, Findings& findings) {
     const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
     const CatalogueTable& networks = catalogue.Table(kNetworks);
@@ -113,6 +134,7 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings) {
     for (const Relation& relation : kRelations) {
         CheckRelation(catalogue, relation, findings);
     }
+    CheckUnknownPhone(catalogue, findings);
     CheckNetworkTypes(catalogue, findings);
     for (const char* name : {kCountries, kPhones, kManufacturers, kNetworks, kBasicDUNSettings}) {
         const CatalogueTable& table = catalogue.Table(name);

@@ -23,6 +23,7 @@ struct Options {
     std::string profile;
     double timeout = 10;
     long setting = 0;
+    long like = 0;  // 0: like the phone that the catalogue names
     bool verbose = false;
     OutputFormat format;
 };
@@ -49,11 +50,14 @@ int RunDetect(const Options& options) {
         link.device = phone.emplace(options.profile).device();
     }
     const PrivateSession session(options.catalogue, Dialogue::Read, Dialogue::Send);
+    if (options.like != 0 && PhoneDescription(options.like).empty()) {
+        throw ToolError("--like ", options.like, ": ", options.catalogue, " has no such phone");
+    }
     Detection found;
     {  // the device gets its parameters back before anything is printed
         SerialLine line(link.device, link.baud);
         Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
-        found = Detect(dialogue);
+        found = Detect(dialogue, options.like);
         if (Interruption::Signal() != 0) {
             std::cerr << "velmor: interrupted\n";
             return 128 + Interruption::Signal();  // as shells report a signal
@@ -74,7 +78,7 @@ int RunDetect(const Options& options) {
         WriteForDialer(found, link, options);
     } else {
         std::cerr << "velmor: " << link.device
-                  << ": phone or network is not known; --format text says more\n";
+                  << ": nothing is ready to dial; --format text says more\n";
     }
     return found.IsComplete() ? kExitOk : kExitFindings;
 }
@@ -98,11 +102,15 @@ void AddDetect(CommandLine& line) {
     AddValue(command, "--setting", options->setting, "ID",
              "for ppp and wvdial: use this setting, not the first one")
         ->check(CLI::Range(1L, 2147483647L));
+    AddValue(command, "--like", options->like, "ID",
+             "dial a phone that is not known like this one of the catalogue")
+        ->check(CLI::Range(1L, 2147483647L));
     command->add_flag("-v,--verbose", options->verbose,
                       "show the dialogue even when standard error is not a terminal");
     AddFormat(command, options->format);
     command->footer(
-        "Exit status 1 when the phone is not known or no setting is ready to dial.\n"
+        "A phone that is not known is dialled like the one that the catalogue names for this.\n"
+        "Exit status 1 when no setting is ready to dial.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");
 }
 

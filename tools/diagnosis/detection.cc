@@ -3,9 +3,12 @@
 
 #include <algorithm>
 
+#include "catalogue/catalogue.h"
 #include "catalogue/setting_format.h"
+#include "foundation/number.h"
 #include "session/rows.h"
 #include "session/schema.h"
+#include "session/setting.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -28,10 +31,45 @@ void AddFromSession(Detection& found) {
     found.networkType = FromLibrary(network.Text(schema::kNetworkType));
 }
 
+// The phone like which the catalogue dials others; -1 when it names none.
+long UnknownPhone() {
+    const Velmor::Table variables = Velmor::getVelmor()->FetchTable(schema::kGeneralVariables);
+    return vel::ReadNumber(vel::Setting(variables).get_Setting(kUnknownPhone).c_str(), -1);
+}
+
+// Fetches the settings that are not ready for another phone, by their identifiers.
+void DialLike(Detection& found, long phoneId) {
+    found.dialledAs = PhoneDescription(phoneId);
+    if (found.dialledAs.empty()) {
+        return;
+    }
+    found.dialledAsId = phoneId;
+    for (Detection::Setting& setting : found.settings) {
+        if (!setting.ready) {
+            const long id = setting.values.aBasicDUNSettingId;
+            setting.ready = Velmor_GetDUNSetting(0, phoneId, id, &setting.values) == 0 &&
+                            !HostText(setting.values.DialString).empty();
+        }
+    }
+}
+
 }  // namespace
 
+std::string PhoneDescription(long id) {
+    const long count = Velmor_GetNrOfPhones(0);
+    for (long i = 0; i < count; ++i) {
+        long phone = -1;
+        char description[VELMOR_TEXT_SIZE];
+        if (Velmor_GetPhoneByIndex(0, i, &phone, description, sizeof description) == 0 &&
+            phone == id) {
+            return HostText(description);
+        }
+    }
+    return {};
+}
+
 bool Detection::IsComplete() const {
-    return phoneId >= 0 && Find(0) != nullptr;
+    return (phoneId >= 0 || dialledAsId >= 0) && Find(0) != nullptr;
 }
 
 const Detection::Setting* Detection::Find(long id) const {
@@ -41,7 +79,7 @@ const Detection::Setting* Detection::Find(long id) const {
     return setting == settings.end() ? nullptr : &*setting;
 }
 
-Detection Detect(Dialogue& dialogue) {
+Detection Detect(Dialogue& dialogue, long like) {
     Detection found;
     char maker[1024];
     char phone[1024];
@@ -59,6 +97,9 @@ Detection Detect(Dialogue& dialogue) {
         Detection::Setting setting;
         setting.ready = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting.values) == 0;
         found.settings.push_back(setting);
+    }
+    if (found.phoneId < 0 && !found.settings.empty()) {
+        DialLike(found, like == 0 ? UnknownPhone() : like);
     }
     found.identification = Identify(found.dialogue);
     AddFromSession(found);

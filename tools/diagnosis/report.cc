@@ -9,14 +9,16 @@
 namespace tool {
 namespace {
 
-TextRow KnownRow(const char* label, const std::string& text, const Clue& clue) {
+TextRow KnownRow(const char* label, const std::string& text, const Clue& clue,
+                 const std::string& dialledAs = "") {
     if (!text.empty()) {
         return {label, text};
     }
-    if (!clue.IsUsable()) {
-        return {label, "not known; the phone gave no usable answer"};
-    }
-    return {label, "not known; the answer is " + clue.answer + ", its key is " + clue.key};
+    const std::string said = clue.IsUsable()
+                                 ? "the answer is " + clue.answer + ", its key is " + clue.key
+                                 : "the phone gave no usable answer";
+    return {label,
+            "not known; " + (dialledAs.empty() ? "" : "dialled like " + dialledAs + "; ") + said};
 }
 
 void PrintAdvice(const Detection& found) {
@@ -65,7 +67,7 @@ void PrintDetection(const Detection& found) {
         KnownRow("Manufacturer", found.manufacturer, identification.manufacturer),
         KnownRow("Phone",
                  phone ? found.phone + " (" + std::to_string(found.phoneId) + ")" : std::string(),
-                 identification.phone),
+                 identification.phone, found.dialledAs),
         KnownRow("Network",
                  found.networkId.empty() ? "" : found.networkType + " (" + found.networkId + ")",
                  identification.network),
@@ -90,6 +92,10 @@ void PrintDetectionJson(const Detection& found) {
     json["phone"] = DescribeClue(identification.phone);
     json["phone"]["name"] = found.phone;
     json["phone"]["id"] = found.phoneId;
+    json["phone"]["known"] = found.phoneId >= 0;
+    if (found.dialledAsId >= 0) {
+        json["dialled_as"] = {{"id", found.dialledAsId}, {"name", found.dialledAs}};
+    }
     json["network"] = DescribeClue(identification.network);
     json["network"]["id"] = found.networkId;
     json["network"]["type"] = found.networkType;
