@@ -110,7 +110,7 @@ const struct {
     {"E unmatchable-key ManufacturerIdentification", "BRONTEL", "Brontel", "E#Brontel"},
     {"E unmatchable-key PhoneIdentification", "#ACME X1", "#ACME  X1", "E#1#ACME  X1"},
     {"E unmatchable-key NetworkIdentification", "#NORTHTEL", "#NORTH.TEL", "E#NORTH.TEL"},
-    {"E long-network-key NetworkIdentification", "E#99901", "E#999010", "E#999010"},
+    {"E long-network-key NetworkIdentification", "E#99901", "E#9990100", "E#9990100"},
     {"E hidden-row ManufacturerIdentification", "ACME#1", "BRON#1", "E#BRONTEL"},
     {"W hidden-row NetworkIdentification", "NORTHTEL", "99901", "E#99901#100#\nE#FJ"},
     {"W empty-key NetworkIdentification", "FJORDNET#1", "#1", "E##101"},
@@ -126,6 +126,7 @@ const struct {
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
     {"", "RETRY#3#", "RETRY#1000#", ""},
+    {"", "E#99901", "E#999010", ""},
     {"", "TRACE#N#", "UNKNOWN-PHONE#20#", ""},
     {"", "#1#ACME X100#", "##SOLO#", ""},                 // the manufacturer is not recognised
     {"", "BRONTEL#2#", "BRONTEL#2#\nE##1#", ""},          // any other manufacturer

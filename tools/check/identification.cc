@@ -17,6 +17,13 @@ bool CanYield(const vel::Recipe& recipe, const std::string& key) {
     return MakeKey(recipe, key) == key || MakeKey(recipe, InSmallLetters(key)) == key;
 }
 
+// Whether a key of digits can be the number of an operator, which a phone may give instead of its
+// name (3GPP TS 27.007, AT+COPS): five or six digits, alone or after those of the IMSI.
+bool CanHoldOperator(const std::string& key) {
+    const std::size_t digits = key.size();
+    return digits == 6 || digits == vel::kImsiDigits + 5 || digits == vel::kImsiDigits + 6;
+}
+
 // The check of one identification table.
 class IdentificationCheck {
   public:
@@ -49,10 +56,11 @@ class IdentificationCheck {
         CheckEqualKeys(rows, -1);
         for (const CatalogueRow* row : rows) {
             const std::string key = row->Cell(response_);
-            if (key.size() > vel::kImsiDigits && IsDigits(key)) {
+            if (key.size() > vel::kImsiDigits && IsDigits(key) && !CanHoldOperator(key)) {
                 AddError(findings_, "long-network-key", table_.At(*row), "the key has ", key.size(),
                          " digits; the library looks up only the first five digits of a"
-                         " subscriber's number: use the first five");
+                         " subscriber's number, and an operator that the phone gives as a number"
+                         " of five or six digits: use one of these");
             }
         }
     }
