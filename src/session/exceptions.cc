@@ -56,9 +56,8 @@ void* __cxa_allocate_exception(std::size_t size) noexcept {
 }
 
 void __cxa_free_exception(void* thrown) noexcept {
-    for (Exception& exception : exceptions) {
-        exception.isInUse = exception.isInUse && exception.thrown != thrown;
-    }
+    auto* const exception = static_cast<unsigned char*>(thrown) - offsetof(Exception, thrown);
+    reinterpret_cast<Exception*>(exception)->isInUse = false;
 }
 
 }  // extern "C"

@@ -130,6 +130,10 @@ TEST_F(Model, RowsAndCells) {
 
 // A row is one object as long as somebody holds it, and keeps its texts when the table is cleared.
 TEST_F(Model, HeldRowsLast) {
+    const std::ptrdiff_t empty = allocation::Live();
+    Create({"0", "none"});
+    table->Clear();
+    EXPECT_EQ(allocation::Live(), empty);
     for (const auto& row : {Lines{"1", "red"}, {"2", "green"}, {"3", std::string(9000, 'x')}}) {
         Create(row);
     }
@@ -245,6 +249,9 @@ TEST_F(Model, MatchesSeveralValues) {
     EXPECT_EQ(table->Find(match.get(), *&here), 0);
     EXPECT_EQ(other->Find(match.get(), *&there), 0);
     EXPECT_EQ(Count(here) + 10 * Count(there), 12);
+    match->Require("ID", "9");
+    EXPECT_EQ(other->Find(match.get(), *&there), 0);
+    EXPECT_EQ(Count(there), 1);
     EXPECT_EQ(table->Find(nullptr, *&neither), 1);
     EXPECT_EQ(Count(neither), 0);
     auto odd = Pointer<OddStatus>::Adopt(new OddStatus);

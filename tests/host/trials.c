@@ -99,6 +99,9 @@ static long read_byte(char* buffer, long count, long timeout) {
 enum { OPEN = 1, CLOSED = 2, EITHER = 3 };
 
 static void expect(int answers, long open, long closed, long got) {
+    int state = 0;
+    pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &state);
+    require(state == PTHREAD_CANCEL_ENABLE, "the host's state is restored");
     if (!((answers & OPEN) != 0 && got == open) && !((answers & CLOSED) != 0 && got == closed)) {
         fprintf(stderr, "%s: %ld, when allocation %ld fails\n", called, got, failing);
         _exit(1);
