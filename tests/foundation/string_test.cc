@@ -54,6 +54,7 @@ TEST(String, States) {
     String quantum("a");
     quantum.growBy = 5;
     EXPECT_EQ(quantum, String("a"));
+    EXPECT_EQ(quantum.Replace("a", "b").growBy, 5);
     EXPECT_NE(String("a"), String("ab"));
     EXPECT_NE(Null(), String());
     EXPECT_NE(String(nullptr), String());
