@@ -82,7 +82,9 @@ TEST(File, BytesAndPositions) {
     EXPECT_TRUE(file.readBytes(buffer, 2, 3));
     EXPECT_STREQ(buffer, "456789");
     EXPECT_FALSE(file.readBytes(buffer, 4, 0) || file.readBytes(buffer, 0, 4));
-    EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(-1, SEEK_SET));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(-1, SEEK_SET));
+    }
     EXPECT_TRUE(file.setPosition(-2, SEEK_END));
     EXPECT_EQ(file.getPosition(), 8);
     String line;
