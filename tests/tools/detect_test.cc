@@ -121,12 +121,17 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kAcme, "velmor detect ../sample --device profile", 2, "serial device"},
         {"AT+CGMI: X1", detect + "--format ppp", 1, "nothing is ready"},
         {kStranger, detect + "--format ppp", 1, "nothing is ready"},
+        {"AT+CGMI: +CREG: 1\nAT+GMI: RING\nATI0: ^BOOT\nAT+CGMM: *A\nAT+GMM: ERROR\n"
+         "ATI3: Manufacturer: Foo",
+         detect, 1, "Phone         not known; the phone gave no usable answer"},
+        {"ATI0: Manufacturer: Foo\nAT+CGMM: \"GSM900\",\"MODEL=V195\"", detect, 1, "#V195#3#"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,
          "not known; dialled like Acme: X100; the answer is N1"},
         {kStranger, "velmor detect ../generic --device $device --json", 0,
          "\"dialled_as\": {\n    \"id\": 20,\n    \"name\": \"Brontel: Swift 5\"\n  }"},
-        {kStranger, "velmor detect ../generic --device $device --format wvdial", 0, "Phone = \"*99#\""},
+        {kStranger, "velmor detect ../generic --device $device --format wvdial", 0,
+         "Phone = \"*99#\""},
 #ifdef VELMOR_DETECT_HOST  // the example
         {kAcme, VELMOR_DETECT_HOST " ../sample $device", 0,
          "the phone says: Acme, ACME X100\nthis is: Acme X100\n"

@@ -50,10 +50,17 @@ std::string FreeId(const char* table) {
     return std::to_string(id);
 }
 
-// A readable name from an answer such as `+CGMM: "X100"`.
+// A readable name from an answer such as `+CGMM: "X100"`, `Manufacturer: Acme` or
+// `"GSM900","GSM1800","MODEL=X100"`.
 std::string NameFrom(std::string answer) {
+    const std::string label = "MODEL=";
+    const std::size_t model = answer.find(label);
     const std::size_t colon = answer.find(": ");
-    if (answer[0] == '+' && colon != std::string::npos) {
+    if (model != std::string::npos) {
+        answer.erase(0, model + label.size());
+        answer.erase(std::min(answer.find_first_of("\","), answer.size()));
+    } else if (colon != std::string::npos &&
+               (answer[0] == '+' || answer.compare(0, colon, "Manufacturer") == 0)) {
         answer.erase(0, colon + 2);
     }
     answer.erase(std::remove(answer.begin(), answer.end(), '"'), answer.end());

@@ -41,6 +41,10 @@ std::string KeyOf(const std::string& answer, const char* recipe) {
     return MakeKey(vel::Recipe(Velmor::getVelmor()->FetchTable(recipe)), answer);
 }
 
+bool BeginsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
 // Whether an answer can identify a phone or network. The echo and the result code cannot, and
 // control characters do not belong in a catalogue.
 bool SaysSomething(const std::string& answer, const std::string& command) {
@@ -48,12 +52,30 @@ bool SaysSomething(const std::string& answer, const std::string& command) {
            std::none_of(answer.begin(), answer.end(), IsControl);
 }
 
+// Whether a line that came instead of an answer tells of something else: a call, a message, the
+// start of the phone. A line such as `+CREG: 1` does, but `+CGMM: X100` answers AT+CGMM.
+bool IsUnsolicited(const std::string& line, const vel::Question& question) {
+    const bool marked = line[0] == '+' || line[0] == '^' || line[0] == '*';
+    const auto answers = [&](const vel::Attempt& attempt) {
+        const std::string command = attempt.command;  // AT+CGMM and a carriage return
+        return BeginsWith(line, command.substr(2, command.size() - 3) + ":");
+    };
+    return line == "RING" || (marked && std::none_of(std::begin(question.attempts),
+                                                     std::end(question.attempts), answers));
+}
+
+// Whether the line that labels the maker stands where a model should: ATI3 often answers as ATI0.
+bool IsMakerLabel(const std::string& line, const vel::Question& question) {
+    return question.recipe == vel::kPhoneQuestion.recipe && BeginsWith(line, "Manufacturer:");
+}
+
 // The first usable answer. The later commands are for phones that do not know the first one.
 Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : question.attempts) {
         const Answer answer = AnswerTo(attempt, dialogue);
         Clue clue = {answer.line, KeyOf(answer.line, question.recipe)};
-        if (answer.ok && clue.IsUsable() && SaysSomething(answer.line, attempt.command)) {
+        if (answer.ok && clue.IsUsable() && SaysSomething(answer.line, attempt.command) &&
+            !IsUnsolicited(answer.line, question) && !IsMakerLabel(answer.line, question)) {
             return clue;
         }
     }
