@@ -93,6 +93,9 @@ TEST(List, IndexedAccessInAnyOrder) {
     list.RemoveAll();
     EXPECT_EQ(list.cursorIndex, ~0U);
     EXPECT_EQ(list.count, 0U);
+    EXPECT_EQ(list.cursor, nullptr);
+    list.Add(8);
+    EXPECT_TRUE(list.head == list.tail && list[0] == 8);
 }
 
 TEST(Dictionary, FirstValueForAKeyIsKept) {
