@@ -273,7 +273,7 @@ TEST_F(Model, ScansAllocateNothingForARow) {
         table->get_Row(last, *&row);
         String value;
         row->get_ColumnValue("Name", value);
-        table->FindByIndex("ID", last, *&row);
+        EXPECT_EQ(table->FindByIndex("ID", last, *&row), 0);
         EXPECT_TRUE(row);
         return allocation::Count() - start;
     };

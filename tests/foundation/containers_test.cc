@@ -18,7 +18,7 @@ TEST(Array, GrowthRule) {
     } rows[] = {
         {8, 0, 0, 1, 8},   {8, 8, 8, 1, 16},          {8, 7, 8, 1, 8}, {20, 0, 0, 25, 40},
         {32, 1, 1, 1, 33}, {32, 33, 33, 1, 65},       {0, 0, 0, 1, 0}, {8, 0, 0, 0, 0},
-        {8, 0, 0, -3, 0},  {20, 1000, 1000, 1, 1020},
+        {8, 0, 0, -3, 0},  {20, 1000, 1000, 1, 1020}, {8, 0, 0, 8, 8},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.growBy << ", " << row.count << " + " << row.extra);
@@ -89,6 +89,7 @@ TEST(List, IndexedAccessInAnyOrder) {
     list.allowDuplicates = true;
     list.Add(0);
     EXPECT_EQ(list.cursor, nullptr);  // an append forgets the node last reached
+    EXPECT_EQ(list.cursorIndex, 0U);
     EXPECT_EQ(list[6], 0);
     list.RemoveAll();
     EXPECT_EQ(list.cursorIndex, ~0U);
