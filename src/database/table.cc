@@ -46,7 +46,15 @@ int Table::IndexOfRow(int column, const TextView& text) const {
 
 int Table::CreateRow(const Array<String>& values, IRow*& row) {
     const int status = AppendRow(Record(values));
-    return status == 0 ? rows_->get_Item(rows_->Count() - 1, row) : status;
+    if (status != 0) {
+        return status;
+    }
+    try {
+        return rows_->get_Item(rows_->Count() - 1, row);
+    } catch (...) {
+        rows_->DropLast();
+        throw;
+    }
 }
 
 int Table::AppendRow(const Record& values) {

@@ -20,6 +20,8 @@ class TableRows final : public ICollection<IRow*> {
     int Count() const { return rows_.count; }
     PackedTexts Texts(int index) const { return rows_[index]->Texts(); }
     void Append(const Record& texts);
+    // Takes the last row off again. REQUIRES: a row, and no object of it.
+    void DropLast() { --rows_.count; }
     // Makes `row` hold the object of the row at an index. When nobody else holds the object that it
     // held before, this one becomes the other row: a scan makes one object for all rows.
     void Show(int index, Pointer<Row>& row) const;

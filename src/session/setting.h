@@ -5,8 +5,7 @@
 
 namespace vel {
 
-// Reads variables from a table of names and values, which the creator keeps alive. Without a table
-// every variable is empty.
+// Reads variables from a table of names and values. Without a table every variable is empty.
 class Setting {
   public:
     explicit Setting(const Velmor::Table& table) : table_(table) {}
@@ -16,7 +15,7 @@ class Setting {
     String get_Setting(const TextView& name) const;
 
   private:
-    const Velmor::Table& table_;
+    Velmor::Table table_;
 };
 
 }  // namespace vel

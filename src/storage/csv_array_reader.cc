@@ -30,7 +30,6 @@ bool CSVArrayReader::internalGetArray() {
 }
 
 bool CSVArrayReader::internalGetLineArray() {
-    fields_.Clear();
     if (!file_.readLine(&line_)) {
         atEnd_ = true;
         return false;

@@ -29,7 +29,7 @@ class CSVArrayReader {
     char separator_;
     ArrayCrypter crypter_;
     File file_;
-    Record fields_;  // of the last line
+    Record fields_;  // of the last record
     String line_;
     bool open_ = false;
     bool atEnd_ = false;

@@ -33,9 +33,10 @@ class File {
     // more, empty, line. Reads ahead: meant for files, not for terminals. A read error counts as
     // the end of the file, but then an empty rest is no line.
     bool readLine(String* line);
-    // Reads lines as they stand, with their line feeds but without any "\r", up to one that begins
-    // with `marker` or that is not whole in the read-ahead. False when there is none; readLine goes
-    // on from there. For files of many lines: this costs a tenth of reading them one by one.
+    // Takes lines out of the read-ahead as they stand, with their line feeds but without any "\r",
+    // up to one that begins with `marker` or "\r", or is not whole. False when there is none, which
+    // says nothing about the end: readLine goes on from there. Reading many lines in this way costs
+    // a tenth of reading them one by one.
     bool readLinesBefore(char marker, String* lines);
     // Writes the characters of the line without its NULs. Adds no line end.
     bool writeLine(String& line);

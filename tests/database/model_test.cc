@@ -191,6 +191,7 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_EQ(Count(found), 1);
     EXPECT_TRUE(table->get_Database(ofTable) == 0 && ofTable == nullptr);
     EXPECT_TRUE(cell->get_Database(ofCell) == 0 && ofCell == nullptr);
+    EXPECT_TRUE(row->get_Database(ofCell) == 0 && ofCell == nullptr);
     ITable* parent = table.get();
     EXPECT_TRUE(cell->get_Table(parent) == 0 && parent == nullptr);
     EXPECT_EQ(Value(*row, "Name"), "<none>");
@@ -263,6 +264,23 @@ TEST_F(Model, MatchesSeveralValues) {
     IRow* none = row.get();
     EXPECT_EQ(table->FindByIndex("Colour", "red", none), 1);
     EXPECT_EQ(none, nullptr);
+}
+
+// When the object of a new row cannot be made, the table does not have the row.
+TEST_F(Model, RowsAreMadeOrNot) {
+    Create({"1", "red"});
+    const Array<String> values = Texts({"2", "green"});
+    bool failed = true;
+    for (std::size_t n = 1; failed; ++n) {
+        Pointer<IRow> row;
+        allocation::FailAfter(n);
+        try {
+            table->CreateRow(values, *&row);
+        } catch (const std::bad_alloc&) {
+        }
+        failed = allocation::FailAfter(0);
+        EXPECT_EQ(Dump(*database).size(), failed ? 3u : 4u) << n;
+    }
 }
 
 // A query allocates the same for one row and for a thousand.
