@@ -74,6 +74,9 @@ TEST(Profiles, AreDetectedAsTheySay) {
         known += found ? 1 : 0;
     }
     EXPECT_GE(known, 56);
+    // The label alone names no maker.
+    ScriptedPhone::Play("AT+CGMM: HSPA USB MODEM\nATI0: Manufacturer: Nobody");
+    EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80), -1);
     for (long i = 0, id = -1; i < Velmor_GetNrOfPhones(0); ++i) {
         EXPECT_EQ(Velmor_GetPhoneByIndex(0, i, &id, name, 80), 0);
         Velmor_GetDUNSetting(0, id, 1, &setting);
