@@ -73,7 +73,7 @@ TEST(Profiles, AreDetectedAsTheySay) {
         EXPECT_EQ(setting.DisplayName, profile.network);
         known += found ? 1 : 0;
     }
-    EXPECT_GE(known, 56);
+    EXPECT_GE(known, 92);
     // The label alone names no maker.
     ScriptedPhone::Play("AT+CGMM: HSPA USB MODEM\nATI0: Manufacturer: Nobody");
     EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80), -1);
