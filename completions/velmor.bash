@@ -7,7 +7,7 @@ _velmor() {
         [check]="--json"
         [countries]="--json"
         [decode]="--output --force"
-        [detect]="--device --phone --baud --timeout --setting --like --verbose --format --json --output --force"
+        [detect]="--device --phone --baud --timeout --probe --setting --like --verbose --format --json --output --force"
         [encode]="--output --force"
         [import]="--phones --output --iso --force"
         [phone]="--verbose"

@@ -22,6 +22,7 @@ struct Options {
     DialerLink link;
     std::string profile;
     double timeout = 10;
+    double probe = 0.9;
     long setting = 0;
     long like = 0;  // 0: like the phone that the catalogue names
     bool verbose = false;
@@ -57,7 +58,9 @@ int RunDetect(const Options& options) {
     {  // the device gets its parameters back before anything is printed
         SerialLine line(link.device, link.baud);
         Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
-        found = Detect(dialogue, options.like);
+        if (options.probe == 0 || dialogue.Probe(options.probe)) {
+            found = Detect(dialogue, options.like);
+        }
         if (Interruption::Signal() != 0) {
             std::cerr << "velmor: interrupted\n";
             return 128 + Interruption::Signal();  // as shells report a signal
@@ -99,6 +102,9 @@ void AddDetect(CommandLine& line) {
     AddValue(command, "--timeout", options->timeout, "SECONDS",
              "limit for each AT command; default 10")
         ->check(CLI::Range(0.01, 3600.0));
+    AddValue(command, "--probe", options->probe, "SECONDS",
+             "wait so long for any answer before the detection; default 0.9; 0: do not ask")
+        ->check(CLI::Range(0.0, 3600.0));
     AddValue(command, "--setting", options->setting, "ID",
              "for ppp and wvdial: use this setting, not the first one")
         ->check(CLI::Range(1L, 2147483647L));

@@ -30,6 +30,11 @@ class Dialogue {
     static long Read(char* buffer, long count, long timeout);
     static long Send(const char* buffer, long length);
 
+    // Asks AT up to three times within these seconds until the phone sends anything, then reads
+    // until it is silent: a late answer must not be taken for the next one. Returns whether any
+    // byte came. Not one of the exchanges.
+    bool Probe(double seconds);
+
     // Shows the rest of the last answer.
     void End() { log_.EndAnswer(); }
     const std::vector<Exchange>& exchanges() const { return exchanges_; }
@@ -38,6 +43,9 @@ class Dialogue {
 
   private:
     bool ReadByte(char& byte, long timeout);
+    // Reads a byte that belongs to no exchange.
+    bool Listen(double seconds);
+    bool IsOver() const;
     bool SendCommand(const std::string& command);
 
     SerialLine& line_;
