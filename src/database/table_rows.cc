@@ -54,14 +54,12 @@ void TableRows::Clear() {
     }
 }
 
-// The first block of a table is small, as a device's catalogue may have few rows.
 void* TableRows::Allocate(std::size_t bytes) {
     constexpr std::size_t kAlignment = alignof(PackedRow);
-    constexpr std::size_t kFirst = 256, kLargest = 8192;
     bytes = (bytes + kAlignment - 1) / kAlignment * kAlignment;
     if (bytes > left_) {
-        blockSize_ = blockSize_ == 0 ? kFirst : blockSize_ < kLargest ? 2 * blockSize_ : kLargest;
         const std::size_t size = bytes < blockSize_ ? blockSize_ : bytes;
+        blockSize_ *= blockSize_ < kLargestBlock ? 2 : 1;
         blocks_ = new (::operator new(sizeof(Block) + size)) Block{blocks_};
         free_ = reinterpret_cast<char*>(blocks_ + 1);
         left_ = size;
@@ -74,7 +72,8 @@ void TableRows::FreeBlocks() {
     while (blocks_ != nullptr) {
         ::operator delete(std::exchange(blocks_, blocks_->next));
     }
-    left_ = blockSize_ = 0;
+    left_ = 0;
+    blockSize_ = kFirstBlock;
 }
 
 }  // namespace vel

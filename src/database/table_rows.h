@@ -40,6 +40,9 @@ class TableRows final : public ICollection<IRow*> {
         Block* next;
     };
 
+    // Bytes for rows. The first block of a table is small: a device's catalogue may have few rows.
+    static constexpr std::size_t kFirstBlock = 256, kLargestBlock = 8192;
+
     void* Allocate(std::size_t bytes);
     void FreeBlocks();
 
@@ -48,8 +51,8 @@ class TableRows final : public ICollection<IRow*> {
     Block* blocks_ = nullptr;
     char* free_ = nullptr;  // the rest of the first block
     std::size_t left_ = 0;
-    std::size_t blockSize_ = 0;
-    int objects_ = 0;  // rows that are objects; their texts are in the blocks
+    std::size_t blockSize_ = kFirstBlock;  // of the next one
+    int objects_ = 0;                      // rows that are objects; their texts are in the blocks
 };
 
 }  // namespace vel

@@ -13,9 +13,6 @@ namespace array {
 
 int GrownCapacity(int capacity, int count, int extra, int growBy) {
     const std::int64_t needed = std::int64_t{count} + extra;
-    if (needed <= capacity || needed < 1) {
-        return capacity;
-    }
     const std::int64_t quantum = growBy;
     const std::int64_t steps = growBy == 0 ? 1 : (needed - capacity + quantum - 1) / quantum;
     const std::int64_t grown = capacity + quantum * steps;

@@ -14,7 +14,7 @@ namespace vel {
 namespace array {
 
 // The capacity of an array that gets `extra` more elements: it grows by the smallest sufficient
-// number of quanta. Throws std::bad_alloc beyond the range of int.
+// number of quanta. Throws std::bad_alloc beyond the range of int. REQUIRES: no room for them yet.
 int GrownCapacity(int capacity, int count, int extra, int growBy);
 
 // The slots to allocate for a capacity. Growing by a fixed quantum would copy a large array again

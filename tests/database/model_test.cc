@@ -116,6 +116,10 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(row->get_ColumnNames(names), 0);
     EXPECT_EQ(Plain(names), (Lines{"ID", "Name"}));
     EXPECT_TRUE(row->get_ColumnName(0, text) == 0 && text == String("ID"));
+    EXPECT_TRUE(table->get_Name(text) == 0 && text == String("Colours"));
+    EXPECT_TRUE(database->get_Name(text) == 0 && text == String("World"));
+    EXPECT_TRUE(database->get_Version(text) == 0 && text == String("7"));
+    EXPECT_TRUE(row->get_ID(text) == 0 && text == String("2"));
     EXPECT_EQ(table->AddRef(), table->Release() + 1);
     IColumn* noCell = cell.get();
     EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
@@ -184,14 +188,14 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_EQ(Count(rows), 1);
     Rows found;
     table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), *&found);
-    IDatabase *ofTable = database.get(), *ofCell = ofTable;
+    IDatabase *ofTable = database.get(), *ofCell = ofTable, *ofRow = ofTable;
     database.Reset();
 
     EXPECT_EQ(Count(rows), 0);
     EXPECT_EQ(Count(found), 1);
     EXPECT_TRUE(table->get_Database(ofTable) == 0 && ofTable == nullptr);
     EXPECT_TRUE(cell->get_Database(ofCell) == 0 && ofCell == nullptr);
-    EXPECT_TRUE(row->get_Database(ofCell) == 0 && ofCell == nullptr);
+    EXPECT_TRUE(row->get_Database(ofRow) == 0 && ofRow == nullptr);
     ITable* parent = table.get();
     EXPECT_TRUE(cell->get_Table(parent) == 0 && parent == nullptr);
     EXPECT_EQ(Value(*row, "Name"), "<none>");

@@ -25,6 +25,7 @@ TEST_F(ATCommands, RelevantLine) {
         {"no echo, by index", "echo = off\nAT+CGMI: NAME", 0, 0, ""},
         {"no echo, last line", "echo = off\nAT+CGMI: NAME", -1, 0, "NAME"},
         {"no echo, no line break ahead", "echo = off\nAT+CGMI:= NAME\\r\\nOK\\r\\n", 0, 0, "NAME"},
+        {"one character", "echo = off\nAT+CGMI:= A\\r\\nOK\\r\\n", 0, 0, "A"},
         {"no data: the echo", "AT+CGMI:= \\r\\nOK\\r\\n", -1, 0, "AT+CGMI"},
         {"two characters are too few", "AT+CGMI:= \\r\\nA\\n\\r\\nOK\\r\\n", -1, 0, "AT+CGMI"},
         {"a line of returns empties it", "AT+CGMI:= \\r\\nNAME\\r\\n\\r\\r\\nOK\\r\\n", -1, 0, ""},

@@ -106,6 +106,8 @@ TEST(Dictionary, FirstValueForAKeyIsKept) {
     ASSERT_NE(texts.Add("city", "Oslo"), nullptr);
     EXPECT_EQ(texts.Add("name", "Bob"), nullptr);
     EXPECT_EQ(texts[0].value, String("Ann"));
+    EXPECT_TRUE(texts[0] == Texts::Entry("name", "Ann"));
+    EXPECT_FALSE(texts[0] == Texts::Entry("name", "Bob") || texts[0] == Texts::Entry("x", "Ann"));
     EXPECT_EQ(Texts::emptyInstance().count, 0U);
     vel::List<Texts> list;
     list.Add(texts);

@@ -1,4 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include <pthread.h>
+
+#include "session/cancellation.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {
@@ -18,6 +21,18 @@ TEST_F(Session, StartsAndEnds) {
     Velmor_DeInitialise();
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
     Start();
+}
+
+// A call within a call leaves the end to the outer one.
+TEST(Cancellation, IsRestoredByTheOutermostCall) {
+    int state = -1;
+    EXPECT_TRUE(vel::Cancellation::HoldOff());
+    EXPECT_FALSE(vel::Cancellation::HoldOff());
+    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state);
+    EXPECT_EQ(state, PTHREAD_CANCEL_DISABLE);
+    vel::Cancellation::Restore();
+    pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &state);
+    EXPECT_EQ(state, PTHREAD_CANCEL_ENABLE);
 }
 
 TEST_F(Session, AnotherCatalogueReplacesTheFirst) {
