@@ -95,8 +95,9 @@ TEST(List, IndexedAccessInAnyOrder) {
     EXPECT_EQ(list.cursorIndex, ~0U);
     EXPECT_EQ(list.count, 0U);
     EXPECT_EQ(list.cursor, nullptr);
-    list.Add(8);
-    EXPECT_TRUE(list.head == list.tail && list[0] == 8);
+    list.AddHead(8);
+    list.Add(9);
+    EXPECT_TRUE(list.head->next == list.tail && list[0] == 8 && list[1] == 9);
 }
 
 TEST(Dictionary, FirstValueForAKeyIsKept) {

@@ -76,6 +76,7 @@ TEST(File, BytesAndPositions) {
     EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(0, SEEK_SET));  // not open
     EXPECT_EQ(file.getPosition(), -1);
     ASSERT_TRUE(file.openFile());
+    EXPECT_EQ(file.getPosition(), 0);
     EXPECT_TRUE(file.setPosition(4, SEEK_SET) && file.readBytes(buffer, 2, 1));
     EXPECT_EQ(file.getPosition(), 6);
     EXPECT_TRUE(file.setPosition(-2, SEEK_CUR));
