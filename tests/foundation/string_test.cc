@@ -92,6 +92,7 @@ TEST(String, Replace) {
     ExpectState(String("aaa").Replace("a", ""), 0, 0, nullptr);
     String withNul("a");
     withNul.Append('\0');
+    EXPECT_EQ(String("ba").FindOne(withNul, 0), 1);  // with the terminator
     ExpectState(String("ba").Replace(withNul, "Z"), 3, 3, "ba");
     ExpectState(String("axyb").Replace("xy", withNul), 5, 5, "aa");
     ExpectState(Null().Replace("a", "b"), 0, 0, nullptr);
