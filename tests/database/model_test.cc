@@ -90,21 +90,21 @@ TEST_F(Model, RowsAndCells) {
     Pointer<IColumn> cell;
     EXPECT_EQ(row->get_Column("Name", *&cell), 0);
     Pointer<IRow> owner;
-    cell->get_Row(*&owner);
+    EXPECT_EQ(cell->get_Row(*&owner), 0);
     EXPECT_TRUE(owner == row);
     String text;
     EXPECT_EQ(cell->get_Name(text), 0);
     EXPECT_EQ(text, String("Name"));
-    cell->get_Value(text);
+    EXPECT_EQ(cell->get_Value(text), 0);
     EXPECT_EQ(text, String("green"));
-    cell->get_Index(index);
+    EXPECT_EQ(cell->get_Index(index), 0);
     EXPECT_EQ(index, 1);
     Pointer<ICollection<IColumn*>> cells;
-    row->get_Columns(*&cells);
-    cells->get_Count(index);
+    EXPECT_EQ(row->get_Columns(*&cells), 0);
+    EXPECT_EQ(cells->get_Count(index), 0);
     EXPECT_EQ(index, 2);
     Pointer<IColumn> same;
-    cells->get_Item(1, *&same);
+    EXPECT_EQ(cells->get_Item(1, *&same), 0);
     EXPECT_TRUE(same == cell);
     Pointer<IDatabase> ofRow, ofCell;
     Pointer<ITable> tableOfRow, tableOfCell;
@@ -145,7 +145,7 @@ TEST_F(Model, HeldRowsLast) {
     Rows found;
     EXPECT_EQ(table->Find(keeper.get(), *&found), 0);
     Pointer<IRow> second, same;
-    found->get_Item(0, *&second);
+    EXPECT_EQ(found->get_Item(0, *&second), 0);
     EXPECT_EQ(Value(*second, "Name"), "green");
     const Pointer<IRow> first = keeper->kept[0];
     EXPECT_TRUE(table->get_Row("1", *&same) == 0 && same == first);
@@ -160,7 +160,7 @@ TEST_F(Model, HeldRowsLast) {
     }
     database.Reset();
     String id;
-    second->get_ID(id);
+    EXPECT_EQ(second->get_ID(id), 0);
     EXPECT_EQ(id, String("2"));
 }
 
@@ -182,12 +182,12 @@ TEST_F(Model, TakenNameIsNotRegistered) {
 TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     const Pointer<IRow> row = Create({"1", "red"});
     Pointer<IColumn> cell;
-    row->get_Column("Name", *&cell);
+    EXPECT_EQ(row->get_Column("Name", *&cell), 0);
     Rows rows;
-    table->get_Rows(*&rows);
+    EXPECT_EQ(table->get_Rows(*&rows), 0);
     EXPECT_EQ(Count(rows), 1);
     Rows found;
-    table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), *&found);
+    EXPECT_EQ(table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), *&found), 0);
     IDatabase *ofTable = database.get(), *ofCell = ofTable, *ofRow = ofTable;
     database.Reset();
 
@@ -200,19 +200,19 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_TRUE(cell->get_Table(parent) == 0 && parent == nullptr);
     EXPECT_EQ(Value(*row, "Name"), "<none>");
     Array<String> names = Texts({"left"});
-    row->get_ColumnNames(names);
+    EXPECT_EQ(row->get_ColumnNames(names), 0);
     EXPECT_EQ(names.count, 0);
     String text;
     EXPECT_EQ(row->get_ColumnName(0, text), 0);
     EXPECT_EQ(text, String());
     EXPECT_EQ(cell->get_Name(text), 1);
     EXPECT_EQ(text, String("<error>"));
-    cell->get_Value(text);
+    EXPECT_EQ(cell->get_Value(text), 0);
     EXPECT_EQ(text, String("red"));
     Pointer<ICollection<IColumn*>> cells;
-    row->get_Columns(*&cells);
+    EXPECT_EQ(row->get_Columns(*&cells), 0);
     int count = -1;
-    cells->get_Count(count);
+    EXPECT_EQ(cells->get_Count(count), 0);
     EXPECT_EQ(count, 0);
 }
 
