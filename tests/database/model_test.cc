@@ -53,7 +53,7 @@ class Model : public testing::Test {
     }
     static int Count(const Rows& rows) {
         int count = -1;
-        rows->get_Count(count);
+        EXPECT_EQ(rows->get_Count(count), 0);
         return count;
     }
 
@@ -174,6 +174,8 @@ TEST_F(Model, TakenNameIsNotRegistered) {
     EXPECT_EQ(database->get_Table("colours", none), 0);
     EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
+    Pointer<ICollection<ITable*>> tables;
+    EXPECT_EQ(database->get_Tables(*&tables), 0);
     static_cast<Table&>(*second).Destroy();
 }
 
