@@ -22,7 +22,6 @@ int TableRows::get_Item(int index, IRow*& item) const {
 }
 
 void TableRows::Append(const Record& texts) {
-    rows_.internalEnsureSpace(1);
     auto* row = new (Allocate(sizeof(PackedRow) + PackedTexts::SizeOf(texts))) PackedRow{nullptr};
     PackedTexts::Write(texts, reinterpret_cast<int*>(row + 1));
     rows_.Append(row);

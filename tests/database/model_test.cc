@@ -121,6 +121,8 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_TRUE(database->get_Version(text) == 0 && text == String("7"));
     EXPECT_TRUE(row->get_ID(text) == 0 && text == String("2"));
     EXPECT_EQ(table->AddRef(), table->Release() + 1);
+    EXPECT_TRUE(row->get_Column("ID", *&same) == 0 && same && !(same == cell));
+    EXPECT_FALSE(static_cast<Row&>(*row).Text(2) || static_cast<Row&>(*row).Text(-1));
     IColumn* noCell = cell.get();
     EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
     EXPECT_EQ(noCell, nullptr);
@@ -150,6 +152,8 @@ TEST_F(Model, HeldRowsLast) {
     const Pointer<IRow> first = keeper->kept[0];
     EXPECT_TRUE(table->get_Row("1", *&same) == 0 && same == first);
     EXPECT_TRUE(table->get_Row("3", *&same) == 0 && same == keeper->kept[1]);
+    int third = -1;
+    EXPECT_TRUE(same->get_Index(third) == 0 && third == 2);
     for (int cleared = 0; cleared < 2; ++cleared) {
         EXPECT_EQ(Value(*first, "Name"), "red");
         EXPECT_EQ(Value(*keeper->kept[1], "Name").size(), 9000u);
@@ -177,6 +181,8 @@ TEST_F(Model, TakenNameIsNotRegistered) {
     Pointer<ICollection<ITable*>> tables;
     EXPECT_EQ(database->get_Tables(*&tables), 0);
     static_cast<Table&>(*second).Destroy();
+    static_cast<Database&>(*database).Destroy();
+    EXPECT_EQ(database->get_Table("Colours", *&found), 0);
 }
 
 // The last reference from outside releases the whole tree. A part that the test still holds stays
@@ -207,6 +213,8 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     String text;
     EXPECT_EQ(row->get_ColumnName(0, text), 0);
     EXPECT_EQ(text, String());
+    IColumn* gone = cell.get();
+    EXPECT_TRUE(row->get_Column("ID", gone) == 0 && gone == nullptr);
     EXPECT_EQ(cell->get_Name(text), 1);
     EXPECT_EQ(text, String("<error>"));
     EXPECT_EQ(cell->get_Value(text), 0);

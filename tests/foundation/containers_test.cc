@@ -18,7 +18,7 @@ TEST(Array, GrowthRule) {
     } rows[] = {
         {8, 0, 0, 1, 8},   {8, 8, 8, 1, 16},          {8, 7, 8, 1, 8}, {20, 0, 0, 25, 40},
         {32, 1, 1, 1, 33}, {32, 33, 33, 1, 65},       {0, 0, 0, 1, 0}, {8, 0, 0, 0, 0},
-        {8, 0, 0, -3, 0},  {20, 1000, 1000, 1, 1020}, {8, 0, 0, 8, 8},
+        {8, 0, 0, -3, 0},  {20, 1000, 1000, 1, 1020}, {8, 0, 0, 8, 8}, {1, 0, 0, 3, 3},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.growBy << ", " << row.count << " + " << row.extra);
@@ -31,6 +31,8 @@ TEST(Array, GrowthRule) {
         EXPECT_EQ(array.capacity, row.grown);
         EXPECT_EQ(array.count, row.count);
     }
+    EXPECT_EQ(Array<int>().growBy, 0);
+    EXPECT_EQ(Array<int>(8).capacity, 0);
     Array<char> huge(32);
     huge.count = huge.capacity = INT_MAX - 1;  // the array has no buffer of that size
     EXPECT_THROW(huge.internalEnsureSpace(32), std::bad_alloc);
@@ -98,6 +100,8 @@ TEST(List, IndexedAccessInAnyOrder) {
     list.AddHead(8);
     list.Add(9);
     EXPECT_TRUE(list.head->next == list.tail && list[0] == 8 && list[1] == 9);
+    list.AddHead(7);
+    EXPECT_EQ(list[1], 8);
 }
 
 TEST(Dictionary, FirstValueForAKeyIsKept) {

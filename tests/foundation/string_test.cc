@@ -79,10 +79,11 @@ TEST(String, FindOne) {
 
 TEST(String, Replace) {
     const char* const rows[][4] = {
-        {"aaaa", "aa", "b", "bb"}, {"abab", "ab", "abab", "abababab"},
-        {"abc", "c", "", "ab"},    {"abc", "", "x", "abc"},
-        {"", "a", "b", ""},        {"abc", "b", nullptr, "ac"},
-        {"ab", "abc", "x", "ab"},  {"aab", "ab", "x", "ax"},
+        {"aaaa", "aa", "b", "bb"},  {"abab", "ab", "abab", "abababab"},
+        {"abc", "c", "", "ab"},     {"abc", "", "x", "abc"},
+        {"", "a", "b", ""},         {"abc", "b", nullptr, "ac"},
+        {"ab", "abc", "x", "ab"},   {"aab", "ab", "x", "ax"},
+        {"abc", "a", "xy", "xybc"},
     };
     for (const auto& [text, what, with, result] : rows) {
         SCOPED_TRACE(text);

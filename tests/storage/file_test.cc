@@ -46,6 +46,8 @@ TEST(File, WritesAndAppends) {
     File file("written", vel::accessWrite);
     EXPECT_FALSE(file.writeLine(line) || file.writeBytes(line.data, 4, 0));  // not open
     ASSERT_TRUE(file.openFile());
+    EXPECT_FALSE(file.writeBytes(line.data, -1, 4) || file.writeBytes(line.data, 4, -1));
+    EXPECT_TRUE(file.writeBytes(line.data, 0, 0));
     EXPECT_TRUE(file.writeLine(line));
     EXPECT_TRUE(file.writeBytes(line.data, 3, 1));
     EXPECT_TRUE(file.writeBytes(line.data, 4, 0));
@@ -92,6 +94,11 @@ TEST(File, BytesAndPositions) {
     EXPECT_TRUE(file.readLine(&line));
     EXPECT_EQ(line, String("89"));
     EXPECT_EQ(file.getPosition(), 10);
+    std::string large = std::string(70000, 'x') + "y";
+    WriteFile("bytes", large);
+    ASSERT_TRUE(file.openFile());
+    std::string read(large.size(), '-');
+    EXPECT_TRUE(file.readBytes(read.data(), 1, static_cast<int>(read.size())) && read == large);
     WriteFile("bytes", "one\ntwo\n");
     for (int i = 0; i < 2; ++i) {  // the second time from the top again
         ASSERT_TRUE(file.openFile());
@@ -123,7 +130,8 @@ TEST(ArrayCrypter, InPlaceNothingIsLost) {
     // A copy is written unless it holds the very bytes.
     WriteFile("source", plain);
     const std::filesystem::file_time_type old{};
-    for (const std::string& before : {stored, stored + "x", stored.substr(1), std::string()}) {
+    for (const std::string& before : {stored, stored + "x", stored.substr(1),
+                                      stored.substr(0, stored.size() - 1), std::string()}) {
         WriteFile("source.encode", before);
         std::filesystem::last_write_time("source.encode", old);
         EXPECT_FALSE(crypter.CryptFile("source", ""));
@@ -136,6 +144,7 @@ TEST(ArrayCrypter, InPlaceNothingIsLost) {
     String cipher("before");
     EXPECT_TRUE(crypter.Crypt::Encrypt("x", cipher));
     EXPECT_EQ(cipher.Length(), 2);  // what was there is replaced
+    EXPECT_TRUE(crypter.Crypt::Decrypt(String(nullptr), cipher) && cipher == String());
 }
 
 }  // namespace
