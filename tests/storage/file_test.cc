@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
 #include "storage/crypt.h"
@@ -129,11 +130,12 @@ TEST(ArrayCrypter, InPlaceNothingIsLost) {
     }
     // A copy is written unless it holds the very bytes.
     WriteFile("source", plain);
-    const std::filesystem::file_time_type old{};
     for (const std::string& before : {stored, stored + "x", stored.substr(1),
                                       stored.substr(0, stored.size() - 1), std::string()}) {
         WriteFile("source.encode", before);
-        std::filesystem::last_write_time("source.encode", old);
+        const auto yesterday = std::filesystem::last_write_time("source") - std::chrono::hours(24);
+        std::filesystem::last_write_time("source.encode", yesterday);
+        const auto old = std::filesystem::last_write_time("source.encode");
         EXPECT_FALSE(crypter.CryptFile("source", ""));
         EXPECT_TRUE(ReadFile("source.encode") == stored);
         EXPECT_EQ(std::filesystem::last_write_time("source.encode") == old, before == stored);
