@@ -57,6 +57,9 @@ TEST(Array, OfTexts) {
     }
     EXPECT_EQ(texts.data[5], String());
     EXPECT_EQ(texts.IndexOf(Array<String>::EqualsCondition("c")), 2);
+    --texts.count;  // what lies behind the last element does not count
+    EXPECT_EQ(texts.IndexOf(Array<String>::EqualsCondition("d")), -1);
+    ++texts.count;
     Array<String> copy(9);
     copy = texts;
     EXPECT_EQ(copy[3], String("d"));
