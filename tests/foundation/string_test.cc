@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/string.h"
+#include "foundation/record.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +53,8 @@ TEST(String, States) {
     ExpectState(String::FromLong(0), 2, 2, "0");
     String quantum("a");
     quantum.growBy = 5;
+    EXPECT_STREQ(vel::TextView().c_str(), "");
+    EXPECT_STREQ(vel::TextView(Null()).c_str(), "");
     EXPECT_EQ(quantum, String("a"));
     EXPECT_EQ(quantum.Replace("a", "b").growBy, 5);
     EXPECT_NE(String("a"), String("ab"));
