@@ -129,6 +129,8 @@ TEST(DetectCommand, EndsWhateverHappens) {
          "ATI3: Manufacturer: Foo",
          detect, 1, "Phone         not known; the phone gave no usable answer"},
         {"ATI0: Manufacturer: Foo\nAT+CGMM: \"GSM900\",\"MODEL=V195\"", detect, 1, "#V195#3#"},
+        {"AT+CGMI: Acme\nAT+CGMM: NEW1\nAT+CIMI: 99902", "velmor detect ../hidden --device $device",
+         0, "\nE#1#NEW1#"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,
          "not known; dialled like Acme: X100; the answer is N1"},
@@ -152,6 +154,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
     WriteFile("generic", Patient().Replace("E#TRACE#N#", "E#UNKNOWN-PHONE#20#").text());
     WriteFile("named",
               Patient().Replace("Brontel", "Generic").Replace("Swift 5", "any phone").text());
+    WriteFile("hidden", Patient().AddRow("PhoneIdentification", "#1##11#").text());
     WriteFile("stubborn", SampleSource().Replace("RETRY#3#", "RETRY#2147483647#").text());
     std::vector<std::FILE*> running;
     for (const auto& row : rows) {

@@ -75,7 +75,7 @@ class Adviser {
 
     std::vector<AdvisedLine> Lines() {
         std::string phoneId = FromLibrary(session_.detectedPhoneId);
-        if (phoneId.empty() && found_.phone.IsUsable()) {
+        if (found_.phone.IsUsable() && (phoneId.empty() || IsModelHidden())) {
             phoneId = AddPhone();
         }
         std::string networkId = FromLibrary(session_.detectedNetworkId);
@@ -118,6 +118,22 @@ class Adviser {
             lines_.push_back({name, SourceLine(columns)});
         }
         lines_.push_back({name, row});
+    }
+
+    // Whether the phone was found by a row without an answer, although it named a model that has no
+    // row: after a model that is not known, a command without an answer finds that row.
+    bool IsModelHidden() const {
+        bool hidden = false;
+        for (const auto& row : RowList(schema::kPhoneIdentification)) {
+            if (Cell(row, schema::kManufacturerID) == found_.manufacturerId) {
+                const std::string key = Cell(row, schema::kPhoneResponse);
+                if (key == found_.phone.key) {
+                    return false;
+                }
+                hidden = hidden || key.empty();
+            }
+        }
+        return hidden;
     }
 
     std::string AddPhone() {
