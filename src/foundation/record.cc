@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "foundation/record.h"
 
-#include <cstring>
-
 namespace vel {
+
 String TextView::ToString() const {
     return count > 0 ? String::FromBytes(data, count - 1) : String();
 }
