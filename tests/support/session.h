@@ -5,11 +5,11 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
 
 #include "session/session.h"
 #include "session/trace.h"
 #include "tests/support/files.h"
+#include "tests/support/patterns.h"
 
 // The source of the sample catalogue, with changes. The library reads a source as it is: it ignores
 // the marker of hidden lines.
@@ -58,8 +58,8 @@ class SessionTest : public testing::Test {
         return Velmor_Initialise("catalogue", read, send);
     }
     static std::string Log() {
-        static const std::regex address("(\\(long\\)[a-zA-Z_]+ <= +)-?[1-9][0-9]*");
-        return std::regex_replace(ReadFile(vel::kTraceLogPath), address, "$1ADDRESS");
+        const std::string address = "(\\(long\\)[a-zA-Z_]+ <= +)-?[1-9][0-9]*";
+        return Replaced(ReadFile(vel::kTraceLogPath), address, "$1ADDRESS");
     }
     // Compares the log with a file of the tree. With VELMOR_RENEW_LOGS set, replaces the file.
     static void ExpectLog(const std::string& name) {

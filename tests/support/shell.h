@@ -6,10 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <regex>
-#include <set>
 #include <string>
 #include <utility>
+
+#include "tests/support/patterns.h"
 
 // Starts a shell line in a folder of its own, or here. In the line, "velmor" is the command, and
 // "await" waits until a file has content or a process has ended. The output goes to the file "out".
@@ -37,13 +37,4 @@ inline std::pair<int, std::string> Finish(std::FILE* running) {
 
 inline std::pair<int, std::string> Shell(const std::string& line) {
     return Finish(Start(line));
-}
-
-using Names = std::set<std::string>;
-
-// What the group of a pattern matches in a text, each text once.
-inline Names Matches(const std::string& text, const std::string& pattern) {
-    const std::regex regex(pattern);
-    const std::sregex_token_iterator first(text.begin(), text.end(), regex, 1);
-    return {first, std::sregex_token_iterator()};
 }

@@ -50,8 +50,8 @@ Names Completed(const std::string& words) {
 // The help, the completion and the manual page have the same subcommands and options.
 TEST(Command, HelpIsLikeCompletionAndManPage) {
     const std::string option = "(--?[a-z-]+)", inHelp = "\n +(?:-[a-z],)?" + option;
-    const std::string page = std::regex_replace(ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1"),
-                                                std::regex(R"(\\f.|\\(?=-))"), "");
+    const std::string page =
+        Replaced(ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1"), R"(\\f.|\\(?=-))", "");
     const auto bold = [&](const std::string& begin) {
         std::string lines;
         for (const std::string& line : Matches(page, "\n\\.BR? (" + begin + ".*)")) {
@@ -74,10 +74,9 @@ TEST(Command, HelpIsLikeCompletionAndManPage) {
         EXPECT_EQ(Completed(name + " --"), options);
         const Names values = Matches(text, "[{,]([a-z]+)(?=[,}])");
         EXPECT_EQ(values.empty() ? values : Completed(name + " --format \"\""), values);
-        std::string told = std::regex_replace(bold("velmor " + name + " "), std::regex("FORMAT"),
-                                              bold("\"?--format"));
+        std::string told = Replaced(bold("velmor " + name + " "), "FORMAT", bold("\"?--format"));
         for (const std::string& both : Matches(text, "\n +(-[a-z],--[a-z]+)")) {
-            told = std::regex_replace(told, std::regex(both.substr(0, 2) + "\\b"), both.substr(3));
+            told = Replaced(told, both.substr(0, 2) + "\\b", both.substr(3));
         }
         options.erase("--help");
         EXPECT_EQ(Matches(told, option), options);

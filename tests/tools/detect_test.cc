@@ -194,7 +194,7 @@ TEST(Dialers, TakeHostileValuesAsData) {
     std::map<std::string, std::pair<std::FILE*, std::string>> running;  // and the value, by folder
     for (const std::string& value : values) {
         SCOPED_TRACE(value);
-        const std::string cell = std::regex_replace(value, std::regex("[#\\\\]"), "\\$&");
+        const std::string cell = Replaced(value, "[#\\\\]", "\\$&");
         const std::string folder = std::to_string(&value - values);
         fs::create_directories(folder + "/d 'x");
         WriteFile(folder + "/hostile", SampleSource()

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/patterns.h"
+
+#include <regex>
+
+Names Matches(const std::string& text, const std::string& pattern) {
+    const std::regex regex(pattern);
+    const std::sregex_token_iterator first(text.begin(), text.end(), regex, 1);
+    return {first, std::sregex_token_iterator()};
+}
+
+std::string Replaced(const std::string& text, const std::string& pattern, const std::string& with) {
+    return std::regex_replace(text, std::regex(pattern), with);
+}

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+// Regular expressions of ECMAScript. The tests do not include <regex>: it takes long to compile.
+#pragma once
+
+#include <set>
+#include <string>
+
+using Names = std::set<std::string>;
+
+// What the group of a pattern matches in a text, each text once.
+Names Matches(const std::string& text, const std::string& pattern);
+
+// The text with another one for each match; "$1" in it stands for what the first group matches.
+std::string Replaced(const std::string& text, const std::string& pattern, const std::string& with);
