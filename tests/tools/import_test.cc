@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <iterator>
 #include <pugixml.hpp>
 #include <set>
+#include <sstream>
 
 #include "commands/command.h"
 #include "support/error.h"
@@ -16,9 +18,11 @@ const std::string kPhones = kHere + "phones.source";
 
 // Runs the command, which writes "out.source".
 void Import(const std::string& providers, const std::string& phones, const std::string& more) {
-    CommandLine line;
+    std::istringstream words("import " + providers + " --phones " + phones + " -o out.source" +
+                             more);
+    CommandLine line("");
     AddImport(line);
-    line.app.parse("import " + providers + " --phones " + phones + " -o out.source" + more);
+    line.Run({std::istream_iterator<std::string>(words), {}});
 }
 
 TEST(Import, DecidesWhatTheDataLeaveOpen) {

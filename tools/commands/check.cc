@@ -60,7 +60,7 @@ void AddCheck(CommandLine& line) {
     const auto [command, options] = line.Add(
         "check", "Reports what is wrong with a catalogue, in its source or stored form.", Check);
     AddRead(command, *options);
-    command->footer(
+    command.AddFooter(
         "Exit status: 0 without errors (warnings do not count), 1 with errors, 2 when the file"
         " cannot be read.\nExample: velmor check my.source\n");
 }

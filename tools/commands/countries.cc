@@ -27,7 +27,7 @@ void AddCountries(CommandLine& line) {
     const auto [command, options] =
         line.Add("countries", "Lists the countries as a host sees them.", ListCountries);
     AddRead(command, *options);
-    command->footer("Example: velmor countries my.catalogue\n");
+    command.AddFooter("Example: velmor countries my.catalogue\n");
 }
 
 }  // namespace tool

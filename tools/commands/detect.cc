@@ -2,6 +2,7 @@
 // velmor detect: detects the phone on a serial device as a host does.
 #include <unistd.h>
 
+#include <cstdint>
 #include <iostream>
 #include <optional>
 
@@ -92,29 +93,29 @@ void AddDetect(CommandLine& line) {
     const auto [command, options] =
         line.Add("detect", "Detects the phone on a serial device and shows the settings that fit.",
                  RunDetect);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    auto* source = command->add_option_group("phone");
-    AddValue(source, "--device", options->link.device, "PATH", "serial device of the phone");
-    AddValue(source, "--phone", options->profile, "PROFILE",
-             "play this profile instead of a real phone");
-    source->require_option(1);
-    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; default 115200");
-    AddValue(command, "--timeout", options->timeout, "SECONDS",
-             "limit for each AT command; default 10")
-        ->check(CLI::Range(0.01, 3600.0));
-    AddValue(command, "--probe", options->probe, "SECONDS",
+    AddCatalogue(command, options->catalogue);
+    const Subcommand source = command.AddChoice("phone");
+    source.Add("--device", options->link.device, "PATH", "serial device of the phone");
+    source.Add("--phone", options->profile, "PROFILE", "play this profile instead of a real phone");
+    command.Add("--baud", options->link.baud, "N", "speed of the device; default 115200");
+    command.Add("--timeout", options->timeout, "SECONDS", "limit for each AT command; default 10")
+        .Between(0.01, 3600.0);
+    command
+        .Add("--probe", options->probe, "SECONDS",
              "wait so long for any answer before the detection; default 0.9; 0: do not ask")
-        ->check(CLI::Range(0.0, 3600.0));
-    AddValue(command, "--setting", options->setting, "ID",
+        .Between(0.0, 3600.0);
+    command
+        .Add("--setting", options->setting, "ID",
              "for ppp and wvdial: use this setting, not the first one")
-        ->check(CLI::Range(1L, 2147483647L));
-    AddValue(command, "--like", options->like, "ID",
+        .Between(1L, long{INT32_MAX});
+    command
+        .Add("--like", options->like, "ID",
              "dial a phone that is not known like this one of the catalogue")
-        ->check(CLI::Range(1L, 2147483647L));
-    command->add_flag("-v,--verbose", options->verbose,
-                      "show the dialogue even when standard error is not a terminal");
+        .Between(1L, long{INT32_MAX});
+    command.AddFlag("-v,--verbose", options->verbose,
+                    "show the dialogue even when standard error is not a terminal");
     AddFormat(command, options->format);
-    command->footer(
+    command.AddFooter(
         "A phone that is not known is dialled like the one that the catalogue names for this.\n"
         "Exit status 1 when no setting is ready to dial.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n");

@@ -18,15 +18,13 @@ constexpr char kChatScript[] = "/etc/chatscripts/velmor";
 
 }  // namespace
 
-void AddFormat(CLI::App* command, OutputFormat& format) {
-    AddValue(command, "--format", format.name, "FORMAT",
-             "text, json, ppp (pppd and chat) or wvdial")
-        ->check(CLI::IsMember({"text", "json", "ppp", "wvdial"}));
-    command->add_flag_callback(
-        "--json", [&format] { format.name = "json"; }, "the same as --format json");
-    AddValue(command, "-o,--output", format.directory, "DIRECTORY",
-             "with --format ppp: write the files velmor and velmor.chat there");
-    command->add_flag("--force", format.force, "replace existing files");
+void AddFormat(const Subcommand& command, OutputFormat& format) {
+    command.Add("--format", format.name, "FORMAT", "text, json, ppp (pppd and chat) or wvdial")
+        .OneOf({"text", "json", "ppp", "wvdial"});
+    command.AddFlag("--json", format.name, "json", "the same as --format json");
+    command.Add("-o,--output", format.directory, "DIRECTORY",
+                "with --format ppp: write the files velmor and velmor.chat there");
+    command.AddFlag("--force", format.force, "replace existing files");
 }
 
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,

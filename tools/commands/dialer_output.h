@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <CLI/CLI.hpp>
-
+#include "commands/command.h"
 #include "commands/dialer_files.h"
 
 namespace tool {
@@ -15,7 +14,7 @@ struct OutputFormat {
 };
 
 // Adds --format, --json, --output and --force.
-void AddFormat(CLI::App* command, OutputFormat& format);
+void AddFormat(const Subcommand& command, OutputFormat& format);
 
 // Prints or writes the files for pppd or wvdial.
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,

@@ -27,10 +27,10 @@ void Add(CommandLine& line, const char* name, const char* help, const char* from
          std::string (*convert)(const std::string& path), const std::string& example) {
     const auto [command, options] = line.Add(name, help, Convert);
     options->convert = convert;
-    command->add_option(from, options->input, "file to read")->required();
-    AddValue(command, "-o,--output", options->output, to, "file to write")->required();
-    command->add_flag("--force", options->force, "replace an existing file");
-    command->footer(
+    command.Add(from, options->input, "", "file to read").Required();
+    command.Add("-o,--output", options->output, to, "file to write").Required();
+    command.AddFlag("--force", options->force, "replace an existing file");
+    command.AddFooter(
         "Line ends become line feeds. Everything else comes back byte for byte.\n"
         "Example: velmor " +
         example + "\n");

@@ -88,17 +88,19 @@ void AddImport(CommandLine& line) {
     const auto [command, options] = line.Add(
         "import", "Makes a catalogue source from mobile operators' data and a source of phones.",
         Import);
-    AddValue(command, "SERVICEPROVIDERS.XML", options->providers, "",
+    command
+        .Add("SERVICEPROVIDERS.XML", options->providers, "",
              "the operators' data of mobile-broadband-provider-info")
-        ->required();
-    AddValue(command, "--phones", options->phones, "SOURCE",
+        .Required();
+    command
+        .Add("--phones", options->phones, "SOURCE",
              "source with manufacturers, phones, their answers and the recipes")
-        ->required();
-    AddValue(command, "-o,--output", options->output, "SOURCE", "file to write")->required();
-    AddValue(command, "--iso", options->iso, "JSON", "English names of countries, from iso-codes")
-        ->capture_default_str();
-    command->add_flag("--force", options->force, "replace an existing file");
-    command->footer(
+        .Required();
+    command.Add("-o,--output", options->output, "SOURCE", "file to write").Required();
+    command.Add("--iso", options->iso, "JSON", "English names of countries, from iso-codes")
+        .ShowDefault();
+    command.AddFlag("--force", options->force, "replace an existing file");
+    command.AddFooter(
         "Reports what was imported and how often each rule was used.\n"
         "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
 }

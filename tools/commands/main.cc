@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
@@ -19,24 +20,11 @@ constexpr void (*kSubcommands[])(CommandLine&) = {
 };
 
 int Run(int argc, char** argv) {
-    CommandLine line;
-    line.app.name("velmor");
-    line.app.description("Makes, checks and reads Velmor catalogues.");
-    line.app.set_version_flag("--version", VELMOR_TOOL_VERSION " (interface " +
-                                               std::to_string(Velmor_GetVersionLibrary()) + ")");
-    line.app.failure_message([](const CLI::App*, const CLI::Error& error) {
-        return std::string("velmor: ") + error.what() + " (see --help)\n";
-    });
-    line.app.require_subcommand(1);
+    CommandLine line(Concat(VELMOR_TOOL_VERSION " (interface ", Velmor_GetVersionLibrary(), ")"));
     for (const auto add : kSubcommands) {
         add(line);
     }
-    try {
-        line.app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return line.app.exit(error) == 0 ? kExitOk : kExitTrouble;
-    }
-    return line.status;
+    return line.Run({argv + std::min(argc, 1), argv + argc});
 }
 
 }  // namespace

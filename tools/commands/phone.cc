@@ -31,10 +31,10 @@ int Play(const Options& options) {
 void AddPhone(CommandLine& line) {
     const auto [command, options] =
         line.Add("phone", "Plays a simulated phone on a pseudo-terminal.", Play);
-    command->add_option("PROFILE", options->profile, "how the phone answers")->required();
-    command->add_flag("-v,--verbose", options->verbose,
-                      "show the dialogue even when standard error is not a terminal");
-    command->footer(
+    command.Add("PROFILE", options->profile, "", "how the phone answers").Required();
+    command.AddFlag("-v,--verbose", options->verbose,
+                    "show the dialogue even when standard error is not a terminal");
+    command.AddFooter(
         "Prints the path of the device and plays until Control-C or until the phone disconnects.\n"
         "Example: velmor phone data/profiles/nokia-6300.profile\n");
 }

@@ -34,7 +34,7 @@ void AddPhones(CommandLine& line) {
     const auto [command, options] =
         line.Add("phones", "Lists the phones as a host sees them.", ListPhones);
     AddRead(command, *options);
-    command->footer("Example: velmor phones my.catalogue\n");
+    command.AddFooter("Example: velmor phones my.catalogue\n");
 }
 
 }  // namespace tool

@@ -47,17 +47,16 @@ int ShowSetting(const Options& options) {
 void AddSetting(CommandLine& line) {
     const auto [command, options] =
         line.Add("setting", "Shows one dial-up setting for one phone.", ShowSetting);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    AddValue(command, "--phone", options->phone, "ID", "identifier as velmor phones prints it")
-        ->required();
-    AddValue(command, "--setting", options->setting, "ID",
-             "identifier as velmor settings prints it")
-        ->required();
-    AddValue(command, "--device", options->link.device, "PATH",
-             "for ppp and wvdial: serial device of the phone");
-    AddValue(command, "--baud", options->link.baud, "N", "speed of the device; default 115200");
+    AddCatalogue(command, options->catalogue);
+    command.Add("--phone", options->phone, "ID", "identifier as velmor phones prints it")
+        .Required();
+    command.Add("--setting", options->setting, "ID", "identifier as velmor settings prints it")
+        .Required();
+    command.Add("--device", options->link.device, "PATH",
+                "for ppp and wvdial: serial device of the phone");
+    command.Add("--baud", options->link.baud, "N", "speed of the device; default 115200");
     AddFormat(command, options->format);
-    command->footer(
+    command.AddFooter(
         "Exit status 1 when the catalogue does not say how the phone dials.\n"
         "Example: velmor setting my.catalogue --phone 10 --setting 1 --format ppp\n");
 }

@@ -44,8 +44,8 @@ void AddSettings(CommandLine& line) {
     const auto [command, options] = line.Add(
         "settings", "Lists the dial-up settings of a country as a host sees them.", ListSettings);
     AddRead(command, *options);
-    AddValue(command, "--country", options->country, "NAME", "name of the country")->required();
-    command->footer(
+    command.Add("--country", options->country, "NAME", "name of the country").Required();
+    command.AddFooter(
         "Exit status 1 when the country has no settings.\n"
         "Example: velmor settings my.catalogue --country Norland\n");
 }

@@ -106,13 +106,12 @@ int Show(const Options& options) {
 void AddShow(CommandLine& line) {
     const auto [command, options] =
         line.Add("show", "Shows the tables of a catalogue, or the rows of one.", Show);
-    command->add_option("CATALOGUE", options->catalogue, "file to read")->required();
-    CLI::Option* table = command->add_option("TABLE", options->table, "table to show");
-    AddValue(command, "--where", options->where, "COLUMN=VALUE",
-             "only the rows that hold this value")
-        ->needs(table);
-    command->add_flag("--json", options->json, "print JSON");
-    command->footer(
+    AddCatalogue(command, options->catalogue);
+    const Argument table = command.Add("TABLE", options->table, "", "table to show");
+    command.Add("--where", options->where, "COLUMN=VALUE", "only the rows that hold this value")
+        .Needs(table);
+    command.AddFlag("--json", options->json, "print JSON");
+    command.AddFooter(
         "Exit status 1 when --where finds no row.\n"
         "Example: velmor show my.catalogue Phones --where ManufacturerID=1\n");
 }
