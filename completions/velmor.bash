@@ -5,29 +5,50 @@ _velmor() {
     local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local -A options=(
         [check]="--json"
-        [countries]="--json"
+        [countries]="--columns --json"
         [decode]="--output --force"
         [detect]="--device --phone --baud --timeout --probe --setting --like --verbose --format --json --output --force"
         [encode]="--output --force"
-        [import]="--phones --output --iso --force"
+        [import]="--android --phones --previous --output --iso --force"
         [phone]="--verbose"
-        [phones]="--json"
+        [phones]="--columns --json"
         [setting]="--phone --setting --device --baud --format --json --output --force"
-        [settings]="--json --country"
-        [show]="--json --where"
+        [settings]="--columns --json --country"
+        [show]="--columns --json --where"
     )
-    local choices=""
+    local choices="" arguments=() i
     COMPREPLY=()
+    # bash takes the = of --format=json for a word.
+    if [ "$word" = = ]; then
+        word=
+    elif [ "$previous" = = ]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    # The arguments before this word, without options and their values.
+    for ((i = 2; i < COMP_CWORD; ++i)); do
+        case ${COMP_WORDS[i]} in
+            --where | --columns)
+                [ "${COMP_WORDS[i + 1]}" = = ] && ((++i))
+                ((++i))
+                # COLUMN=VALUE has three words.
+                [ "${COMP_WORDS[i + 1]-}" = = ] && ((i += 2))
+                ;;
+            -*) ;;
+            *) arguments+=("${COMP_WORDS[i]}") ;;
+        esac
+    done
     if [ "$COMP_CWORD" -eq 1 ]; then
         choices="${!options[*]} --help --version"
     elif [ "$previous" = --format ]; then
         choices="text json ppp wvdial"
-    elif [ "$previous" = --country ] || [ "$previous" = --where ]; then
+    elif [ "$previous" = --contract ]; then
+        choices="prepaid postpaid"
+    elif [[ $previous == --@(country|where|search|columns) ]]; then
         return
     elif [[ $word == -* ]]; then
         choices="${options[${COMP_WORDS[1]}]-} --help"
-    elif [ "${COMP_WORDS[1]}" = show ] && [ "$COMP_CWORD" -eq 3 ]; then
-        choices=$(velmor show "${COMP_WORDS[2]}" 2>/dev/null | awk 'NR > 1 { print $1 }')
+    elif [ "${COMP_WORDS[1]}" = show ] && [ "${#arguments[@]}" -eq 1 ]; then
+        choices=$(velmor show "${arguments[0]}" 2>/dev/null | awk 'NR > 1 { print $1 }')
     else
         mapfile -t COMPREPLY < <(compgen -f -- "$word")
         return

@@ -159,4 +159,30 @@ TEST(Check, EveryFindingAlone) {
     EXPECT_EQ(ids, Matches(page, "\n([a-z-]+)\t(?:error|warning|either)\t"));
 }
 
+// The findings of one line come in the order of the manual page, whatever finds them first.
+TEST(Check, CauseComesFirst) {
+    const std::string page = ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1");
+    const struct {
+        std::string row;
+        std::string findings;
+    } rows[] = {
+        {"Ex#1#\\#", "text-before-record text-after-record row-width"},
+        {"E#x#a#9#", "bad-identifier dangling-key"},
+        {"E#010#a#9#\\#", "text-after-record bad-identifier dangling-key"},
+    };
+    for (const auto& [row, expected] : rows) {
+        const Findings findings =
+            CheckCatalogue(SampleSource().Replace("E#20#Swift", row + "\nE#20#Swift").text());
+        std::string ids;
+        std::size_t last = 0;
+        for (const Finding& finding : findings) {
+            ids += (ids.empty() ? "" : " ") + finding.id;
+            const std::size_t place = page.find("\n" + finding.id + "\t");
+            EXPECT_LT(last, place) << row;
+            last = place;
+        }
+        EXPECT_EQ(ids, expected);
+    }
+}
+
 }  // namespace

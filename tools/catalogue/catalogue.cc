@@ -92,7 +92,7 @@ class TableBuilder {
                      " columns; the library drops the row: write one value for each column, end"
                      " each with a separator, and put a backslash before a separator in a value");
         } else {
-            table_.rows.push_back({record.line, record.fields});
+            table_.rows.push_back({record.line, record.fields, record.text});
         }
     }
 

@@ -9,10 +9,17 @@ namespace tool {
 // dialled. It is for hosts: the library does not read it.
 constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
 
-// A row of a table: its line in the file, and a cell for each column.
+// The column of BasicDUNSettings with the network numbers (MCC and MNC, five or six digits) of the
+// subscribers that a setting serves: ascending, separated by single blanks, empty when not known.
+// It is for hosts: the library does not read it.
+constexpr char kNumbers[] = "Numbers";
+
+// A row of a table: the number of its line in the file, a cell for each column, and the line as a
+// source has it.
 struct CatalogueRow {
     int line = 0;
     std::vector<std::string> cells;
+    std::string text;
 
     // The cell at an index from CatalogueTable::Column; empty for a missing column.
     std::string Cell(int column) const {

@@ -75,7 +75,10 @@ class LineReader {
     void ReadText(const std::string& text, bool hidden) {
         vel::Record record;
         if (vel::SplitRecord(ToLibrary(text), vel::kSeparator, record)) {
-            records.push_back({here_.line, FromLibrary(record)});
+            records.push_back({here_.line, FromLibrary(record), text});
+            if (hidden) {
+                records.back().text[0] = vel::kHiddenLine;  // deciphering leaves the D
+            }
             if (record.get_Count() > 0) {
                 CheckEnds(text, hidden, record.get_Count());
             }

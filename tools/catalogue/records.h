@@ -5,10 +5,11 @@
 
 namespace tool {
 
-// A record of a catalogue: the number of its line and the fields.
+// A record of a catalogue: the number of its line, the fields, and the line as a source has it.
 struct CatalogueRecord {
     int line = 0;
     std::vector<std::string> fields;
+    std::string text;
 };
 
 // Reads the records of a catalogue in any form. Adds the findings about single lines.

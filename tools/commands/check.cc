@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "commands/command.h"
+#include "support/display.h"
 #include "support/input_file.h"
 #include "support/print.h"
 
@@ -19,11 +20,12 @@ const char* Name(Severity severity) {
 void PrintText(const std::string& path, const Findings& findings, long errors) {
     for (const Finding& finding : findings) {
         const auto& [table, line] = finding.place;
-        std::cout << path << (line > 0 ? Concat(":", line) : "") << ": " << Name(finding.severity)
-                  << ": " << (table.empty() ? "" : table + ": ") << finding.message << " ["
-                  << finding.id << "]\n";
+        std::cout << Visible(Concat(path, line > 0 ? Concat(":", line) : "", ": ",
+                                    Name(finding.severity), ": ", table.empty() ? "" : table + ": ",
+                                    finding.message, " [", finding.id, "]"))
+                  << "\n";
     }
-    std::cout << path << ": " << errors << " error(s), "
+    std::cout << Visible(path) << ": " << errors << " error(s), "
               << static_cast<long>(findings.size()) - errors << " warning(s)\n";
 }
 

@@ -17,7 +17,7 @@ int ListCountries(const ReadOptions& options) {
                         {"settings", Velmor_GetCountryNrOfBasicDUNSettings(0, i)},
                         {"name", CountryName(i)}});
     }
-    PrintList(list, options.json);
+    PrintList(list, options.columns, options.json);
     return kExitOk;
 }
 
@@ -27,6 +27,7 @@ void AddCountries(CommandLine& line) {
     const auto [command, options] =
         line.Add("countries", "Lists the countries as a host sees them.", ListCountries);
     AddRead(command, *options);
+    AddColumns(command, *options);
     command.AddFooter("Example: velmor countries my.catalogue\n");
 }
 

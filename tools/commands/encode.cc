@@ -16,6 +16,7 @@ struct Options {
 };
 
 int Convert(const Options& options) {
+    RequireOther(options.output, {options.input});
     const std::string bytes = options.convert(options.input);
     OutputFile output(options.output, options.force);
     output.Write(bytes);

@@ -6,9 +6,11 @@
 #include <set>
 
 #include "commands/command.h"
+#include "import/android.h"
 #include "import/country_names.h"
 #include "import/source.h"
 #include "session/schema.h"
+#include "support/display.h"
 #include "support/error.h"
 #include "support/output_file.h"
 
@@ -21,7 +23,9 @@ namespace {
 // The arguments.
 struct Options {
     std::string providers;
+    std::string android;
     std::string phones;
+    std::string previous;
     std::string output;
     std::string iso = "/usr/share/iso-codes/json/iso_3166-1.json";
     bool force = false;
@@ -34,7 +38,8 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     try {
         names = ReadCountryNames(iso);
     } catch (const ToolError& error) {
-        std::cerr << "velmor: " << error.what() << "; countries keep their names in the data\n";
+        std::cerr << "velmor: " << Visible(error.what())
+                  << "; countries keep their names in the data\n";
     }
     for (Country& country : countries) {
         const auto found = names.find(country.code);
@@ -49,7 +54,7 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     }
 }
 
-vel::Recipe ReadNetworkRecipe(const PhonesSource& source) {
+vel::Recipe ReadNetworkRecipe(const InputCatalogue& source) {
     const CatalogueTable& table = source.Get(schema::kNetworkRecipe);
     source.Column(table, schema::kVariable);
     source.Column(table, schema::kValue);
@@ -60,23 +65,43 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
                                  ImportReport& report) {
     std::set<std::string> served;
     for (const Network& network : networks.networks) {
-        for (const AccessPoint* point : network.offers) {
-            served.insert(point->country);
+        for (const Offer& offer : network.offers) {
+            served.insert(offer.point->country);
         }
     }
     report.countriesWithoutAccess += providers.countries.size() - served.size();
 }
 
 int Import(const Options& options) {
+    if (options.providers.empty() && options.android.empty()) {
+        throw ToolError(
+            "no operators' data: name a SERVICEPROVIDERS.XML, or a list with --android");
+    }
+    RequireOther(options.output, {options.providers, options.phones, options.iso, options.android,
+                                  options.previous});
     OutputFile output(options.output, options.force);  // before the work: it may refuse
     ImportReport report;
-    const PhonesSource phones(options.phones);
+    const InputCatalogue phones(options.phones);
     const vel::Recipe recipe = ReadNetworkRecipe(phones);
-    Providers providers = ReadProviders(options.providers, report);
+    Providers providers;
+    if (!options.providers.empty()) {
+        providers = ReadProviders(options.providers, report);
+    }
+    if (!options.previous.empty()) {
+        report.Show(ImportReport::Part::kPrevious);
+    }
+    if (!options.android.empty()) {
+        report.Show(ImportReport::Part::kAndroid);
+        AddAndroidList(options.android, providers, report);
+    }
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);
     CountCountriesWithoutAccess(providers, networks, report);
-    output.Write(WriteImport(options.output, phones, providers, networks, report));
+    const Identifiers identifiers = options.previous.empty()
+                                        ? CountIdentifiers(phones, providers, networks)
+                                        : KeepIdentifiers(InputCatalogue(options.previous), phones,
+                                                          providers, networks, report);
+    output.Write(WriteImport(options.output, phones, providers, networks, identifiers, report));
     output.Commit();
     report.Print(std::cout);
     return kExitOk;
@@ -88,14 +113,17 @@ void AddImport(CommandLine& line) {
     const auto [command, options] = line.Add(
         "import", "Makes a catalogue source from mobile operators' data and a source of phones.",
         Import);
-    command
-        .Add("SERVICEPROVIDERS.XML", options->providers, "",
-             "the operators' data of mobile-broadband-provider-info")
-        .Required();
+    command.Add("SERVICEPROVIDERS.XML", options->providers, "",
+                "the operators' data of mobile-broadband-provider-info");
+    command.Add(
+        "--android", options->android, "PATH",
+        "Android's list of access points, or a folder of lists, for numbers without an operator");
     command
         .Add("--phones", options->phones, "SOURCE",
              "source with manufacturers, phones, their answers and the recipes")
         .Required();
+    command.Add("--previous", options->previous, "CATALOGUE",
+                "the catalogue to renew: what is still there keeps its identifiers");
     command.Add("-o,--output", options->output, "SOURCE", "file to write").Required();
     command.Add("--iso", options->iso, "JSON", "English names of countries, from iso-codes")
         .ShowDefault();

@@ -3,10 +3,14 @@
 #include <csignal>
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "commands/command.h"
 #include "session/trace.h"
+#include "support/display.h"
 #include "support/error.h"
+#include "support/interruption.h"
+#include "support/leftover.h"
 #include "velmor.h"
 
 const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;
@@ -33,14 +37,22 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
     // A write beyond the limit of a file's size then fails like any other write.
     std::signal(SIGXFSZ, SIG_IGN);
+    tool::RemoveLeftoversOnSignals();
     try {
         const int status = tool::Run(argc, argv);
         if (!std::cout.flush()) {
             throw tool::ToolError("standard output: cannot be written");
         }
         return status;
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "velmor: %s\n", error.what());
+    } catch (const std::bad_alloc&) {
+        std::fputs(
+            "velmor: not enough memory for this input; free some, or raise the limit (ulimit -v)\n",
+            stderr);
         return tool::kExitTrouble;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "velmor: %s\n", tool::Visible(error.what()).c_str());
+        // As shells report a signal.
+        const int signal = tool::Interruption::Signal();
+        return signal == 0 ? static_cast<int>(tool::kExitTrouble) : 128 + signal;
     }
 }

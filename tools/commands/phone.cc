@@ -6,6 +6,7 @@
 
 #include "commands/command.h"
 #include "device/player.h"
+#include "support/input_file.h"
 #include "support/interruption.h"
 
 namespace tool {
@@ -19,7 +20,7 @@ struct Options {
 
 int Play(const Options& options) {
     const Interruption interruption;
-    PhonePlayer player(ReadProfile(options.profile),
+    PhonePlayer player(ParseProfile(ReadInput(options.profile), options.profile),
                        !options.verbose && isatty(STDERR_FILENO) == 0);
     std::cout << player.device() << std::endl;  // flushed: programs wait for this line
     player.Play();

@@ -4,6 +4,7 @@
 
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
+#include "support/display.h"
 #include "support/print.h"
 #include "support/private_copy.h"
 #include "velmor.h"
@@ -18,13 +19,13 @@ int ListPhones(const ReadOptions& options) {
         long id = 0;
         char description[1024];
         if (Velmor_GetPhoneByIndex(0, i, &id, description, sizeof description) != 0) {
-            std::cerr << "velmor: " << options.catalogue << ": phone " << i
+            std::cerr << "velmor: " << Visible(options.catalogue) << ": phone " << i
                       << " has no manufacturer; a host cannot list it\n";
             continue;
         }
         list.push_back({{"id", id}, {"phone", HostText(description)}});
     }
-    PrintList(list, options.json);
+    PrintList(list, options.columns, options.json);
     return kExitOk;
 }
 
@@ -34,6 +35,7 @@ void AddPhones(CommandLine& line) {
     const auto [command, options] =
         line.Add("phones", "Lists the phones as a host sees them.", ListPhones);
     AddRead(command, *options);
+    AddColumns(command, *options);
     command.AddFooter("Example: velmor phones my.catalogue\n");
 }
 

@@ -2,6 +2,7 @@
 // velmor settings: lists the settings of a country that a host offers to its user.
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
+#include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
 #include "support/private_copy.h"
@@ -18,9 +19,11 @@ struct Options : ReadOptions {
 int ListSettings(const Options& options) {
     const PrivateSession session(options.catalogue);
     Json list = Json::array();
+    std::vector<std::string> names;
     bool found = false;
     for (long country = 0; country < Velmor_GetNrCountries(0); ++country) {
-        if (CountryName(country) != options.country) {
+        names.push_back(CountryName(country));
+        if (names.back() != options.country) {
             continue;
         }
         found = true;
@@ -32,9 +35,10 @@ int ListSettings(const Options& options) {
         }
     }
     if (!found) {
-        throw ToolError(options.catalogue, ": has no country ", options.country);
+        throw ToolError(options.catalogue, ": has no country ", options.country,
+                        Suggestion(options.country, names), "; velmor countries lists them");
     }
-    PrintList(list, options.json);
+    PrintList(list, options.columns, options.json);
     return list.empty() ? kExitFindings : kExitOk;
 }
 
@@ -44,6 +48,7 @@ void AddSettings(CommandLine& line) {
     const auto [command, options] = line.Add(
         "settings", "Lists the dial-up settings of a country as a host sees them.", ListSettings);
     AddRead(command, *options);
+    AddColumns(command, *options);
     command.Add("--country", options->country, "NAME", "name of the country").Required();
     command.AddFooter(
         "Exit status 1 when the country has no settings.\n"

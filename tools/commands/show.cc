@@ -4,6 +4,7 @@
 #include "session/rows.h"
 #include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
+#include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
 #include "support/private_copy.h"
@@ -25,6 +26,22 @@ vel::Pointer<vel::IDatabase> Load(const std::string& path) {
         throw ToolError(path, ": holds no database; velmor check says why");
     }
     return database;
+}
+
+std::vector<std::string> TableNames(const vel::IDatabase& database) {
+    vel::Pointer<vel::ICollection<vel::ITable*>> tables;
+    database.get_Tables(*&tables);
+    int count = 0;
+    tables->get_Count(count);
+    std::vector<std::string> names;
+    for (int i = 0; i < count; ++i) {
+        vel::Pointer<vel::ITable> table;
+        tables->get_Item(i, *&table);
+        vel::String name;
+        table->get_Name(name);
+        names.push_back(FromLibrary(name));
+    }
+    return names;
 }
 
 void ShowTables(const vel::IDatabase& database, bool json) {
@@ -62,14 +79,22 @@ Velmor::Rows Select(const Velmor::Table& table, const Options& options) {
     int index = -1;
     table->get_ColumnIndex(ToLibrary(column), index);
     if (index < 0) {
-        throw ToolError(options.catalogue, ": ", options.table, " has no column ", column);
+        throw ToolError(options.catalogue, ": ", options.table, " has no column ", column,
+                        Suggestion(column, ColumnNames(*table)));
     }
     return vel::FindRows(table, {{column.c_str(), ToLibrary(options.where.substr(equals + 1))}});
 }
 
 int ShowRows(const Velmor::Table& table, const Options& options) {
     const Velmor::Rows rows = Select(table, options);
-    const TextRow names = ColumnNames(*table);
+    TextRow names = ColumnNames(*table);
+    if (!options.columns.empty()) {
+        const TextRow chosen = SplitColumns(options.columns);
+        for (const std::string& name : chosen) {
+            RequireColumn(name, names);
+        }
+        names = chosen;
+    }
     std::vector<TextRow> lines{names};
     Json list = Json::array();
     for (int r = 0; r < vel::CountOf(rows); ++r) {
@@ -96,7 +121,9 @@ int Show(const Options& options) {
     Velmor::Table table;
     database->get_Table(ToLibrary(options.table), *&table);
     if (!table) {
-        throw ToolError(options.catalogue, ": has no table ", options.table);
+        throw ToolError(options.catalogue, ": has no table ", options.table,
+                        Suggestion(options.table, TableNames(*database)),
+                        "; velmor show without a table lists them");
     }
     return ShowRows(table, options);
 }
@@ -110,6 +137,7 @@ void AddShow(CommandLine& line) {
     const Argument table = command.Add("TABLE", options->table, "", "table to show");
     command.Add("--where", options->where, "COLUMN=VALUE", "only the rows that hold this value")
         .Needs(table);
+    AddColumns(command, *options).Needs(table);
     command.AddFlag("--json", options->json, "print JSON");
     command.AddFooter(
         "Exit status 1 when --where finds no row.\n"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/country_names.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "support/error.h"
@@ -17,8 +18,14 @@ std::map<std::string, std::string> ReadCountryNames(const std::string& path) {
             const std::string name = country.at("name");
             names[InSmallLetters(country.at("alpha_2"))] = country.value("common_name", name);
         }
-    } catch (const nlohmann::json::exception& error) {
-        throw ToolError(path, ": is not a list of countries: ", error.what());
+    } catch (const nlohmann::json::parse_error& error) {
+        const std::size_t end = std::min(error.byte, bytes.size());
+        throw ToolError(path, ":", 1 + std::count(&bytes[0], &bytes[end], '\n'),
+                        ": is no JSON; --iso takes iso_3166-1.json of the package iso-codes");
+    } catch (const nlohmann::json::exception&) {
+        throw ToolError(path,
+                        ": is no list of countries; --iso takes iso_3166-1.json of the package"
+                        " iso-codes");
     }
     return names;
 }

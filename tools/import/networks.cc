@@ -13,28 +13,48 @@ namespace {
 
 // An operator that holds a key.
 struct Holder {
-    std::size_t index;  // of the operator
-    bool wholeNumber;   // whether one of its numbers equals the key
+    std::size_t index;                 // of the operator
+    std::vector<std::string> numbers;  // those with the key, at least one
+
+    // Whether one of them has no more digits than the key.
+    bool HasKeyAsNumber() const {
+        return std::any_of(numbers.begin(), numbers.end(), [](const std::string& number) {
+            return number.size() == vel::kImsiDigits;
+        });
+    }
+};
+
+// Orders pointers by what they point to.
+struct ByValue {
+    bool operator()(const AccessPoint* a, const AccessPoint* b) const { return *a < *b; }
 };
 
 // Collects the networks and keys.
 class NetworkPlan {
   public:
     NetworkPlan(const Providers& providers, const vel::Recipe& recipe, ImportReport& report)
-        : operators_(providers.operators), recipe_(recipe), report_(report) {}
+        : providers_(providers),
+          operators_(providers.operators),
+          recipe_(recipe),
+          report_(report) {}
 
     void AddNumberKeys() {
         for (const auto& [key, holders] : HoldersOfKeys()) {
-            // Sorting puts the primary operator first, then those with just this number.
-            std::vector<std::tuple<bool, bool, std::size_t>> ranks;
+            // Sorting puts the primary operator first, then those with just this number. Resellers
+            // with a longer number come last: most subscribers are not theirs.
+            std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks;
+            bool onlyResellers = true;
             for (const Holder& holder : holders) {
-                if (operators_[holder.index].Imported()) {
-                    ranks.emplace_back(!operators_[holder.index].primary, !holder.wholeNumber,
-                                       holder.index);
+                const Operator& owner = operators_[holder.index];
+                if (owner.Imported()) {
+                    const bool same = holder.HasKeyAsNumber();
+                    const bool resold = owner.reseller && !same;
+                    ranks.emplace_back(!owner.primary, !same, resold, holder.index);
+                    onlyResellers = onlyResellers && resold;
                 }
             }
-            if (ranks.empty()) {
-                ++report_.numberKeysWithoutAccess;
+            if (ranks.empty() || onlyResellers) {
+                ++(ranks.empty() ? report_.numberKeysWithoutAccess : report_.numberKeysOfResellers);
                 continue;
             }
             std::sort(ranks.begin(), ranks.end());
@@ -45,41 +65,57 @@ class NetworkPlan {
             }
             ++report_.numberKeys;
             report_.numberKeysShared += owners.size() > 1 ? 1 : 0;
-            AddKey(key, NetworkOf(owners));
+            const std::size_t network = NetworkOf(owners);
+            AddKey(key, network);
+            AddNumbers(holders, network);
+        }
+    }
+
+    // A phone in the numeric form of AT+COPS? names the whole number. Those of five digits are
+    // keys.
+    void AddWholeNumberKeys() {
+        for (const auto& [number, network] : networkOfNumber_) {
+            const std::string key = MakeKey(recipe_, number);
+            if (!key.empty() && texts_.count(key) == 0) {
+                ++report_.wholeNumberKeys;
+                AddKey(key, network);
+            }
         }
     }
 
     // A name becomes a key only when all operators with this name are in one network and in no
     // other. An operator that was left out is in no network, but the name may mean it.
     void AddNameKeys() {
-        std::map<std::string, std::vector<std::size_t>> names;
-        for (std::size_t i = 0; i < operators_.size(); ++i) {
-            names[MakeKey(recipe_, operators_[i].name)].push_back(i);
-        }
-        for (const auto& [name, bearers] : names) {
-            const auto imported = [this](std::size_t i) { return operators_[i].Imported(); };
-            if (std::none_of(bearers.begin(), bearers.end(), imported)) {
+        for (const auto& [name, bearers] : BearersOfNames()) {
+            if (!bearers.offers) {
                 continue;
-            }
-            std::set<std::size_t> networks;
-            for (const std::size_t bearer : bearers) {
-                networks.insert(networksOf_[bearer].begin(), networksOf_[bearer].end());
             }
             if (name.empty()) {
                 ++report_.namesEmpty;
-            } else if (networks.size() > 1 || texts_.count(name) > 0 ||
-                       !std::all_of(bearers.begin(), bearers.end(), imported)) {
+            } else if (bearers.networks.size() > 1 || bearers.others || texts_.count(name) > 0) {
                 ++report_.namesShared;
             } else {
                 ++report_.nameKeys;
-                AddKey(name, *networks.begin());
+                AddKey(name, *bearers.networks.begin());
             }
         }
     }
 
-    Networks Take() { return std::move(result_); }
+    // The result points into the providers.
+    Networks Take() {
+        AddOffers();
+        return std::move(result_);
+    }
 
   private:
+    // The operators with a name.
+    struct NameBearers {
+        std::set<std::size_t> networks;
+        bool offers = false;  // whether one of them is in a network, under a name that can be a key
+        bool ofOperator = false;  // whether an operator of the data itself has it
+        bool others = false;      // whether one of them is in no network
+    };
+
     // All operators with a number, in the order of the data. Those that are left out show which
     // keys have no access point.
     std::map<std::string, std::vector<Holder>> HoldersOfKeys() {
@@ -88,11 +124,11 @@ class NetworkPlan {
         for (std::size_t i = 0; i < operators_.size(); ++i) {
             for (const std::string& number : operators_[i].numbers) {
                 numbers.insert(number);
-                auto& holders = keys[MakeKey(recipe_, number.substr(0, vel::kImsiDigits))];
+                auto& holders = keys[KeyOf(number)];
                 if (holders.empty() || holders.back().index != i) {
-                    holders.push_back({i, false});
+                    holders.push_back({i, {}});
                 }
-                holders.back().wholeNumber |= number.size() == vel::kImsiDigits;
+                holders.back().numbers.push_back(number);
             }
         }
         keys.erase("");  // the recipe may remove digits
@@ -100,33 +136,79 @@ class NetworkPlan {
         return keys;
     }
 
+    std::map<std::string, NameBearers> BearersOfNames() {
+        std::map<std::string, NameBearers> names;
+        for (std::size_t i = 0; i < operators_.size(); ++i) {
+            if (operators_[i].namedByBearers) {
+                continue;
+            }
+            NameBearers& bearers = names[MakeKey(recipe_, operators_[i].name)];
+            bearers.ofOperator = true;
+            const std::set<std::size_t>& networks = networksOf_[i];
+            bearers.networks.insert(networks.begin(), networks.end());
+            (networks.empty() ? bearers.others : bearers.offers) = true;
+        }
+        for (const Bearer& bearer : providers_.bearers) {
+            NameBearers& bearers = names[MakeKey(recipe_, bearer.name)];
+            if (bearers.ofOperator && !bearer.isWhole) {
+                continue;  // the operator's own name counts more than a part of another
+            }
+            const auto network = networkOfNumber_.find(bearer.number);
+            if (network == networkOfNumber_.end()) {
+                bearers.others = true;
+            } else {
+                bearers.networks.insert(network->second);
+                bearers.offers |= bearer.isKey;
+            }
+        }
+        return names;
+    }
+
+    std::string KeyOf(const std::string& number) const {
+        return MakeKey(recipe_, number.substr(0, vel::kImsiDigits));
+    }
+
     std::size_t NetworkOf(const std::vector<std::size_t>& owners) {
         const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
         if (isNew) {
             ++report_.networks;
-            result_.networks.push_back(Describe(owners));
-        }
-        for (const std::size_t owner : owners) {
-            networksOf_[owner].insert(entry->second);
+            result_.networks.emplace_back();
+            numbers_.emplace_back();
+            owners_.push_back(&entry->first);
         }
         return entry->second;
     }
 
-    Network Describe(const std::vector<std::size_t>& owners) {
-        Network network;
-        for (const std::size_t owner : owners) {
-            network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
-            for (const AccessPoint& point : operators_[owner].accessPoints) {
-                const bool repeated =
-                    std::any_of(network.offers.begin(), network.offers.end(),
-                                [&](const AccessPoint* other) { return *other == point; });
-                ++(repeated ? report_.settingsRepeated : report_.settings);
-                if (!repeated) {
-                    network.offers.push_back(&point);
+    // Notes the whole numbers of a key's holders.
+    void AddNumbers(const std::vector<Holder>& holders, std::size_t network) {
+        for (const Holder& holder : holders) {
+            if (operators_[holder.index].Imported()) {
+                networksOf_[holder.index].insert(network);
+                for (const std::string& number : holder.numbers) {
+                    numbers_[network][holder.index].insert(number);
+                    networkOfNumber_.emplace(number, network);
                 }
             }
         }
-        return network;
+    }
+
+    void AddOffers() {
+        for (std::size_t i = 0; i < result_.networks.size(); ++i) {
+            Network& network = result_.networks[i];
+            std::map<const AccessPoint*, std::size_t, ByValue> known;  // to its place
+            for (const std::size_t owner : *owners_[i]) {
+                network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
+                const std::set<std::string>& numbers = numbers_[i][owner];
+                for (const AccessPoint& point : operators_[owner].accessPoints) {
+                    const auto [entry, isNew] = known.emplace(&point, network.offers.size());
+                    ++(isNew ? report_.settings : report_.settingsRepeated);
+                    if (isNew) {
+                        network.offers.push_back({&point, {}});
+                    }
+                    network.offers[entry->second].numbers.insert(numbers.begin(), numbers.end());
+                }
+            }
+        }
     }
 
     void AddKey(const std::string& text, std::size_t network) {
@@ -134,11 +216,15 @@ class NetworkPlan {
         result_.keys.push_back({text, network});
     }
 
+    const Providers& providers_;
     const std::vector<Operator>& operators_;
     const vel::Recipe& recipe_;
     ImportReport& report_;
     Networks result_;
-    std::map<std::vector<std::size_t>, std::size_t> known_;    // operators to their network
+    std::map<std::vector<std::size_t>, std::size_t> known_;  // operators to their network
+    std::vector<const std::vector<std::size_t>*> owners_;    // of each network, in known_
+    std::vector<std::map<std::size_t, std::set<std::string>>> numbers_;  // the same, by operator
+    std::map<std::string, std::size_t> networkOfNumber_;
     std::map<std::size_t, std::set<std::size_t>> networksOf_;  // operator to its networks
     std::set<std::string> texts_;                              // of all keys
 };
@@ -149,6 +235,7 @@ Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
                         ImportReport& report) {
     NetworkPlan plan(providers, recipe, report);
     plan.AddNumberKeys();
+    plan.AddWholeNumberKeys();
     plan.AddNameKeys();
     return plan.Take();
 }

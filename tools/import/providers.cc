@@ -1,43 +1,57 @@
 // SPDX-License-Identifier: MIT
 #include "import/providers.h"
 
-#include <algorithm>
-#include <pugixml.hpp>
+#include <map>
 
-#include "support/error.h"
-#include "support/input_file.h"
+#include "import/values.h"
+#include "import/xml_file.h"
 #include "support/progress.h"
 #include "support/texts.h"
-#include "velmor.h"
 
 namespace tool {
 namespace {
 
-constexpr char kWhiteSpace[] = " \t\r\n";
-
 // Reads the XML elements and counts the decisions.
 class ProvidersReader {
   public:
-    explicit ProvidersReader(ImportReport& report) : report_(report) {}
+    explicit ProvidersReader(ImportReport& report) : report_(report), values_(report) {}
 
     void ReadCountry(const pugi::xml_node& node) {
-        ++report_.countries;
-        providers_.countries.push_back({Clean(node.attribute("code").value()), Name(node)});
+        const std::string code = InSmallLetters(Clean(node.attribute("code").value()));
+        const std::string name = Name(node);
+        const auto [known, isNew] = countries_.emplace(code, providers_.countries.size());
+        if (isNew) {
+            ++report_.countries;
+            providers_.countries.push_back({code, name});
+        } else {
+            ++report_.countriesRepeated;
+            std::string& first = providers_.countries[known->second].name;
+            first = first.empty() ? name : first;
+        }
+        report_.emergencyNumbers += Count(node, "emergency-numbers");
+        report_.cellBroadcasts += Count(node, "cbs");
         for (const pugi::xml_node& provider : node.children("provider")) {
-            ReadOperator(provider);
+            ReadOperator(provider, code);
         }
     }
 
     Providers Take() { return std::move(providers_); }
 
   private:
-    void ReadOperator(const pugi::xml_node& node) {
+    static std::size_t Count(const pugi::xml_node& node, const char* name) {
+        const auto children = node.children(name);
+        return static_cast<std::size_t>(std::distance(children.begin(), children.end()));
+    }
+
+    void ReadOperator(const pugi::xml_node& node, const std::string& country) {
         Operator result;
         result.name = Name(node);
         result.primary = node.attribute("primary").as_bool();
         const pugi::xml_node gsm = node.child("gsm");
+        result.reseller = !gsm.child("gid1").empty();
+        report_.operatorsResold += result.reseller ? 1 : 0;
         ReadNumbers(gsm, result);
-        ReadAccessPoints(gsm, result);
+        ReadAccessPoints(gsm, country, result);
         if (!gsm) {
             ++report_.operatorsCdma;
         } else if (result.numbers.empty()) {
@@ -67,15 +81,15 @@ class ProvidersReader {
         }
     }
 
-    void ReadAccessPoints(const pugi::xml_node& gsm, Operator& result) {
-        std::vector<AccessPoint>& known = result.accessPoints;
+    void ReadAccessPoints(const pugi::xml_node& gsm, const std::string& country, Operator& result) {
+        std::set<AccessPoint> known;
         for (const pugi::xml_node& apn : gsm.children("apn")) {
             if (!IsForInternet(apn)) {
                 continue;
             }
-            AccessPoint point = ReadAccessPoint(apn, result.name);
-            if (std::find(known.begin(), known.end(), point) == known.end()) {
-                known.push_back(std::move(point));
+            AccessPoint point = ReadAccessPoint(apn, country, result.name);
+            if (known.insert(point).second) {
+                result.accessPoints.push_back(std::move(point));
             } else {
                 ++report_.accessRepeated;
             }
@@ -100,15 +114,17 @@ class ProvidersReader {
         return false;
     }
 
-    AccessPoint ReadAccessPoint(const pugi::xml_node& apn, const std::string& operatorName) {
+    AccessPoint ReadAccessPoint(const pugi::xml_node& apn, const std::string& country,
+                                const std::string& operatorName) {
         AccessPoint point;
-        point.country = providers_.countries.back().code;
+        point.country = country;
         const std::string name = Name(apn);
         point.displayName = operatorName + (name.empty() ? "" : ": ") + name;
         point.apn = Clean(apn.attribute("value").value());
         point.user = Clean(apn.child_value("username"));
         point.password = Clean(apn.child_value("password"));
-        point.gateway = Clean(apn.child_value("gateway"));
+        point.gateway = values_.Address(Clean(apn.child_value("gateway")));
+        report_.authentications += Count(apn, "authentication");
         std::vector<std::string> servers;
         for (const pugi::xml_node& server : apn.children("dns")) {
             servers.push_back(Clean(server.child_value()));
@@ -122,26 +138,8 @@ class ProvidersReader {
                 point.contract += (point.contract.empty() ? "" : "+") + std::string(plan);
             }
         }
-        CheckLengths(point, operatorName);
+        values_.CheckLengths(point, operatorName);
         return point;
-    }
-
-    void CheckLengths(const AccessPoint& point, const std::string& operatorName) {
-        const std::pair<const char*, const std::string&> texts[] = {
-            {"display name", point.displayName},
-            {"access point name", point.apn},
-            {"user", point.user},
-            {"password", point.password},
-            {"gateway", point.gateway},
-            {"name server", point.dns1},
-            {"name server", point.dns2}};
-        for (const auto& [what, text] : texts) {
-            if (text.size() >= VELMOR_TEXT_SIZE) {
-                ++report_.tooLong;
-                report_.remarks.push_back(
-                    Concat(operatorName, ": ", what, " of ", text.size(), " bytes"));
-            }
-        }
     }
 
     // The name without a language mark, else the first name.
@@ -154,46 +152,19 @@ class ProvidersReader {
         return Clean(node.child_value("name"));
     }
 
-    // The value without outer blanks; control characters become blanks.
-    std::string Clean(const char* value) {
-        std::string text(value);
-        const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
-        const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
-        if (end - begin < text.size()) {
-            ++report_.trimmed;
-            text = text.substr(begin, end - begin);
-        }
-        if (std::any_of(text.begin(), text.end(), IsControl)) {
-            ++report_.controlCharacters;
-            std::replace_if(text.begin(), text.end(), IsControl, ' ');
-        }
-        return text;
-    }
+    std::string Clean(const char* value) { return values_.Clean(value); }
 
     ImportReport& report_;
+    ValueReader values_;
     Providers providers_;
+    std::map<std::string, std::size_t> countries_;  // code to index
 };
-
-pugi::xml_document Load(const std::string& path) {
-    const std::string bytes = ReadInput(path);
-    pugi::xml_document document;
-    const pugi::xml_parse_result result = document.load_buffer(bytes.data(), bytes.size());
-    if (!result) {
-        const auto line = std::count(bytes.begin(), bytes.begin() + result.offset, '\n') + 1;
-        throw ToolError(path, ":", line, ": ", result.description());
-    }
-    return document;
-}
 
 }  // namespace
 
 Providers ReadProviders(const std::string& path, ImportReport& report) {
-    const pugi::xml_document document = Load(path);
-    const pugi::xml_node root = document.child("serviceproviders");
-    if (!root) {
-        throw ToolError(path, ": is not a list of service providers");
-    }
-    const auto countries = root.children("country");
+    const XmlFile file(path, "serviceproviders", "a list of service providers");
+    const auto countries = file.Root().children("country");
     const Progress progress("countries read", static_cast<std::size_t>(std::distance(
                                                   countries.begin(), countries.end())));
     ProvidersReader reader(report);

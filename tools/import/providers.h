@@ -34,12 +34,15 @@ struct AccessPoint {
         return std::tie(country, displayName, apn, user, password, gateway, dns1, dns2, contract);
     }
     bool operator==(const AccessPoint& other) const { return Values() == other.Values(); }
+    bool operator<(const AccessPoint& other) const { return Values() < other.Values(); }
 };
 
 // A mobile operator.
 struct Operator {
     std::string name;
     bool primary = false;           // whether it runs the network that others share
+    bool reseller = false;          // whether its subscribers have their numbers from another
+    bool namedByBearers = false;    // whether its name is no key itself
     std::set<std::string> numbers;  // country and network code, five or six digits
     std::vector<AccessPoint> accessPoints;
 
@@ -47,10 +50,24 @@ struct Operator {
     bool Imported() const { return !numbers.empty() && !accessPoints.empty(); }
 };
 
+// A further name of the operator with a number.
+struct Bearer {
+    std::string name;
+    std::string number;
+    bool isWhole;  // whether it is a whole name of the list, and not a part of one
+    bool isKey;    // otherwise the name is no key, but shows what a key could mean
+
+    bool operator<(const Bearer& other) const {
+        return std::tie(name, number, isWhole, isKey) <
+               std::tie(other.name, other.number, other.isWhole, other.isKey);
+    }
+};
+
 // All countries and operators, in the order of the file.
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
+    std::set<Bearer> bearers;
 };
 
 // Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.

@@ -4,14 +4,18 @@
 #include <iomanip>
 #include <ostream>
 
+#include "support/display.h"
+
 namespace tool {
 
 void ImportReport::Print(std::ostream& out) const {
-    for (const auto& [label, count] : lines_) {
-        out << std::setw(6) << count << "  " << label << "\n";
+    for (const Line& line : lines_) {
+        if (shown_.count(line.part) > 0) {
+            out << std::setw(6) << line.count << "  " << line.label << "\n";
+        }
     }
     for (const std::string& remark : remarks) {
-        out << remark << "\n";
+        out << Visible(remark) << "\n";
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <set>
 
+#include "catalogue/identifiers.h"
 #include "catalogue/source_writer.h"
 #include "dun/setting_columns.h"
 
@@ -19,26 +20,53 @@ constexpr char kDefaultDialString[] = "ATD*99***1#";
 constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"IP","%APN%")";
 constexpr char kContext[] = "1";  // the PDP context, for %NUM%
 
-// The identifiers of networks and settings count from 1.
-std::string Identifier(std::size_t index) {
-    return std::to_string(index + 1);
+std::string JoinWithBlanks(const std::set<std::string>& texts) {
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined += (joined.empty() ? "" : " ") + text;
+    }
+    return joined;
 }
 
 // Writes the tables of the catalogue.
 class ImportWriter {
   public:
-    ImportWriter(const std::string& path, const PhonesSource& phones, ImportReport& report)
+    ImportWriter(const std::string& path, const InputCatalogue& phones,
+                 const Identifiers& identifiers, ImportReport& report)
         : phones_(phones),
+          ids_(identifiers),
           report_(report),
           writer_(path, phones.Tables().name.empty() ? "Imported" : phones.Tables().name,
                   phones.Tables().version.empty() ? "1" : phones.Tables().version) {}
 
     void Copy(const char* table) { writer_.AddTable(phones_.Get(table)); }
 
+    // The variables of the phones' source, and the highest identifiers.
+    void AddVariables() {
+        const CatalogueTable& table = phones_.Get(schema::kGeneralVariables);
+        const int name = phones_.Column(table, schema::kVariable);
+        phones_.Column(table, schema::kValue);
+        std::set<std::string> own;
+        for (const auto& entry : ids_.highest) {
+            own.insert(HighestVariable(entry.first));
+        }
+        writer_.BeginTable(table.name, table.columns);
+        for (const CatalogueRow& row : table.rows) {
+            if (own.count(row.Cell(name)) == 0) {
+                writer_.AddRow(row.cells);
+            }
+        }
+        for (const auto& [numbered, highest] : ids_.highest) {
+            writer_.AddRow(InColumns(table.columns, {{schema::kVariable, HighestVariable(numbered)},
+                                                     {schema::kValue, std::to_string(highest)}}));
+        }
+        writer_.EndTable();
+    }
+
     void AddCountries(const std::vector<Country>& countries) {
         writer_.BeginTable(schema::kCountries, {schema::kID, schema::kName});
         for (const Country& country : countries) {
-            writer_.AddRow({country.code, country.name});
+            writer_.AddRow({ids_.countries.at(country.code), country.name});
         }
         writer_.EndTable();
     }
@@ -46,7 +74,7 @@ class ImportWriter {
     void AddNetworks(const std::vector<Network>& networks) {
         writer_.BeginTable(schema::kNetworks, {schema::kID, schema::kName, schema::kNetworkType});
         for (std::size_t i = 0; i < networks.size(); ++i) {
-            writer_.AddRow({Identifier(i), networks[i].name, kImportedType});
+            writer_.AddRow({ids_.networks[i], networks[i].name, kImportedType});
         }
         writer_.EndTable();
     }
@@ -55,7 +83,7 @@ class ImportWriter {
         writer_.BeginTable(schema::kNetworkIdentification,
                            {schema::kNetworkResponse, schema::kNetworkID});
         for (const NetworkKey& key : keys) {
-            writer_.AddRow({key.text, Identifier(key.network)});
+            writer_.AddRow({key.text, ids_.networks[key.network]});
         }
         writer_.EndTable();
     }
@@ -84,15 +112,16 @@ class ImportWriter {
         for (const vel::SettingColumn& column : vel::kSettingColumns) {
             columns.emplace_back(column.name);
         }
+        columns.emplace_back(kNumbers);
         writer_.BeginTable(schema::kBasicDUNSettings, columns);
-        std::size_t settings = 0;
         for (std::size_t i = 0; i < networks.size(); ++i) {
-            for (const AccessPoint* point : networks[i].offers) {
-                const bool first = point == networks[i].offers.front();
+            for (std::size_t j = 0; j < networks[i].offers.size(); ++j) {
+                const Offer& offer = networks[i].offers[j];
+                const AccessPoint* const point = offer.point;
                 const bool needsUser = !point->user.empty() || !point->password.empty();
                 writer_.AddRow(
-                    InColumns(columns, {{schema::kID, Identifier(settings++)},
-                                        {schema::kNetworkID, Identifier(i)},
+                    InColumns(columns, {{schema::kID, ids_.settings[i][j]},
+                                        {schema::kNetworkID, ids_.networks[i]},
                                         {schema::kAPN, point->apn},
                                         {schema::kNUM, kContext},
                                         {schema::kGatewayIP, point->gateway},
@@ -100,11 +129,12 @@ class ImportWriter {
                                         {schema::kDNS2, point->dns2},
                                         {schema::kName, point->displayName},
                                         {schema::kContractType, point->contract},
-                                        {schema::kDefault, first ? "Y" : "N"},
-                                        {schema::kCountryID, point->country},
+                                        {schema::kDefault, j == 0 ? "Y" : "N"},
+                                        {schema::kCountryID, ids_.countries.at(point->country)},
                                         {schema::kUser, point->user},
                                         {schema::kPassword, point->password},
-                                        {schema::kRequiresUser, needsUser ? "Y" : "N"}}));
+                                        {schema::kRequiresUser, needsUser ? "Y" : "N"},
+                                        {kNumbers, JoinWithBlanks(offer.numbers)}}));
             }
         }
         writer_.EndTable();
@@ -138,19 +168,21 @@ class ImportWriter {
         return dialsImportedType;
     }
 
-    const PhonesSource& phones_;
+    const InputCatalogue& phones_;
+    const Identifiers& ids_;
     ImportReport& report_;
     SourceWriter writer_;
 };
 
 }  // namespace
 
-std::string WriteImport(const std::string& path, const PhonesSource& phones,
+std::string WriteImport(const std::string& path, const InputCatalogue& phones,
                         const Providers& providers, const Networks& networks,
-                        ImportReport& report) {
-    ImportWriter writer(path, phones, report);
-    for (const char* table : {schema::kGeneralVariables, schema::kManufacturerRecipe,
-                              schema::kPhoneRecipe, schema::kNetworkRecipe}) {
+                        const Identifiers& identifiers, ImportReport& report) {
+    ImportWriter writer(path, phones, identifiers, report);
+    writer.AddVariables();
+    for (const char* table :
+         {schema::kManufacturerRecipe, schema::kPhoneRecipe, schema::kNetworkRecipe}) {
         writer.Copy(table);
     }
     writer.AddCountries(providers.countries);

@@ -1,29 +1,63 @@
 // SPDX-License-Identifier: MIT
 #include "support/input_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
 #include <sstream>
 
 #include "support/error.h"
+#include "support/interruption.h"
 
 namespace tool {
+namespace {
 
-// With stdio, because a stream does not say why it failed.
-std::string ReadInput(const std::string& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                               std::fclose);
+constexpr int kLong = 60000;                   // milliseconds
+constexpr std::size_t kMostBytes = 256000000;  // a device may give bytes without end
+
+// An open file.
+struct Descriptor {
+    ~Descriptor() {
+        if (number >= 0) {
+            close(number);
+        }
+    }
+    int number;
+};
+
+}  // namespace
+
+// Opens without a wait and waits afterwards, where a signal can end it: nobody may write to a pipe.
+std::string ReadInput(const std::string& path, std::size_t most) {
+    const Descriptor file = {open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
     std::string bytes;
     char block[65536];
-    std::size_t count = 0;
-    while (file != nullptr && (count = std::fread(block, 1, sizeof block, file.get())) > 0) {
-        bytes.append(block, count);
+    ssize_t count = file.number < 0 ? -1 : 1;
+    while (count > 0 && bytes.size() < most) {
+        struct pollfd waiting = {file.number, POLLIN, 0};
+        while (Interruption::Wait(&waiting, 1, kLong) <= 0) {
+            if (Interruption::Signal() != 0) {
+                throw ToolError(path, ": interrupted");
+            }
+        }
+        count = read(file.number, block, sizeof block);
+        if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
+            count = 1;  // another reader took the bytes
+            continue;
+        }
+        bytes.append(block, std::min(static_cast<std::size_t>(std::max<ssize_t>(count, 0)),
+                                     most - bytes.size()));
+        if (bytes.size() > kMostBytes) {
+            throw ToolError(path, ": is larger than ", kMostBytes / 1000000,
+                            " MB; no file of Velmor is so large");
+        }
     }
-    if (file == nullptr || std::ferror(file.get()) != 0) {
-        throw ToolError(path, ": cannot be read: ", std::strerror(errno));
+    if (count < 0) {
+        const char* const advice = errno == EISDIR ? "; name a file in it" : "";
+        throw ToolError(path, ": cannot be read: ", std::strerror(errno), advice);
     }
     return bytes;
 }

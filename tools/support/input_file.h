@@ -6,8 +6,8 @@
 
 namespace tool {
 
-// Returns the bytes of a file. Throws a ToolError when it cannot be read.
-std::string ReadInput(const std::string& path);
+// Returns the bytes of a file, at most the first `most`. Throws a ToolError when it cannot be read.
+std::string ReadInput(const std::string& path, std::size_t most = std::string::npos);
 
 // Splits the bytes at the line feeds as the library does: after a final line feed comes one more,
 // empty line. Carriage returns stay.

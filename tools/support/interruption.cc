@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <iterator>
 
 namespace tool {
 namespace {
@@ -11,6 +12,8 @@ constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t caught = 0;
 sigset_t outside;  // the signal mask before; it also holds during a wait
+bool living = false;
+struct sigaction before[std::size(kSignals)];
 
 void Note(int signal) {
     caught = signal;
@@ -24,16 +27,20 @@ Interruption::Interruption() {
     caught = 0;
     sigset_t blocked;
     sigemptyset(&blocked);
-    for (const int signal : kSignals) {
-        std::signal(signal, Note);
-        sigaddset(&blocked, signal);
+    struct sigaction action = {};
+    action.sa_handler = Note;
+    for (std::size_t i = 0; i < std::size(kSignals); ++i) {
+        sigaction(kSignals[i], &action, &before[i]);
+        sigaddset(&blocked, kSignals[i]);
     }
     sigprocmask(SIG_BLOCK, &blocked, &outside);
+    living = true;
 }
 
 Interruption::~Interruption() {
-    for (const int signal : kSignals) {
-        std::signal(signal, SIG_DFL);
+    living = false;
+    for (std::size_t i = 0; i < std::size(kSignals); ++i) {
+        sigaction(kSignals[i], &before[i], nullptr);
     }
     // A signal that is still pending has its usual effect now.
     sigprocmask(SIG_SETMASK, &outside, nullptr);
@@ -49,7 +56,7 @@ int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseco
         return -1;
     }
     const struct timespec limit = {milliseconds / 1000, milliseconds % 1000 * 1000000L};
-    return ppoll(descriptors, count, &limit, &outside);
+    return ppoll(descriptors, count, &limit, living ? &outside : nullptr);
 }
 
 }  // namespace tool

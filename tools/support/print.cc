@@ -1,66 +1,147 @@
 // SPDX-License-Identifier: MIT
 #include "support/print.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <iostream>
+#include <numeric>
+
+#include "support/display.h"
+#include "support/error.h"
 
 namespace tool {
 namespace {
 
-// The characters of a text in UTF-8: its bytes without those that continue a character.
-std::size_t Width(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
-}
+constexpr std::size_t kGap = 2;     // blanks between two columns
+constexpr std::size_t kNarrow = 4;  // a column is not cut below this width
 
-}  // namespace
-
-void PrintJson(const Json& json) {
-    std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
-}
-
-void PrintAligned(const std::vector<TextRow>& rows) {
-    std::vector<std::size_t> widths(rows.empty() ? 0 : rows[0].size());
-    for (const TextRow& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            widths[i] = std::max(widths[i], Width(row[i]));
+// The widest columns become narrower until the line fits; the others stay whole.
+void Fit(std::vector<std::size_t>& widths, std::size_t limit) {
+    const auto total = [&widths] {
+        return std::accumulate(widths.begin(), widths.end(), (widths.size() - 1) * kGap);
+    };
+    while (!widths.empty() && total() > limit) {
+        const auto widest = std::max_element(widths.begin(), widths.end());
+        if (*widest <= kNarrow) {
+            break;
         }
+        --*widest;
+    }
+}
+
+// Prints rows in columns, in so many columns of the terminal; 0: whole.
+void PrintRows(std::vector<TextRow> rows, std::size_t limit) {
+    std::vector<std::size_t> widths(rows.empty() ? 0 : rows[0].size());
+    for (TextRow& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            row[i] = Visible(row[i]);
+            widths[i] = std::max(widths[i], DisplayWidth(row[i]));
+        }
+    }
+    if (limit > 0) {
+        Fit(widths, limit);
     }
     for (const TextRow& row : rows) {
         std::string line;
         std::size_t gap = 0;  // blanks before the next text, so that no line ends in blanks
         for (std::size_t i = 0; i < row.size(); ++i) {
-            line += row[i].empty() ? "" : std::string(gap, ' ') + row[i];
-            gap = row[i].empty() ? gap + widths[i] + 2 : widths[i] - Width(row[i]) + 2;
+            const std::string text = CutTo(row[i], widths[i]);
+            line += text.empty() ? "" : std::string(gap, ' ') + text;
+            gap = text.empty() ? gap + widths[i] + kGap : widths[i] - DisplayWidth(text) + kGap;
         }
-        std::cout << line << "\n";
+        std::cout << (limit > 0 ? CutTo(line, limit) : line) << "\n";
     }
+}
+
+// JSON allows DEL and the control characters of 8 bits as they are, but a terminal obeys them.
+std::string WithoutControls(const std::string& json) {
+    std::string text;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const bool two = json.compare(i, 1, "\xC2") == 0 && i + 1 < json.size() &&
+                         static_cast<unsigned char>(json[i + 1]) < 0xA0;
+        if (two || json[i] == '\x7F') {
+            char code[8];
+            i += two ? 1 : 0;
+            std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned char>(json[i]));
+            text += code;
+        } else {
+            text += json[i];
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+std::vector<std::string> SplitColumns(const std::string& columns) {
+    std::vector<std::string> names;
+    for (std::size_t at = 0; at <= columns.size();) {
+        const std::size_t end = std::min(columns.find(',', at), columns.size());
+        names.push_back(columns.substr(at, end - at));
+        at = end + 1;
+    }
+    return names;
+}
+
+void RequireColumn(const std::string& column, const std::vector<std::string>& known) {
+    if (std::find(known.begin(), known.end(), column) == known.end()) {
+        std::string list;
+        for (const std::string& name : known) {
+            list += (list.empty() ? "" : ", ") + name;
+        }
+        throw ToolError("--columns ", column, ": is no column; there are ", list);
+    }
+}
+
+void PrintJson(const Json& json) {
+    const std::string text = json.dump(2, ' ', false, Json::error_handler_t::replace);
+    std::cout << (isatty(STDOUT_FILENO) == 1 ? WithoutControls(text) : text) << "\n";
+}
+
+void PrintAligned(const std::vector<TextRow>& rows) {
+    PrintRows(rows, 0);
 }
 
 void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson) {
     if (asJson) {
         PrintJson(json);
     } else {
-        PrintAligned(rows);
+        PrintRows(rows, TerminalWidth());
     }
 }
 
-void PrintList(const Json& list, bool json) {
-    std::vector<TextRow> lines;
-    for (const Json& object : list) {
-        if (lines.empty()) {
-            lines.emplace_back();
-            for (const auto& member : object.items()) {
-                lines[0].push_back(member.key());
-            }
-        }
-        lines.emplace_back();
-        for (const Json& value : object) {
-            lines.back().push_back(value.is_string() ? value.get<std::string>() : value.dump());
+void PrintList(const Json& list, const std::string& columns, bool json) {
+    std::vector<std::string> names;
+    if (!list.empty()) {
+        for (const auto& member : list[0].items()) {
+            names.push_back(member.key());
         }
     }
-    Print(lines, list, json);
+    if (!columns.empty() && !list.empty()) {
+        const std::vector<std::string> chosen = SplitColumns(columns);
+        for (const std::string& name : chosen) {
+            RequireColumn(name, names);
+        }
+        names = chosen;
+    }
+    std::vector<TextRow> lines;
+    Json objects = Json::array();
+    for (const Json& object : list) {
+        TextRow line;
+        Json shown = Json::object();
+        for (const std::string& name : names) {
+            const Json& value = object.at(name);
+            shown[name] = value;
+            line.push_back(value.is_string() ? value.get<std::string>() : value.dump());
+        }
+        if (lines.empty()) {
+            lines.push_back(names);
+        }
+        lines.push_back(line);
+        objects.push_back(shown);
+    }
+    Print(lines, objects, json);
 }
 
 }  // namespace tool

@@ -14,17 +14,23 @@ using TextRow = std::vector<std::string>;
 
 // These functions print on standard output.
 
-// Replaces bytes that are not UTF-8.
+// Replaces bytes that are not UTF-8. A terminal gets no control characters.
 void PrintJson(const Json& json);
 
-// Prints rows in columns. A column is as wide as its longest text, counted in characters of UTF-8.
-// All rows have as many texts as the first.
+// Prints rows in columns, whole and without control characters. A column is as wide as its longest
+// text. All rows have as many texts as the first.
 void PrintAligned(const std::vector<TextRow>& rows);
 
-// Prints the JSON or the rows.
+// Prints the JSON or the rows. On a terminal, long texts of the rows are cut to its width.
 void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson);
 
-// Prints objects with the same members: as JSON, or as rows under the names of the members.
-void PrintList(const Json& list, bool json);
+// Prints objects with the same members: as JSON, or as rows under the names of the members. Only
+// those members that `columns` names, with commas between them; empty: all.
+void PrintList(const Json& list, const std::string& columns, bool json);
+
+// The names between the commas.
+std::vector<std::string> SplitColumns(const std::string& columns);
+// Throws a ToolError when the column is none of the known ones.
+void RequireColumn(const std::string& column, const std::vector<std::string>& known);
 
 }  // namespace tool

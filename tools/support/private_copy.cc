@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 
 #include "support/error.h"
 #include "support/input_file.h"
@@ -12,25 +11,24 @@
 
 namespace tool {
 
-// Delegates to another constructor, so that a failure here runs the destructor.
-PrivateCopy::PrivateCopy(const std::string& catalogue) : PrivateCopy() {
+PrivateCopy::PrivateCopy(const std::string& catalogue) {
     const std::string bytes = ReadInput(catalogue);
-    std::error_code error;
-    const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-    std::string directory = (parent / "velmor-XXXXXX").string();
-    if (error || mkdtemp(directory.data()) == nullptr) {
-        throw ToolError(directory,
-                        ": cannot be made: ", error ? error.message() : std::strerror(errno));
+    const char* const chosen = std::getenv("TMPDIR");
+    const std::string parent = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
+    std::string directory = parent + "/velmor-XXXXXX";
+    {
+        const SignalHold hold;
+        if (mkdtemp(directory.data()) == nullptr) {
+            throw ToolError(parent, ": cannot hold a copy of the catalogue: ", std::strerror(errno),
+                            "; set TMPDIR to a directory that you may write to");
+        }
+        directory_.emplace(directory);
     }
-    directory_ = directory;
+    file_.emplace(path());
+    written_.emplace(path() + ".encode");
     OutputFile copy(path(), false);
     copy.Write(bytes);
     copy.Commit();
-}
-
-PrivateCopy::~PrivateCopy() {
-    std::error_code ignored;
-    std::filesystem::remove_all(directory_, ignored);
 }
 
 PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction read,

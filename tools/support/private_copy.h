@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "support/leftover.h"
 #include "velmor.h"
 
 namespace tool {
@@ -13,16 +15,13 @@ namespace tool {
 class PrivateCopy {
   public:
     explicit PrivateCopy(const std::string& catalogue);
-    ~PrivateCopy();
-    PrivateCopy(const PrivateCopy&) = delete;
-    PrivateCopy& operator=(const PrivateCopy&) = delete;
 
-    std::string path() const { return directory_ + "/catalogue"; }
+    std::string path() const { return directory_->path() + "/catalogue"; }
 
   private:
-    PrivateCopy() = default;
-
-    std::string directory_;
+    std::optional<Leftover> directory_;
+    std::optional<Leftover> file_;
+    std::optional<Leftover> written_;  // by the library
 };
 
 // A session of the library on a catalogue. The exported functions use it while the object lives.

@@ -7,12 +7,14 @@
 
 namespace tool {
 
-// The source with the phones of an import. It may lack the database marker. The constructor throws
-// a ToolError for any other fault that makes the library drop something.
-class PhonesSource {
+// A catalogue that an import reads: the source with the phones, or the catalogue to renew. It may
+// lack the database marker. The constructor throws a ToolError for any other fault that makes the
+// library drop something.
+class InputCatalogue {
   public:
-    explicit PhonesSource(std::string path);
+    explicit InputCatalogue(std::string path);
 
+    const std::string& Path() const { return path_; }
     const Catalogue& Tables() const { return catalogue_; }
     // Throws a ToolError when there is no such table.
     const CatalogueTable& Get(const std::string& table) const;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "import/phones_source.h"
+#include "import/input_catalogue.h"
 
 #include "support/error.h"
 #include "support/input_file.h"
 
 namespace tool {
 
-PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
+InputCatalogue::InputCatalogue(std::string path) : path_(std::move(path)) {
     Findings findings;
     catalogue_ = ReadCatalogue(ReadInput(path_), findings);
     for (const Finding& finding : findings) {
@@ -16,7 +16,7 @@ PhonesSource::PhonesSource(std::string path) : path_(std::move(path)) {
     }
 }
 
-const CatalogueTable& PhonesSource::Get(const std::string& table) const {
+const CatalogueTable& InputCatalogue::Get(const std::string& table) const {
     const CatalogueTable* found = catalogue_.Find(table);
     if (found == nullptr) {
         throw ToolError(path_, ": has no table ", table);
@@ -24,7 +24,7 @@ const CatalogueTable& PhonesSource::Get(const std::string& table) const {
     return *found;
 }
 
-int PhonesSource::Column(const CatalogueTable& table, const std::string& column) const {
+int InputCatalogue::Column(const CatalogueTable& table, const std::string& column) const {
     const int found = table.Column(column);
     if (found < 0) {
         throw ToolError(path_, ": the table ", table.name, " has no column ", column);

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tool {
+
+// The identifiers of countries, networks, settings and phones last: none is ever used for something
+// else, because hosts remember them.
+
+// The highest number that the library takes as an identifier.
+constexpr std::int64_t kHighestIdentifier = 2147483647;
+
+// The variable of GeneralVariables that remembers the highest number that was ever an identifier of
+// this table, also of a row that is gone. It is for those who add rows: the library does not read
+// it. Null when the identifiers of the table need not last.
+const char* HighestVariable(const std::string& table);
+
+// The number that an identifier is; 0 for a text that is no positive number, or a longer one than
+// any identifier.
+std::int64_t IdentifierNumber(const std::string& id);
+
+}  // namespace tool

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "import/android.h"
+
+#include <algorithm>
+#include <map>
+
+#include "detection/questions.h"
+#include "import/android_rows.h"
+#include "support/texts.h"
+
+namespace tool {
+namespace {
+
+// The first digits of a number: detection takes no more of a subscriber's number.
+std::string FirstDigits(const std::string& number) {
+    return number.substr(0, vel::kImsiDigits);
+}
+
+// The words that say what an access point is for. A phone does not show them.
+const std::set<std::string> kServiceWords = {
+    "internet",  "wap",      "gprs",    "web",    "mms",       "apn",      "data",
+    "net",       "lte",      "2g",      "3g",     "4g",        "5g",       "modem",
+    "broadband", "ims",      "dun",     "portal", "prepaid",   "postpaid", "prepay",
+    "postpay",   "contract", "default", "isp",    "tethering", "hotspot",  "roaming"};
+
+// The most characters of an operator's name in an answer to AT+COPS? (3GPP TS 27.007).
+constexpr std::size_t kLongestName = 16;
+
+bool CanBeShown(const std::string& name) {
+    return name.size() <= kLongestName &&
+           std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+// The operator's name in a carrier's: "Acme" of "Acme Internet".
+std::string OperatorNameIn(const std::string& carrier) {
+    std::string name;
+    std::istringstream stream(carrier);
+    for (std::string word; stream >> word;) {
+        if (kServiceWords.count(InSmallLetters(word)) == 0) {
+            name += (name.empty() ? "" : " ") + word;
+        }
+    }
+    return name;
+}
+
+// Decides which numbers of the list become operators.
+class AndroidPlan {
+  public:
+    AndroidPlan(const std::vector<AndroidRow>& rows, Providers& providers, ImportReport& report)
+        : rows_(rows), providers_(providers), report_(report) {
+        for (const Operator& owner : providers_.operators) {
+            for (const std::string& number : owner.numbers) {
+                if (!owner.reseller || number.size() == vel::kImsiDigits) {
+                    held_.insert(FirstDigits(number));
+                }
+            }
+        }
+        for (const AndroidRow& row : rows_) {
+            numbers_.insert(row.number);
+        }
+    }
+
+    // A number's operator has the name of its first row, and those that several rows have: the
+    // names of single plans are no operator's. But any row can show that a name means another
+    // network too.
+    void AddBearers() {
+        using Name = std::pair<std::string, std::string>;  // with its number
+        std::map<Name, std::size_t> uses;
+        std::map<Name, bool> offers;
+        std::set<std::string> named;
+        for (const AndroidRow& row : rows_) {
+            const Name name(row.number, OperatorNameIn(row.carrier));
+            providers_.bearers.insert({row.carrier, row.number, true, false});
+            if (!name.second.empty()) {
+                const bool first = row.forInternet && named.insert(row.number).second;
+                uses[name] += first ? 2 : 1;
+                offers[name] |= row.forInternet;
+            }
+        }
+        for (const auto& [name, count] : uses) {
+            const bool operators = count > 1 && offers[name] && CanBeShown(name.second);
+            providers_.bearers.insert({name.second, name.first, false, operators});
+        }
+    }
+
+    void AddOperators() {
+        // By their access points: numbers that offer the same share networks.
+        std::map<std::vector<AccessPoint>, std::size_t> known;
+        for (auto& [number, points] : PointsOfNumbers()) {
+            ++report_.androidNumbers;
+            const auto [entry, isNew] = known.emplace(points, providers_.operators.size());
+            if (isNew) {
+                ++report_.androidOperators;
+                Operator owner;
+                const std::string& carrier = points.front().displayName;
+                const std::string name = OperatorNameIn(carrier);
+                owner.name = name.empty() ? carrier : name;
+                owner.accessPoints = points;
+                owner.namedByBearers = true;
+                providers_.operators.push_back(std::move(owner));
+                countries_.insert(points.front().country);
+            }
+            providers_.operators[entry->second].numbers.insert(number);
+        }
+    }
+
+    void AddCountries() {
+        for (const Country& country : providers_.countries) {
+            countries_.erase(country.code);
+        }
+        report_.androidCountries += countries_.size();
+        for (const std::string& code : countries_) {
+            providers_.countries.push_back({code, ""});
+        }
+    }
+
+  private:
+    // The access points of each number, ascending, so that the order of the files does not count.
+    std::map<std::string, std::vector<AccessPoint>> PointsOfNumbers() {
+        std::map<std::string, std::vector<AccessPoint>> result;
+        std::map<std::string, std::set<AccessPoint>> known;
+        for (const AndroidRow& row : rows_) {
+            if (!row.forInternet || !MayBeAdded(row)) {
+                continue;
+            }
+            if (!known[row.number].insert(row.point).second) {
+                ++report_.androidRepeated;
+                continue;
+            }
+            ++report_.androidAdded;
+            report_.androidAuthTypes += row.authType ? 1 : 0;
+            report_.androidProtocols += row.protocol ? 1 : 0;
+            report_.androidProxies += row.proxy ? 1 : 0;
+            result[row.number].push_back(row.point);
+        }
+        return result;
+    }
+
+    bool MayBeAdded(const AndroidRow& row) {
+        const std::string first = FirstDigits(row.number);
+        std::size_t* const rule = held_.count(first) > 0      ? &report_.androidHeld
+                                  : row.point.country.empty() ? &report_.androidNoCountry
+                                  : first != row.number && numbers_.count(first) > 0
+                                      ? &report_.androidOtherNumber
+                                      : nullptr;
+        if (rule != nullptr) {
+            ++*rule;
+        }
+        return rule == nullptr;
+    }
+
+    const std::vector<AndroidRow>& rows_;
+    Providers& providers_;
+    ImportReport& report_;
+    std::set<std::string> held_;       // the first digits of numbers that operators have already
+    std::set<std::string> numbers_;    // of the list
+    std::set<std::string> countries_;  // of the operators that are added
+};
+
+}  // namespace
+
+void AddAndroidList(const std::string& path, Providers& providers, ImportReport& report) {
+    const std::vector<AndroidRow> rows = ReadAndroidRows(path, report);
+    AndroidPlan plan(rows, providers, report);
+    plan.AddBearers();
+    plan.AddOperators();
+    plan.AddCountries();
+}
+
+}  // namespace tool

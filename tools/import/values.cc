@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "import/values.h"
+
+#include <arpa/inet.h>
+
+#include <algorithm>
+
+#include "support/texts.h"
+#include "velmor.h"
+
+namespace tool {
+namespace {
+
+constexpr char kWhiteSpace[] = " \t\r\n";
+
+}  // namespace
+
+std::string ValueReader::Clean(const char* value) {
+    std::string text(value);
+    const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
+    const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
+    if (end - begin < text.size()) {
+        ++report_.trimmed;
+        text = text.substr(begin, end - begin);
+    }
+    if (std::any_of(text.begin(), text.end(), IsControl)) {
+        ++report_.controlCharacters;
+        std::replace_if(text.begin(), text.end(), IsControl, ' ');
+    }
+    return text;
+}
+
+std::string ValueReader::Address(const std::string& value) {
+    in_addr address;
+    if (value.empty() || inet_pton(AF_INET, value.c_str(), &address) == 1) {
+        return value;
+    }
+    ++report_.gatewaysNoAddress;
+    return "";
+}
+
+void ValueReader::CheckLengths(const AccessPoint& point, const std::string& operatorName) {
+    const std::pair<const char*, const std::string&> texts[] = {{"display name", point.displayName},
+                                                                {"access point name", point.apn},
+                                                                {"user", point.user},
+                                                                {"password", point.password},
+                                                                {"name server", point.dns1},
+                                                                {"name server", point.dns2}};
+    for (const auto& [what, text] : texts) {
+        if (text.size() >= VELMOR_TEXT_SIZE) {
+            ++report_.tooLong;
+            report_.remarks.push_back(
+                Concat(operatorName, ": ", what, " of ", text.size(), " bytes"));
+        }
+    }
+}
+
+}  // namespace tool
