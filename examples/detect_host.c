@@ -28,6 +28,15 @@ static long send_command(const char* buffer, long length) {
     return write(device, buffer, (size_t)length);
 }
 
+/* Sends a command of the host's own and reads until the phone is silent: a late answer must not be
+ * taken for the next one. */
+static void prepare(const char* command) {
+    char byte;
+    send_command(command, (long)strlen(command));
+    while (read_byte(&byte, 1, 300) == 1) {
+    }
+}
+
 static int open_device(const char* path) {
     struct termios line;
     device = open(path, O_RDWR | O_NOCTTY);
@@ -78,6 +87,9 @@ int main(int argc, char** argv) {
         fprintf(stderr, "no usable catalogue\n");
         return 2;
     }
+    prepare("AT\r");        /* the first answer of some phones is late or noisy */
+    prepare("ATE1\r");      /* the library reads answers with an echo best */
+    prepare("AT+CMEE=0\r"); /* +CME ERROR: 11 does not end an answer, ERROR does */
     const long result = Velmor_DetectPhoneAndNetwork(0, maker, sizeof maker, model, sizeof model);
     printf("the phone says: %.64s, %.64s\n", maker, model);
     if (Velmor_GetDetectedPhone(0, model, sizeof model, maker, sizeof maker) >= 0) {

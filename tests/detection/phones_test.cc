@@ -34,13 +34,14 @@ TEST(Profile, Answers) {
         {"echo = off\nunknown =\nATI0: I", "\rAT+X\rATI\r", "\r\nI\r\n\r\nOK\r\n"},
         {"", "ATE0V1\rAT\rATZ\rAT\r", "ATE0V1\r\r\nOK\r\n\r\nOK\r\n\r\nOK\r\nAT\r\r\nOK\r\n"},
         {"echo = off\nATE1: ERROR", "ate1\rAT\r", "\r\nERROR\r\n\r\nOK\r\n"},
+        {"echo = off\nAT+X:= A\\r\\n", "AT+X\rATE1\rAT+X\r", "A\r\n\r\nOK\r\nAT+X\r\r\nA\r\n"},
         {"echo = off\nATD*: BUSY", "AT+CGDCONT=1\rATD*99#\r", "\r\nOK\r\n\r\nBUSY\r\n"},
         {"flood = F\ndisconnect = 8", "AT\r", "AT\rF\r\nF\r"},
         {"echo = off\npause = 3 1", "AT\r", "\r\nO"},
         {"pause = every 1", "AT\r", ""},
         {"accepts = 2", "AT\r", ""},
         {"maker = A\n\nAT+CGMI", "", "script: line 3: no colon after the command"},
-        {"AT+X:> A", "", "script: line 1: an unsolicited line belongs below an answer"},
+        {"AT+X:> A", "", "script: line 1: this line belongs below an answer"},
         {"AT+X: \\x4", "", "script: line 1: an escape is one of \\r \\n \\t \\\\ \\xNN"},
         {"echo = yes", "", "script: line 1: no such key, or no such value of it"},
     };
@@ -62,7 +63,7 @@ TEST(Profiles, AreDetectedAsTheySay) {
     int known = 0;
     for (const auto& file : std::filesystem::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
         SCOPED_TRACE(file.path().filename());
-        const tool::Profile profile = tool::ReadProfile(file.path());
+        const tool::Profile profile = tool::ParseProfile(ReadFile(file.path()), file.path());
         ScriptedPhone::Play(profile);
         EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80),
                   (profile.phone + profile.network).empty() ? -1 : 0);
@@ -74,9 +75,15 @@ TEST(Profiles, AreDetectedAsTheySay) {
         known += found ? 1 : 0;
     }
     EXPECT_GE(known, 92);
-    // The label alone names no maker.
+    // The label alone names no maker, but the label and the maker do.
     ScriptedPhone::Play("AT+CGMM: HSPA USB MODEM\nATI0: Manufacturer: Nobody");
     EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80), -1);
+    for (const std::string brand : {"Huawei", "ZTE", "SIMCom", "Fibocom", "Quectel"}) {
+        ScriptedPhone::Play("ATI0: Manufacturer: " + brand + "\\nModel: X");
+        Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80);
+        Velmor_GetDetectedPhone(0, name, 80, maker, 80);
+        EXPECT_EQ(maker + std::string(": ") + name, brand + ": unnamed model");
+    }
     for (long i = 0, id = -1; i < Velmor_GetNrOfPhones(0); ++i) {
         EXPECT_EQ(Velmor_GetPhoneByIndex(0, i, &id, name, 80), 0);
         Velmor_GetDUNSetting(0, id, 1, &setting);

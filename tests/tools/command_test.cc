@@ -42,7 +42,9 @@ std::string Help(const std::string& subcommand) {
 
 // What the completion offers for the last of the words.
 Names Completed(const std::string& words) {
-    Shell("bash -c '. " VELMOR_SOURCE_DIR "/completions/velmor.bash; COMP_WORDS=(velmor " + words +
+    Shell("bash -c 'velmor() { " VELMOR_COMMAND " \"$@\"; }; . " VELMOR_SOURCE_DIR
+          "/completions/velmor.bash; COMP_WORDS=(velmor " +
+          words +
           "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _velmor; printf \"%s\\n\" ${COMPREPLY[@]}'");
     return Matches(ReadFile("out"), "(.+)\n");
 }
@@ -72,8 +74,12 @@ TEST(Command, HelpIsLikeCompletionAndManPage) {
         const std::string text = Help(name);
         Names options = Matches(text, inHelp);
         EXPECT_EQ(Completed(name + " --"), options);
-        const Names values = Matches(text, "[{,]([a-z]+)(?=[,}])");
-        EXPECT_EQ(values.empty() ? values : Completed(name + " --format \"\""), values);
+        for (const std::string& choice : Matches(text, "\n +(--[a-z]+ [A-Z]+:\\{[a-z,]+)")) {
+            const Names values = Matches(choice, "[{,]([a-z]+)");
+            for (const char* end : {" \"\"", " =", " = \"\""}) {
+                EXPECT_EQ(Completed(name + " " + choice.substr(0, choice.find(' ')) + end), values);
+            }
+        }
         std::string told = Replaced(bold("velmor " + name + " "), "FORMAT", bold("\"?--format"));
         for (const std::string& both : Matches(text, "\n +(-[a-z],--[a-z]+)")) {
             told = Replaced(told, both.substr(0, 2) + "\\b", both.substr(3));
@@ -83,11 +89,25 @@ TEST(Command, HelpIsLikeCompletionAndManPage) {
     }
 }
 
+const std::string kImport =
+    "velmor import --phones " VELMOR_TESTS_DIR "/tools/phones.source -o out.file ";
+const std::string kWithList = kImport + VELMOR_TESTS_DIR "/tools/operators.xml >/dev/null --iso ";
+
+TEST(Command, CompletesTables) {
+    WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
+    const Names tables = {"Phones", "PhoneIdentification", "PhoneIdentificationVariables"};
+    for (const char* words :
+         {"show sample Phone", "show --json sample Phone", "show --columns ID sample Phone",
+          "show --columns = ID sample Phone", "show --where ID = 1 --json sample Phone"}) {
+        EXPECT_EQ(Completed(words), tables) << words;
+    }
+}
+
 // The exit status and the output of each line. A failure prints one line on standard error and
 // leaves no new file.
 TEST(Command, Answers) {
     const struct {
-        const char* line;
+        std::string line;
         int status;
         const char* words;       // the output, or part of the line that reports a failure
         std::string input = {};  // the bytes of the file "input"
@@ -109,7 +129,33 @@ TEST(Command, Answers) {
         {"velmor decode sample -o dir --force", 2, "dir: is a directory"},
         {"velmor decode sample -o dir/no/out.file", 2, "out.file: cannot be created"},
         {"velmor encode sample", 2, "--output is required"},
-        {"velmor what", 2, "velmor: "},
+        {"velmor what", 2, "velmor: what: is no subcommand (see velmor --help)"},
+        {"velmor shwo sample", 2, "shwo: is no subcommand; did you mean show?"},
+        {"velmor", 2, "a subcommand is missing"},
+        {"velmor check sample --jsn", 2, "--jsn: is no such option; did you mean --json?"},
+        {"velmor check sample sample", 2, "sample: is one argument too many (see velmor check"},
+        {"velmor phone dir", 2, "dir: cannot be read: Is a directory; name a file"},
+        {"(export TMPDIR=/no/dir; velmor phones sample)", 2,
+         "/no/dir: cannot hold a copy of the catalogue"},
+        {"(export TMPDIR=/no/dir; velmor phones sample)", 2, "set TMPDIR to a directory"},
+        {"velmor settings sample --country Norlad", 2, "did you mean Norland?; velmor countries"},
+        {"velmor show sample Phone", 2, "has no table Phone; did you mean Phones?"},
+        {"velmor show sample Phones --columns ID,X", 2, "--columns X: is no column; there are ID,"},
+        {"velmor phones sample --columns name", 2, "name: is no column; there are id, phone"},
+        {"velmor setting sample --phone 99 --setting 1", 2,
+         "no phone 99; velmor phones lists them"},
+        {"velmor setting sample --phone 0x8 --setting 1", 2, "--phone: 0x8 is no decimal number"},
+        {"velmor setting sample --phone 99999999999 --setting 1", 2, "99999999999 is too large"},
+        {"velmor setting sample --phone 10 --setting 9", 2, "no setting 9; velmor settings lists"},
+        {"velmor setting sample --phone 10 --setting 1 -o dir", 2, "--output: has no effect with"},
+        {"velmor setting sample --phone 10 --setting 1 --format wvdial -o dir", 2, "format wvdial"},
+        {"velmor setting sample --phone 10 --setting 1 --json --baud 9600", 2, "--baud: has no"},
+        {"velmor setting sample --phone 10 --setting 1 --format ppp --force", 2, "no file is"},
+        {"velmor setting sample --phone 10 --setting 1 --format ppp -o kept", 2, "no directory"},
+        {"velmor setting sample --phone 10 --setting 1 --json --format ppp", 2, "excludes"},
+        {"velmor detect sample --phone x --setting 1", 2, "--setting: has no effect with"},
+        {"velmor detect sample --phone x --timeout nan", 2, "--timeout: nan is no decimal number"},
+        {kImport + "input", 2, "input:2: is no well-formed XML", "<a>\n</b>"},
         {"(ulimit -f 1; velmor decode sample -o out.file)", 2, "out.file: cannot be written"},
         {"(ulimit -f 1; velmor countries sample)", 2, "cannot be written"},
         {"velmor show sample >/dev/full", 2, "standard output: cannot be written"},
@@ -121,11 +167,25 @@ TEST(Command, Answers) {
         {"velmor show sample Countries --where ID=su", 0, "ID  Name\nsu  Sudland\n"},
         {"velmor show sample Phones --where ID=3 | wc -l", 0, "1\n"},
         {"velmor phones sample | tail -n 1", 0, "20  Brontel: Swift 5\n"},
+        {"velmor setting sample --phone 010 --setting 1 | head -n 1", 0,
+         "Setting 1         Northtel\n"},
+        {"velmor countries sample --columns name,index | tail -n 1", 0, "Leerland  2\n"},
+        {"velmor show input Phones | tail -n 1", 0, "1   \\x1B[2J\\xC2\\x9B\\xFF\u00e9\n",
+         "#$_DATABASE_BEGIN_$#\n#$_TABLE_BEGIN_$#Phones#ID#Name#\n#1#\x1b[2J\u009b\xff\u00e9#\n"
+         "#$_TABLE_END_$#\n#$_DATABASE_END_$#\n"},
         {"velmor countries sample | tail -n 1", 0, "2      0         Leerland\n"},
         {"velmor settings sample --country Leerland", 1, ""},
         {"velmor settings sample --country Sudland --json | grep -c sud.example", 0, "1\n"},
         {"velmor check input --json | grep -c '\"id\": \"no-database\"'", 0, "1\n"},
         {"velmor check input >/dev/null", 1, ""},
+        {kWithList + "input; rm out.file", 0,
+         "velmor: input:2: is no JSON; --iso takes iso_3166-1.json of the package iso-codes;"
+         " countries keep their names in the data\n",
+         "{\n"},
+        {kWithList + "input; rm out.file", 0,
+         "velmor: input: is no list of countries; --iso takes iso_3166-1.json of the package"
+         " iso-codes; countries keep their names in the data\n",
+         "{}"},
     };
     setenv("TMPDIR", fs::current_path().c_str(), 1);
     fs::create_directories("dir");
@@ -155,5 +215,17 @@ TEST(Command, Answers) {
         EXPECT_NE(Shell("velmor check kept").second.find("Permission denied"), std::string::npos);
     }
 }
+
+#ifndef SANITIZED
+TEST(Command, SaysThatMemoryIsMissing) {
+    if (std::string(VELMOR_COMMAND).find("qemu") != std::string::npos) {
+        GTEST_SKIP() << "the emulator needs more memory itself";
+    }
+    const auto [status, errors] =
+        Shell("ulimit -v 100000; yes x | head -c 200000000 | velmor check /dev/stdin");
+    EXPECT_EQ(status, 2);
+    EXPECT_EQ(errors.find("velmor: not enough memory for this input; free some"), 0U) << errors;
+}
+#endif
 
 }  // namespace

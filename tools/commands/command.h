@@ -115,6 +115,7 @@ void AddCheck(CommandLine& line);
 void AddCountries(CommandLine& line);
 void AddDecode(CommandLine& line);
 void AddDetect(CommandLine& line);
+void AddDevices(CommandLine& line);
 void AddEncode(CommandLine& line);
 void AddImport(CommandLine& line);
 void AddPhone(CommandLine& line);

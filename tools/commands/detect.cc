@@ -9,9 +9,12 @@
 #include "commands/command.h"
 #include "commands/dialer_output.h"
 #include "device/player.h"
+#include "device/port_search.h"
 #include "diagnosis/report.h"
+#include "phone/profile_writer.h"
 #include "support/error.h"
 #include "support/interruption.h"
+#include "support/output_file.h"
 #include "support/private_copy.h"
 
 namespace tool {
@@ -22,10 +25,14 @@ struct Options {
     std::string catalogue;
     DialerLink link;
     std::string profile;
+    std::string search;
+    std::string record;
     double timeout = 10;
     double probe = 0.9;
     long setting = 0;
     long like = 0;  // 0: like the phone that the catalogue names
+    Choice choice;
+    std::string pinFile;
     bool verbose = false;
     OutputFormat format;
 };
@@ -44,8 +51,41 @@ void WriteForDialer(const Detection& found, const DialerLink& link, const Option
     WriteDialerFiles(setting->values, link, options.format);
 }
 
+// The questions of the library, and those about the SIM card: the last ones.
+std::string RecordingOf(const std::vector<Exchange>& exchanges, const SimCard& card, bool gone) {
+    std::vector<Turn> turns;
+    for (const std::vector<Exchange>* part : {&exchanges, &card.questions}) {
+        for (const Exchange& exchange : *part) {
+            turns.push_back({exchange.command, exchange.answer});
+        }
+    }
+    return WriteProfile(turns, "velmor detect --record", gone);
+}
+
+// Takes the device that answers. Returns whether there is one.
+bool FindDevice(const Options& options, std::string& device) {
+    PortSearch search;
+    search.pattern = options.search;
+    search.baud = options.link.baud;
+    device = TheOneThatAnswers(SearchPorts(search));
+    if (device.empty()) {
+        std::cerr
+            << (Interruption::Signal() != 0
+                    ? "velmor: interrupted\n"
+                    : "velmor: no device answers; velmor devices says why, --device asks one\n");
+        return false;
+    }
+    std::cerr << "velmor: " << device << " answers\n";
+    return true;
+}
+
 int RunDetect(const Options& options) {
+    RefuseIgnored(options.format, {{"--setting", "ppp or wvdial"}});
     const Interruption interruption;
+    std::optional<PinFile> pin;
+    if (!options.pinFile.empty()) {
+        pin.emplace(options.pinFile);
+    }
     std::optional<PlayedPhone> phone;
     DialerLink link = options.link;
     if (!options.profile.empty()) {
@@ -55,16 +95,28 @@ int RunDetect(const Options& options) {
     if (options.like != 0 && PhoneDescription(options.like).empty()) {
         throw ToolError("--like ", options.like, ": ", options.catalogue, " has no such phone");
     }
+    if (link.device.empty() && !FindDevice(options, link.device)) {
+        return Interruption::Signal() == 0 ? kExitFindings : 128 + Interruption::Signal();
+    }
+    std::optional<OutputFile> record;
+    if (!options.record.empty()) {
+        RequireOther(options.record, {options.catalogue, options.profile, options.pinFile});
+        record.emplace(options.record, options.format.force);
+    }
     Detection found;
     {  // the device gets its parameters back before anything is printed
         SerialLine line(link.device, link.baud);
         Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
         if (options.probe == 0 || dialogue.Probe(options.probe)) {
-            found = Detect(dialogue, options.like);
+            found = Detect(dialogue, {options.catalogue, options.like, pin ? &*pin : nullptr});
         }
         if (Interruption::Signal() != 0) {
             std::cerr << "velmor: interrupted\n";
             return 128 + Interruption::Signal();  // as shells report a signal
+        }
+        if (record) {
+            record->Write(RecordingOf(dialogue.exchanges(), found.card, line.Gone()));
+            record->Commit();
         }
         if (line.Gone()) {
             throw ToolError(link.device, ": the device is gone");
@@ -74,6 +126,7 @@ int RunDetect(const Options& options) {
                             ": the library repeats failed reads too often; velmor check tells why");
         }
     }
+    found.Keep(options.choice);
     if (options.format.name == "text") {
         PrintDetection(found);
     } else if (options.format.name == "json") {
@@ -95,7 +148,10 @@ void AddDetect(CommandLine& line) {
                  RunDetect);
     AddCatalogue(command, options->catalogue);
     const Subcommand source = command.AddChoice("phone");
-    source.Add("--device", options->link.device, "PATH", "serial device of the phone");
+    source.Add("--device", options->link.device, "PATH",
+               "serial device of the phone; default: the one that answers");
+    source.Add("--search", options->search, "PATTERN",
+               "take the one that answers among these devices; see velmor devices");
     source.Add("--phone", options->profile, "PROFILE", "play this profile instead of a real phone");
     command.Add("--baud", options->link.baud, "N", "speed of the device; default 115200");
     command.Add("--timeout", options->timeout, "SECONDS", "limit for each AT command; default 10")
@@ -104,14 +160,23 @@ void AddDetect(CommandLine& line) {
         .Add("--probe", options->probe, "SECONDS",
              "wait so long for any answer before the detection; default 0.9; 0: do not ask")
         .Between(0.0, 3600.0);
+    command.Add("--record", options->record, "PROFILE",
+                "write the dialogue as a profile that --phone plays");
     command
         .Add("--setting", options->setting, "ID",
              "for ppp and wvdial: use this setting, not the first one")
         .Between(1L, long{INT32_MAX});
+    command.Add("--apn", options->choice.apn, "NAME", "only settings with this access point");
+    command
+        .Add("--contract", options->choice.contract, "KIND",
+             "only settings for this contract: prepaid or postpaid")
+        .OneOf({"prepaid", "postpaid"});
     command
         .Add("--like", options->like, "ID",
              "dial a phone that is not known like this one of the catalogue")
         .Between(1L, long{INT32_MAX});
+    command.Add("--pin-file", options->pinFile, "FILE",
+                "unlock the SIM card with the PIN in this file, which only you may read");
     command.AddFlag("-v,--verbose", options->verbose,
                     "show the dialogue even when standard error is not a terminal");
     AddFormat(command, options->format);

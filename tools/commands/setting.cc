@@ -5,6 +5,8 @@
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
 #include "commands/dialer_output.h"
+#include "diagnosis/detection.h"
+#include "support/display.h"
 #include "support/error.h"
 #include "support/private_copy.h"
 
@@ -21,12 +23,18 @@ struct Options {
 };
 
 int ShowSetting(const Options& options) {
+    RefuseIgnored(options.format, {{"--device", "ppp or wvdial"}, {"--baud", "ppp or wvdial"}});
     const PrivateSession session(options.catalogue);
     Velmor_DUNSetting setting;
     const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &setting) == 0 &&
                        !HostText(setting.DialString).empty();
     if (setting.aBasicDUNSettingId < 0) {
-        throw ToolError(options.catalogue, ": has no setting ", options.setting);
+        throw ToolError(options.catalogue, ": has no setting ", options.setting,
+                        "; velmor settings lists those of a country");
+    }
+    if (!ready && PhoneDescription(options.phone).empty()) {
+        throw ToolError(options.catalogue, ": has no phone ", options.phone,
+                        "; velmor phones lists them");
     }
     if (options.format.name == "json") {
         PrintJson(DescribeSetting(setting, ready));
@@ -36,8 +44,8 @@ int ShowSetting(const Options& options) {
         WriteDialerFiles(setting, options.link, options.format);
     }
     if (!ready) {
-        std::cerr << "velmor: " << options.catalogue << ": does not say how phone " << options.phone
-                  << " dials with setting " << options.setting << "\n";
+        std::cerr << "velmor: " << Visible(options.catalogue) << ": does not say how phone "
+                  << options.phone << " dials with setting " << options.setting << "\n";
     }
     return ready ? kExitOk : kExitFindings;
 }

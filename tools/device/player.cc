@@ -14,6 +14,7 @@
 #include <cstring>
 
 #include "support/error.h"
+#include "support/input_file.h"
 #include "support/interruption.h"
 
 namespace tool {
@@ -76,7 +77,9 @@ void PhonePlayer::Listen() {
         if (c == '\r') {
             log_.Command(command_);
             command_.clear();
-            due_ = log_.Seconds() + phone_.profile().delay / 1000.0;
+            if (!phone_.Pending()) {  // a second command does not put off the first answer
+                due_ = log_.Seconds() + phone_.profile().delay / 1000.0;
+            }
         }
     }
     phone_.Receive(heard);
@@ -99,7 +102,7 @@ void PhonePlayer::Speak() {
 }
 
 PlayedPhone::PlayedPhone(const std::string& profile) {
-    PhonePlayer player(ReadProfile(profile), true);
+    PhonePlayer player(ParseProfile(ReadInput(profile), profile), true);
     device_ = player.device();
     const pid_t parent = getpid();
     process_ = fork();

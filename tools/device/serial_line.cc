@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "device/device_users.h"
 #include "support/error.h"
 #include "support/interruption.h"
 
@@ -40,7 +41,7 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     // O_NONBLOCK: open would wait for a carrier.
     descriptor_ = open(device.get(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor_ < 0 && errno == EBUSY) {
-        throw ToolError(device.get(), ": in use by another program");
+        throw DeviceInUse(device.get(), ": ", InUseBy(FindDeviceUser(device.get())));
     }
     if (descriptor_ < 0) {
         throw ToolError(device.get(), ": cannot be opened: ", std::strerror(errno));
@@ -51,8 +52,14 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     // pppd and minicom look at the lock file, other programs at flock. The lock file comes first,
     // because its error names the process. MakeRaw adds exclusive use: any other open then fails.
     lock_ = std::make_unique<UucpLock>(device.get());
-    if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-        throw ToolError(path, ": in use by another program");
+    // Root may open a device that is in exclusive use. Where the request is not known, as under an
+    // emulator, the device counts as free.
+    int exclusive = 0;
+    if (ioctl(descriptor_, TIOCGEXCL, &exclusive) != 0) {
+        exclusive = 0;
+    }
+    if (exclusive != 0 || flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
+        throw DeviceInUse(device.get(), ": ", InUseBy(FindDeviceUser(device.get())));
     }
     MakeRaw(path, baud);
 }
@@ -68,12 +75,17 @@ SerialLine::~SerialLine() {
     }
 }
 
-void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
+speed_t SerialLine::Speed(unsigned baud) {
     const auto* speed = std::find_if(std::begin(kSpeeds), std::end(kSpeeds),
                                      [&](const auto& row) { return row.baud == baud; });
     if (speed == std::end(kSpeeds)) {
         throw ToolError("--baud ", baud, ": is not a speed of serial devices");
     }
+    return speed->speed;
+}
+
+void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
+    const speed_t speed = Speed(baud);
     if (tcgetattr(descriptor_, &saved_) != 0) {
         throw ToolError(path, ": the line parameters cannot be read: ", std::strerror(errno));
     }
@@ -86,7 +98,7 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     raw.c_cflag |= CLOCAL | CREAD;
     raw.c_cc[VMIN] = 1;
     raw.c_cc[VTIME] = 0;
-    cfsetspeed(&raw, speed->speed);
+    cfsetspeed(&raw, speed);
     ioctl(descriptor_, TIOCEXCL);
     changed_ = true;
     if (tcsetattr(descriptor_, TCSAFLUSH, &raw) != 0) {

@@ -22,6 +22,9 @@ class SerialLine {
     SerialLine(const SerialLine&) = delete;
     SerialLine& operator=(const SerialLine&) = delete;
 
+    // Throws a ToolError when serial devices have no such speed.
+    static speed_t Speed(unsigned baud);
+
     // Reads a byte. Returns false when none comes within `milliseconds`.
     bool Read(char& byte, int milliseconds);
     // Discards what was received, then writes. Returns the bytes written within `milliseconds`.

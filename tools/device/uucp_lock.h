@@ -9,6 +9,10 @@ namespace tool {
 // /var/lock/LCK..ttyS0 with the process number in it. The constructor takes over a lock whose
 // process has ended. It throws a ToolError when another process holds the lock. There is no lock
 // where lock files cannot be written: users of a device need no permission to write there.
+//
+// A lock file without the number of a process may be one that a program is just writing. It counts
+// as a lock for a minute. It is never deleted, because nobody can tell whose it is: after the
+// minute the device is used without a lock file.
 class UucpLock {
   public:
     // `device`: the path without symbolic links.
@@ -16,6 +20,9 @@ class UucpLock {
     ~UucpLock();
     UucpLock(const UucpLock&) = delete;
     UucpLock& operator=(const UucpLock&) = delete;
+
+    // Why a lock file forbids the use of a device now; empty when none does. Changes nothing.
+    static std::string Reason(const std::string& device);
 
   private:
     std::string path_;  // empty: no lock

@@ -5,10 +5,14 @@
 #include <map>
 #include <set>
 
+#include "catalogue/identifiers.h"
+#include "catalogue/mcc.h"
 #include "catalogue/source_writer.h"
 #include "session/rows.h"
 #include "session/schema.h"
+#include "session/setting.h"
 #include "storage/catalogue_format.h"
+#include "support/input_file.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -37,13 +41,21 @@ std::string Cell(const vel::RowView& row, const char* column) {
     return FromLibrary(row.Text(column));
 }
 
-// A positive number that is not yet an identifier in the table.
+// A number that is not yet an identifier in the table, and never was one as far as the catalogue
+// remembers: it is above all others, if a higher one exists.
 std::string FreeId(const char* table) {
     std::set<std::string> taken;
+    std::int64_t highest = 0;
     for (const auto& row : RowList(table)) {
         taken.insert(Cell(row, schema::kID));
+        highest = std::max(highest, IdentifierNumber(Cell(row, schema::kID)));
     }
-    std::size_t id = taken.size() + 1;
+    if (const char* variable = HighestVariable(table)) {
+        const Velmor::Table variables = Table(schema::kGeneralVariables);
+        const vel::String value = vel::Setting(variables).get_Setting(variable);
+        highest = std::max(highest, IdentifierNumber(FromLibrary(value)));
+    }
+    std::int64_t id = highest < kHighestIdentifier ? highest + 1 : 1;
     while (taken.count(std::to_string(id)) != 0) {
         ++id;
     }
@@ -70,39 +82,39 @@ std::string NameFrom(std::string answer) {
 // Collects the advised lines.
 class Adviser {
   public:
-    Adviser(const Velmor& session, const Identification& found)
-        : session_(session), found_(found) {}
+    Adviser(const Velmor& session, const Identification& found, const std::string& catalogue)
+        : session_(session), found_(found), catalogue_(catalogue) {}
 
     std::vector<AdvisedLine> Lines() {
         std::string phoneId = FromLibrary(session_.detectedPhoneId);
         if (found_.phone.IsUsable() && (phoneId.empty() || IsModelHidden())) {
             phoneId = AddPhone();
+        } else if (phoneId.empty() && found_.manufacturer.IsUsable()) {
+            phoneId = AddPhoneWithoutModel();
         }
         std::string networkId = FromLibrary(session_.detectedNetworkId);
         if (networkId.empty() && found_.network.IsUsable()) {
             networkId = AddNetwork();
         }
         if (!networkId.empty() && vel::CountOf(session_.detectedSettings) == 0) {
-            Add(schema::kBasicDUNSettings,
-                {{schema::kID, FreeId(schema::kBasicDUNSettings)},
-                 {schema::kNetworkID, networkId},
-                 {schema::kName, NetworkName()},
-                 {schema::kAPN, kAdvisedApn},
-                 {schema::kCountryID,
-                  Cell(vel::RowAt(Table(schema::kCountries), 0), schema::kID)}});
+            Add(schema::kBasicDUNSettings, {{schema::kID, FreeId(schema::kBasicDUNSettings)},
+                                            {schema::kNetworkID, networkId},
+                                            {schema::kName, NetworkName()},
+                                            {schema::kAPN, kAdvisedApn},
+                                            {schema::kCountryID, Country()}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);
         }
         for (const std::string& name : begun_) {
-            lines_.push_back({name, SourceLine({vel::kTableEnd})});
+            lines_.push_back({name, SourceLine({vel::kTableEnd}), ""});
         }
         return std::move(lines_);
     }
 
   private:
     // Adds a row with these values, in the order of the table's columns.
-    void Add(const char* name, const Values& values) {
+    void Add(const char* name, const Values& values, const std::string& before = "") {
         const Velmor::Table table = Table(name);
         std::vector<std::string> columns;
         if (table) {
@@ -115,9 +127,9 @@ class Adviser {
         const std::string row = SourceLine(InColumns(columns, values));
         if (!table && begun_.insert(name).second) {
             columns.insert(columns.begin(), {vel::kTableBegin, name});
-            lines_.push_back({name, SourceLine(columns)});
+            lines_.push_back({name, SourceLine(columns), ""});
         }
-        lines_.push_back({name, row});
+        lines_.push_back({name, row, before});
     }
 
     // Whether the phone was found by a row without an answer, although it named a model that has no
@@ -162,6 +174,52 @@ class Adviser {
         return phoneId;
     }
 
+    // A row without an answer finds a phone that named only its maker. It belongs to a manufacturer
+    // of its own where the line says more than the pattern that it matched: a model, or a label.
+    // There the whole line is a pattern and has to come first.
+    std::string AddPhoneWithoutModel() {
+        const std::string& key = found_.manufacturer.key;
+        const std::string name = NameFrom(found_.manufacturer.answer);
+        const std::size_t digit = name.find_first_of("0123456789");
+        const std::size_t blank = name.rfind(' ', digit);
+        const bool hasModel = digit != std::string::npos && blank != std::string::npos;
+        const auto [pattern, line] = MatchedPattern();
+        std::string maker = found_.manufacturerId;
+        std::string phoneMaker = maker;
+        if (maker.empty() || (key != pattern && (hasModel || name != found_.manufacturer.answer))) {
+            maker = FreeId(schema::kManufacturers);
+            const auto known = vel::RowById(session_.manufacturers, ToLibrary(phoneMaker));
+            Add(schema::kManufacturers,
+                {{schema::kID, maker},
+                 {schema::kName, known ? Cell(known, schema::kName)
+                                       : name.substr(0, hasModel ? blank : name.size())}});
+            Add(schema::kManufacturerIdentification,
+                {{schema::kManufacturerResponse, key}, {schema::kManufacturerID, maker}}, line);
+            phoneMaker = phoneMaker.empty() ? maker : phoneMaker;
+        }
+        std::string phoneId = FreeId(schema::kPhones);
+        Add(schema::kPhones, {{schema::kID, phoneId},
+                              {schema::kName, hasModel ? name.substr(blank + 1) : "unnamed model"},
+                              {schema::kManufacturerID, phoneMaker}});
+        Add(schema::kPhoneIdentification,
+            {{schema::kManufacturerID, maker}, {schema::kPhoneID, phoneId}});
+        return phoneId;
+    }
+
+    // The pattern that found the manufacturer, and its line; empty when none did.
+    std::pair<std::string, std::string> MatchedPattern() const {
+        Findings ignored;
+        const Catalogue catalogue = ReadCatalogue(ReadInput(catalogue_), ignored);
+        const CatalogueTable& table = catalogue.Table(schema::kManufacturerIdentification);
+        const int column = table.Column(schema::kManufacturerResponse);
+        for (const CatalogueRow& row : table.rows) {
+            if (found_.manufacturer.key.find(row.Cell(column)) != std::string::npos) {
+                return {row.Cell(column), row.text};
+            }
+        }
+        return {};
+    }
+
     std::string AddNetwork() {
         std::string networkId = FreeId(schema::kNetworks);
         Add(schema::kNetworks, {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
@@ -196,6 +254,19 @@ class Adviser {
         }
     }
 
+    // The country of the network's number. A number of no country, and a name, give the first one.
+    std::string Country() {
+        std::string code = CountryOfMcc(found_.network.answer);
+        const Velmor::Table countries = Table(schema::kCountries);
+        if (code.empty()) {
+            return Cell(vel::RowAt(countries, 0), schema::kID);
+        }
+        if (!vel::RowById(countries, ToLibrary(code))) {
+            Add(schema::kCountries, {{schema::kID, code}, {schema::kName, code}});
+        }
+        return code;
+    }
+
     // The type of the first network. Most catalogues have only one type.
     std::string CommonType() const {
         const auto row = vel::RowAt(Table(schema::kNetworks), 0);
@@ -209,14 +280,15 @@ class Adviser {
 
     const Velmor& session_;
     const Identification& found_;
+    const std::string& catalogue_;
     std::vector<AdvisedLine> lines_;
     std::set<std::string> begun_;  // the missing tables that have their first marker
 };
 
 }  // namespace
 
-std::vector<AdvisedLine> Advise(const Identification& found) {
-    return Adviser(*Velmor::getVelmor(), found).Lines();
+std::vector<AdvisedLine> Advise(const Identification& found, const std::string& catalogue) {
+    return Adviser(*Velmor::getVelmor(), found, catalogue).Lines();
 }
 
 }  // namespace tool

@@ -2,6 +2,7 @@
 #include "diagnosis/detection.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "catalogue/catalogue.h"
 #include "catalogue/setting_format.h"
@@ -9,6 +10,7 @@
 #include "session/rows.h"
 #include "session/schema.h"
 #include "session/setting.h"
+#include "support/error.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -16,6 +18,9 @@ namespace tool {
 namespace schema = vel::schema;
 
 namespace {
+
+// The limit of the answer to a command that prepares the phone, in seconds.
+constexpr double kPreparation = 3;
 
 // Adds what the exported functions do not tell: the network, and the manufacturer of a phone that
 // is not in the catalogue.
@@ -53,6 +58,58 @@ void DialLike(Detection& found, long phoneId) {
     }
 }
 
+// The longest number among those that a setting serves with which the subscriber's begins.
+std::string OwnNumber(const Detection::Setting& setting, const std::string& digits) {
+    const vel::String id = vel::String::FromLong(setting.values.aBasicDUNSettingId);
+    const auto row = vel::RowById(Velmor::getVelmor()->basicDUNSettings, id);
+    std::istringstream numbers(FromLibrary(row.Text(kNumbers)));
+    std::string longest;
+    for (std::string number; numbers >> number;) {
+        if (number.size() > longest.size() && digits.compare(0, number.size(), number) == 0) {
+            longest = number;
+        }
+    }
+    return longest;
+}
+
+// Operators can share a network's key, the first digits. The settings for the whole number come
+// first.
+void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& digits) {
+    for (Detection::Setting& setting : settings) {
+        setting.number = OwnNumber(setting, digits);
+    }
+    std::stable_sort(settings.begin(), settings.end(),
+                     [](const Detection::Setting& a, const Detection::Setting& b) {
+                         return a.number.size() > b.number.size();
+                     });
+}
+
+bool IsWanted(const Velmor_DUNSetting& setting, const Choice& choice) {
+    // A setting can be for both contracts: prepaid+postpaid.
+    return (choice.apn.empty() ||
+            InSmallLetters(HostText(setting.APN)) == InSmallLetters(choice.apn)) &&
+           (choice.contract.empty() ||
+            ("+" + HostText(setting.ContractType) + "+").find("+" + choice.contract + "+") !=
+                std::string::npos);
+}
+
+// Puts the phone into the state that the library needs. Without echo it reads no line of ATI, and a
+// line such as +CME ERROR: 11 does not end an answer for it.
+void Prepare(Dialogue& dialogue, const PinFile* pin) {
+    if (dialogue.Ask("ATE1", kPreparation).empty()) {
+        return;
+    }
+    dialogue.Ask("AT+CMEE=0", kPreparation);
+    if (pin != nullptr) {
+        UnlockSimCard(dialogue, *pin);
+    }
+}
+
+// Whether the phone sent more than the echo of the command.
+bool SaysMore(const Exchange& exchange) {
+    return !exchange.answer.empty() && exchange.answer != exchange.command;
+}
+
 }  // namespace
 
 std::string PhoneDescription(long id) {
@@ -79,15 +136,32 @@ const Detection::Setting* Detection::Find(long id) const {
     return setting == settings.end() ? nullptr : &*setting;
 }
 
-Detection Detect(Dialogue& dialogue, long like) {
+void Detection::Keep(const Choice& choice) {
+    std::string others;
+    for (const Detection::Setting& setting : settings) {
+        const std::string contract = HostText(setting.values.ContractType);
+        others += Concat(others.empty() ? "" : ", ", HostText(setting.values.APN),
+                         contract.empty() ? "" : " (" + contract + ")");
+    }
+    settings.erase(std::remove_if(settings.begin(), settings.end(),
+                                  [&](const Detection::Setting& setting) {
+                                      return !IsWanted(setting.values, choice);
+                                  }),
+                   settings.end());
+    if (settings.empty() && !others.empty()) {
+        throw ToolError("no setting of this network fits --apn or --contract; it has ", others);
+    }
+}
+
+Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
     Detection found;
     char maker[1024];
     char phone[1024];
+    Prepare(dialogue, plan.pin);
     Velmor_DetectPhoneAndNetwork(0, maker, sizeof maker, phone, sizeof phone);
     dialogue.End();
     found.dialogue = dialogue.exchanges();
-    found.answered = std::any_of(found.dialogue.begin(), found.dialogue.end(),
-                                 [](const Exchange& exchange) { return !exchange.answer.empty(); });
+    found.answered = std::any_of(found.dialogue.begin(), found.dialogue.end(), SaysMore);
     found.phoneId = Velmor_GetDetectedPhone(0, phone, sizeof phone, maker, sizeof maker);
     found.phone = HostText(phone);
     found.manufacturer = HostText(maker);
@@ -96,14 +170,18 @@ Detection Detect(Dialogue& dialogue, long like) {
     for (long i = 0; i < count; ++i) {
         Detection::Setting setting;
         setting.ready = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting.values) == 0;
-        found.settings.push_back(setting);
+        found.settings.push_back(std::move(setting));
     }
     if (found.phoneId < 0 && !found.settings.empty()) {
-        DialLike(found, like == 0 ? UnknownPhone() : like);
+        DialLike(found, plan.like == 0 ? UnknownPhone() : plan.like);
     }
     found.identification = Identify(found.dialogue);
+    PutOwnFirst(found.settings, found.identification.digits);
     AddFromSession(found);
-    found.advice = Advise(found.identification);
+    if (found.answered && found.networkId.empty() && !dialogue.IsOver()) {
+        found.card = AskSimCard(dialogue);
+    }
+    found.advice = Advise(found.identification, plan.catalogue);
     return found;
 }
 

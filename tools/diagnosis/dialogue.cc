@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "foundation/number.h"
+#include "session/schema.h"
+#include "session/setting.h"
 #include "support/interruption.h"
 
 namespace tool {
@@ -19,6 +22,9 @@ constexpr int kProbes = 3;
 constexpr double kSilence = 0.3;
 constexpr double kMostTalk = 3;
 
+// A wait is shown after each second.
+constexpr double kStep = 1;
+
 // How long the library may repeat reads of a command that is over, in seconds.
 constexpr double kPatience = 0.5;
 
@@ -28,10 +34,42 @@ struct Abandoned {};
 
 Dialogue* current = nullptr;  // the callbacks have no argument for it
 
+double WaitOf(long timeout) {
+    return (timeout < 0 ? kDefaultWait : static_cast<double>(timeout)) / 1000;
+}
+
+// How long the library of this session waits for a byte.
+double Patience() {
+    const Velmor::Table variables = Velmor::getVelmor()->FetchTable(vel::schema::kGeneralVariables);
+    const vel::Setting setting(variables);
+    const auto number = [&](const char* name) {
+        return vel::ReadNumber(setting.get_Setting(name).c_str(), -1);
+    };
+    return (1.0 + std::max(number(vel::schema::kAtRetry), 0)) *
+           WaitOf(number(vel::schema::kAtTimeOut));
+}
+
+bool BeginsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
+// Whether the last line of an answer is complete and a final result code (ITU-T V.250, 3GPP TS
+// 27.007 and 27.005).
+bool IsFinal(const std::string& answer) {
+    if (answer.empty() || answer.back() != '\n') {
+        return false;
+    }
+    const std::size_t end = answer.find_last_not_of("\r\n") + 1;
+    const std::size_t start = answer.find_last_of("\r\n", end - 1) + 1;
+    const std::string line = end == 0 ? "" : answer.substr(start, end - start);
+    return line == "OK" || line == "ERROR" || line == "COMMAND NOT SUPPORT" ||
+           BeginsWith(line, "+CME ERROR:") || BeginsWith(line, "+CMS ERROR:");
+}
+
 }  // namespace
 
 Dialogue::Dialogue(SerialLine& line, double secondsPerCommand, bool silent)
-    : line_(line), limit_(secondsPerCommand), log_(silent) {
+    : line_(line), limit_(secondsPerCommand), patience_(Patience()), log_(silent) {
     current = this;
 }
 
@@ -43,13 +81,61 @@ bool Dialogue::IsOver() const {
     return Interruption::Signal() != 0 || line_.Gone();
 }
 
-bool Dialogue::Listen(double seconds) {
-    char byte = 0;
-    if (IsOver() || !line_.Read(byte, static_cast<int>(seconds * 1000))) {
-        return false;
+bool Dialogue::Write(const std::string& command) {
+    return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();
+}
+
+bool Dialogue::Await(char& byte, double seconds, double total) {
+    const double start = log_.Seconds();
+    for (double passed = 0; !IsOver(); passed = log_.Seconds() - start) {
+        const double left = seconds - passed;
+        if (line_.Read(byte, static_cast<int>(std::clamp(left, 0.0, kStep) * 1000))) {
+            return true;
+        }
+        log_.Waiting(total - (log_.Seconds() - start));
+        if (left <= kStep) {
+            break;
+        }
     }
-    log_.Answer(byte);
-    return true;
+    return false;
+}
+
+bool Dialogue::Listen(double seconds, double total) {
+    char byte = 0;
+    const bool heard = Await(byte, seconds, total);
+    if (heard) {
+        log_.Answer(byte);
+    }
+    return heard;
+}
+
+void Dialogue::Pause(double seconds) {
+    const double end = log_.Seconds() + seconds;
+    while (log_.Seconds() < end && !IsOver()) {
+        Listen(end - log_.Seconds(), 0);
+    }
+    log_.EndAnswer();
+}
+
+std::string Dialogue::Ask(const std::string& command, double seconds, const char* shown) {
+    log_.Command(shown == nullptr ? command : shown);
+    Write(command + "\r");
+    const double end = log_.Seconds() + seconds;
+    std::string answer;
+    while (!IsFinal(answer) && answer.size() < kMostBytes && log_.Seconds() < end + kMostTalk) {
+        // Also after the end: a late answer must not be taken for the next one.
+        const double left = std::max(end - log_.Seconds(), kSilence);
+        char byte = 0;
+        if (!Await(byte, left, left)) {
+            break;
+        }
+        answer += byte;
+        if (shown == nullptr) {
+            log_.Answer(byte);
+        }
+    }
+    log_.EndAnswer();
+    return answer;
 }
 
 bool Dialogue::Probe(double seconds) {
@@ -57,11 +143,21 @@ bool Dialogue::Probe(double seconds) {
     bool answered = false;
     for (int i = 0; i < kProbes && !answered && !IsOver(); ++i) {
         log_.Command(command);
-        line_.Write(command, static_cast<int>(limit_ * 1000));
-        answered = Listen(seconds / kProbes);
+        Write(command);
+        // A line can send back the echo although nothing takes commands.
+        const double end = log_.Seconds() + seconds / kProbes;
+        std::size_t echo = 0;
+        for (double left = seconds / kProbes; left > 0 && !answered; left = end - log_.Seconds()) {
+            char byte = 0;
+            if (!Await(byte, left, left + seconds * (kProbes - 1 - i) / kProbes)) {
+                break;
+            }
+            log_.Answer(byte);
+            answered = echo == command.size() || byte != command[echo++];
+        }
     }
     const double heard = log_.Seconds();
-    while (answered && log_.Seconds() - heard < kMostTalk && Listen(kSilence)) {
+    while (answered && log_.Seconds() - heard < kMostTalk && Listen(kSilence, 0)) {
     }
     log_.EndAnswer();
     return answered;
@@ -80,8 +176,7 @@ long Dialogue::Send(const char* buffer, long length) {
 bool Dialogue::ReadByte(char& byte, long timeout) {
     Exchange& exchange = exchanges_.back();
     const double now = log_.Seconds();
-    const double left = (exchange.sent + limit_ - now) * 1000;
-    const double wait = std::min(timeout < 0 ? kDefaultWait : static_cast<double>(timeout), left);
+    const double left = exchange.sent + limit_ - now;
     if (left <= 0 || exchange.answer.size() >= kMostBytes || IsOver()) {
         overSince_ = overSince_ < 0 ? now : overSince_;
         abandoned_ = Interruption::Signal() != 0 || now - overSince_ > kPatience;
@@ -90,7 +185,8 @@ bool Dialogue::ReadByte(char& byte, long timeout) {
         }
         return false;
     }
-    if (!line_.Read(byte, static_cast<int>(wait))) {
+    const double total = std::min(exchange.answered + patience_ - now, left);
+    if (!Await(byte, std::min(WaitOf(timeout), left), total)) {
         return false;
     }
     exchange.answer += byte;
@@ -106,7 +202,7 @@ bool Dialogue::SendCommand(const std::string& command) {
     overSince_ = -1;
     log_.Command(command);
     exchanges_.push_back({command, "", log_.Seconds(), log_.Seconds()});
-    return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();
+    return Write(command);
 }
 
 }  // namespace tool

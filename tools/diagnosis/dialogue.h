@@ -30,10 +30,22 @@ class Dialogue {
     static long Read(char* buffer, long count, long timeout);
     static long Send(const char* buffer, long length);
 
-    // Asks AT up to three times within these seconds until the phone sends anything, then reads
+    // Asks AT up to three times within these seconds until more than the echo comes, then reads
     // until it is silent: a late answer must not be taken for the next one. Returns whether any
     // byte came. Not one of the exchanges.
     bool Probe(double seconds);
+
+    // Sends a command of the host's own, without its carriage return. Returns all that the phone
+    // sends up to a final result code, or until the seconds are over and it is silent. `shown`
+    // stands for a command with a secret in the log, which then leaves out the answer. Not one of
+    // the exchanges.
+    std::string Ask(const std::string& command, double seconds, const char* shown = nullptr);
+
+    // Reads what arrives in these seconds, of no use for anything.
+    void Pause(double seconds);
+    double Seconds() const { return log_.Seconds(); }
+    // Whether the detection has to end: a signal came, or the device is gone.
+    bool IsOver() const;
 
     // Shows the rest of the last answer.
     void End() { log_.EndAnswer(); }
@@ -43,13 +55,17 @@ class Dialogue {
 
   private:
     bool ReadByte(char& byte, long timeout);
-    // Reads a byte that belongs to no exchange.
-    bool Listen(double seconds);
-    bool IsOver() const;
     bool SendCommand(const std::string& command);
+    // Writes a command within the limit. Returns whether the line took all of it.
+    bool Write(const std::string& command);
+    // Reads a byte within the seconds. On a terminal it shows the seconds that are left of `total`.
+    bool Await(char& byte, double seconds, double total);
+    // Reads and shows a byte that belongs to no exchange.
+    bool Listen(double seconds, double total);
 
     SerialLine& line_;
     double limit_;
+    double patience_;  // how long the library waits for a byte, in seconds
     DialogueLog log_;
     std::vector<Exchange> exchanges_;
     double overSince_ = -1;  // when the command was first over; negative: it is not

@@ -17,6 +17,9 @@ namespace schema = vel::schema;
 
 namespace {
 
+// The most digits of an IMSI that name a network (3GPP TS 23.003). The library looks at five.
+constexpr std::size_t kMostNetworkDigits = 6;
+
 // What the library reads from an answer.
 struct Answer {
     bool ok = false;  // whether it ended with OK
@@ -103,10 +106,20 @@ std::string ManufacturerId(const std::vector<Exchange>& dialogue) {
 // operator's name follows them.
 void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogue) {
     const std::string imsi = AnswerTo(vel::kImsiQuestion, dialogue).line;
-    const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));
     const std::string answer = AnswerTo(vel::kOperatorQuestion, dialogue).line;
     const std::string name = FromLibrary(vel::OperatorName(ToLibrary(answer)));
     found.operatorName = SaysSomething(name, "") ? name : "";
+    found.digits = IsDigits(found.operatorName) ? found.operatorName : "";
+    if (BeginsWith(imsi, "+CME ERROR:") || BeginsWith(imsi, "+CMS ERROR:")) {
+        return;  // the library takes the number of the error for digits
+    }
+    const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));
+    if (digits.size() == vel::kImsiDigits) {
+        std::string all = imsi;
+        all.erase(std::remove_if(all.begin(), all.end(), [](char c) { return c < '0' || c > '9'; }),
+                  all.end());
+        found.digits = all.substr(0, kMostNetworkDigits);
+    }
     const std::string key = KeyOf(digits, schema::kNetworkRecipe);
     if (digits.size() == vel::kImsiDigits) {
         found.network = {digits, key};

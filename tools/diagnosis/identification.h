@@ -22,6 +22,7 @@ struct Identification {
     Clue phone;
     Clue network;
     std::string operatorName;  // may be empty
+    std::string digits;        // up to six of the IMSI, else of an operator told as a number
 };
 
 // Reads the dialogue of a detection as the library did, with the catalogue of its session.

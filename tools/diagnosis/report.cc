@@ -5,6 +5,7 @@
 #include <set>
 
 #include "catalogue/setting_format.h"
+#include "support/display.h"
 
 namespace tool {
 namespace {
@@ -26,10 +27,11 @@ void PrintAdvice(const Detection& found) {
         std::cout
             << "\nThe phone answered nothing. Is it on? Is this the device that takes commands?\n"
                "Many phones have several devices.\n";
-    } else if (!found.identification.network.IsUsable() && found.networkId.empty()) {
-        std::cout
-            << "\nThe phone did not name its network. Is the SIM card inserted and unlocked?\n"
-               "Is the phone registered with its operator?\n";
+    } else if (!found.identification.network.IsUsable() && found.networkId.empty() &&
+               (found.card.words.empty() || found.card.IsReady())) {
+        std::cout << "\nThe phone did not name its network. "
+                  << (found.card.IsReady() ? "" : "Is the SIM card inserted and unlocked?\n")
+                  << "Is the phone registered with its operator?\n";
     }
     if (found.answered && found.phoneId < 0 && !found.identification.phone.IsUsable()) {
         std::cout
@@ -46,9 +48,14 @@ void PrintAdvice(const Detection& found) {
     std::set<std::string> done;
     for (const AdvisedLine& first : found.advice) {
         if (done.insert(first.table).second) {
-            std::cout << "\nTable " << first.table << ":\n";
+            std::cout << "\nTable " << Visible(first.table) << ":\n";
             for (const AdvisedLine& line : found.advice) {
-                std::cout << (line.table == first.table ? line.line + "\n" : "");
+                if (line.table == first.table) {
+                    std::cout << Visible(line.line) << "\n"
+                              << (line.before.empty()
+                                      ? ""
+                                      : "  before the line " + Visible(line.before) + "\n");
+                }
             }
         }
     }
@@ -63,7 +70,7 @@ Json DescribeClue(const Clue& clue) {
 void PrintDetection(const Detection& found) {
     const Identification& identification = found.identification;
     const bool phone = found.phoneId >= 0;
-    PrintAligned({
+    std::vector<TextRow> rows = {
         KnownRow("Manufacturer", found.manufacturer, identification.manufacturer),
         KnownRow("Phone",
                  phone ? found.phone + " (" + std::to_string(found.phoneId) + ")" : std::string(),
@@ -71,10 +78,18 @@ void PrintDetection(const Detection& found) {
         KnownRow("Network",
                  found.networkId.empty() ? "" : found.networkType + " (" + found.networkId + ")",
                  identification.network),
-    });
+    };
+    if (!found.card.words.empty()) {
+        rows.push_back({"SIM card", found.card.words});
+    }
+    PrintAligned(rows);
     for (const Detection::Setting& setting : found.settings) {
         std::cout << "\n";
-        PrintAligned(SettingRows(setting.values));
+        std::vector<TextRow> settingRows = SettingRows(setting.values);
+        if (!setting.number.empty()) {
+            settingRows.insert(settingRows.begin() + 1, {"  for the number", setting.number});
+        }
+        PrintAligned(settingRows);
         if (!setting.ready) {
             std::cout
                 << "  The library has no dial strings for this phone and network; velmor check may"
@@ -100,13 +115,23 @@ void PrintDetectionJson(const Detection& found) {
     json["network"]["id"] = found.networkId;
     json["network"]["type"] = found.networkType;
     json["network"]["operator"] = identification.operatorName;
+    if (!found.card.words.empty()) {
+        json["sim"] = {
+            {"state", found.card.state}, {"answer", found.card.answer}, {"text", found.card.words}};
+    }
     json["settings"] = Json::array();
     for (const Detection::Setting& setting : found.settings) {
         json["settings"].push_back(DescribeSetting(setting.values, setting.ready));
+        if (!setting.number.empty()) {
+            json["settings"].back()["number"] = setting.number;
+        }
     }
     json["advice"] = Json::array();
     for (const AdvisedLine& line : found.advice) {
         json["advice"].push_back({{"table", line.table}, {"line", line.line}});
+        if (!line.before.empty()) {
+            json["advice"].back()["before"] = line.before;
+        }
     }
     json["dialogue"] = Json::array();
     for (const Exchange& exchange : found.dialogue) {

@@ -3,8 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
-#include <iterator>
+#include <cstring>
 #include <set>
 #include <sstream>
 #include <stdexcept>
@@ -101,19 +100,22 @@ class Parser {
         }
         std::size_t at = colon + 1;
         const char kind = at < line.size() ? line[at] : '\0';
-        at += kind == '=' || kind == '<' || kind == '>' ? 1 : 0;
+        at += kind != '\0' && std::strchr("=<>!", kind) != nullptr ? 1 : 0;
         at += at < line.size() && line[at] == ' ' ? 1 : 0;
         const std::string text = Unescaped(line.substr(std::min(at, line.size())));
-        std::vector<Profile::Answer>& answers = profile_.answers[Trimmed(line.substr(0, colon))];
+        std::vector<Profile::Answer>& answers =
+            profile_.answers[ProfileCommand(line.substr(0, colon))];
         if (kind == '=') {
-            answers.push_back({"", text, ""});
-        } else if (kind != '<' && kind != '>') {
+            answers.push_back({"", text, "", false});
+        } else if (kind != '<' && kind != '>' && kind != '!') {
             if (text.empty()) {
                 Fail("no answer; \":=\" alone makes silence");
             }
-            answers.push_back({"", WholeAnswer(text), ""});
+            answers.push_back({"", WholeAnswer(text), "", false});
         } else if (answers.empty()) {
-            Fail("an unsolicited line belongs below an answer");
+            Fail("this line belongs below an answer");
+        } else if (kind == '!') {
+            answers.back().last = true;
         } else {
             (kind == '<' ? answers.back().before : answers.back().after) += text + "\r\n";
         }
@@ -176,17 +178,17 @@ class Parser {
 
 }  // namespace
 
-Profile ParseProfile(const std::string& text, const std::string& name) {
-    return Parser(name).Parse(text);
+std::string ProfileCommand(std::string line) {
+    line.erase(0, line.find_first_not_of(' '));
+    line.erase(line.find_last_not_of(' ') + 1);
+    std::transform(line.begin(), line.end(), line.begin(), [](char c) {
+        return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    });
+    return line == "ATI" ? "ATI0" : line;
 }
 
-Profile ReadProfile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file) {
-        throw std::runtime_error(path + ": cannot be read");
-    }
-    return ParseProfile(text, path);
+Profile ParseProfile(const std::string& text, const std::string& name) {
+    return Parser(name).Parse(text);
 }
 
 }  // namespace tool

@@ -18,6 +18,7 @@ struct Profile {
         std::string before;  // an unsolicited line before the echo
         std::string bytes;   // what follows the echo; empty: silence
         std::string after;   // an unsolicited line after the answer
+        bool last = false;   // the phone disconnects after it
     };
 
     // Only for people.
@@ -46,8 +47,10 @@ struct Profile {
     std::map<std::string, std::vector<Answer>> answers;
 };
 
-// Both throw a std::runtime_error with the name, the line and the reason.
+// The command as profiles write it: in capitals, without outer blanks, ATI as ATI0.
+std::string ProfileCommand(std::string line);
+
+// Throws a std::runtime_error with the name, the line and the reason.
 Profile ParseProfile(const std::string& text, const std::string& name);
-Profile ReadProfile(const std::string& path);
 
 }  // namespace tool

@@ -17,6 +17,7 @@ const struct {
     {"AT", kOk},        {"AT&*", kOk},         {"ATE*", kOk}, {"ATH*", kOk},
     {"ATQ*", kOk},      {"ATS*", kOk},         {"ATV*", kOk}, {"ATX*", kOk},
     {"AT+CFUN=*", kOk}, {"AT+CGDCONT=*", kOk}, {"ATZ*", kOk}, {"ATD*", "\r\nCONNECT\r\n"},
+    {"AT+CMEE=*", kOk},
 };
 
 // Whether a command of a profile stands for the host's command.
@@ -24,16 +25,6 @@ bool Covers(const std::string& pattern, const std::string& command) {
     return pattern == command ||
            (pattern.back() == '*' &&
             command.compare(0, pattern.size() - 1, pattern, 0, pattern.size() - 1) == 0);
-}
-
-// The command as profiles write it: in capitals, without outer blanks, ATI as ATI0.
-std::string Canonical(std::string line) {
-    line.erase(0, line.find_first_not_of(' '));
-    line.erase(line.find_last_not_of(' ') + 1);
-    std::transform(line.begin(), line.end(), line.begin(), [](char c) {
-        return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
-    return line == "ATI" ? "ATI0" : line;
 }
 
 }  // namespace
@@ -58,12 +49,16 @@ std::size_t SimulatedPhone::Receive(const std::string& bytes) {
 }
 
 void SimulatedPhone::Execute(const std::string& line) {
-    const std::string command = Canonical(line);
+    const std::string command = ProfileCommand(line);
     const Profile::Answer answer = Find(command);
     position_ = 0;
     Say(answer.before);
     if (echo_) {
         Say(line + "\r");
+    }
+    // A recording without echo may begin with the answer's text. After an echo, that is a new line.
+    if (echo_ && !profile_.echo && !answer.bytes.empty() && answer.bytes[0] != '\r') {
+        Say("\r\n");
     }
     if (command.empty()) {
         return;
@@ -74,6 +69,7 @@ void SimulatedPhone::Execute(const std::string& line) {
     }
     Say(answer.bytes);
     Say(answer.after);
+    leaving_ = leaving_ || answer.last;
     // A profile can refuse ATE and ATZ; the echo then stays as it is.
     if (answer.bytes == kOk && Covers("ATE*", command)) {
         echo_ = Covers("ATE1*", command);
@@ -99,10 +95,10 @@ Profile::Answer SimulatedPhone::Find(const std::string& command) {
     }
     for (const auto& entry : kBuiltIn) {
         if (Covers(entry.command, command)) {
-            return {"", entry.answer, ""};
+            return {"", entry.answer, "", false};
         }
     }
-    return {"", profile_.unknown, ""};
+    return {"", profile_.unknown, "", false};
 }
 
 void SimulatedPhone::Say(const std::string& bytes) {

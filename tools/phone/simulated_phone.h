@@ -25,7 +25,10 @@ class SimulatedPhone {
     std::optional<char> Next();
     bool Pending() const;
     // Whether the phone has disconnected. It then takes and sends nothing.
-    bool Gone() const { return profile_.disconnect && sent_ >= *profile_.disconnect; }
+    bool Gone() const {
+        return (leaving_ && queue_.empty()) ||
+               (profile_.disconnect && sent_ >= *profile_.disconnect);
+    }
 
     const Profile& profile() const { return profile_; }
 
@@ -47,6 +50,7 @@ class SimulatedPhone {
     std::size_t position_ = 0;  // of the next byte to queue in this answer
     std::size_t sent_ = 0;
     bool flooding_ = false;
+    bool leaving_ = false;  // after what is queued
 };
 
 }  // namespace tool

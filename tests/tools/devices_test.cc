@@ -1,0 +1,302 @@
+// SPDX-License-Identifier: MIT
+// velmor devices, the choice of detect among several devices, and devices that others use. Over
+// pseudo-terminals, with the programs of others.
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <nlohmann/json.hpp>
+
+#include "device/device_users.h"
+#include "device/player.h"
+#include "device/port_search.h"
+#include "device/serial_line.h"
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
+
+using namespace tool;
+
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::seconds;
+
+const std::string kPhone = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999021234567890\n";
+const std::string kSilent = "echo = off\nAT:=\nunknown =\n";
+const std::string kReceiver = "AT:=\nflood = $GPGGA,0\\r\\nOKAY\\r\\n\n";  // a talker
+const std::string kNumbers = "AT:= 0\\r\n";                                // after ATV0
+
+bool Installed(const std::string& program) {
+    const bool installed = Shell("command -v " + program).first == 0;
+    std::cout << (installed ? "" : "left out: " + program + " is not installed\n");
+    return installed;
+}
+
+// Folders like /dev and /sys, with phones that are played.
+class Machine {
+  public:
+    Machine() { fs::create_directories("dev/serial/by-id"); }
+
+    // Adds a port of a USB device, and its link in by-id.
+    void Add(const std::string& name, const std::string& profile, const std::string& device,
+             const std::string& interface, const std::string& product, bool link = false) {
+        WriteFile("profile", profile);
+        phones_.push_back(std::make_unique<PlayedPhone>("profile"));
+        const std::string path = phones_.back()->device();
+        const std::string usb = "sys/devices/usb1/" + device;
+        const std::string tty = usb + "/" + device + ":1." + interface + "/tty/" + name;
+        fs::create_directories(tty);
+        WriteFile(usb + "/idVendor", "1234\n");
+        WriteFile(usb + "/idProduct", "abcd\n");
+        if (!product.empty()) {
+            WriteFile(usb + "/product", product + "\n");
+            WriteFile(usb + "/manufacturer", "Acme\n");
+        }
+        WriteFile(tty + "/../../bInterfaceNumber", interface + "\n");
+        WriteFile(tty + "/address", "00:11:22:33:44:55\n");
+        struct stat status = {};
+        stat(path.c_str(), &status);
+        fs::create_directories("sys/dev/char");
+        fs::create_symlink(fs::absolute(tty), Concat("sys/dev/char/", major(status.st_rdev), ":",
+                                                     minor(status.st_rdev)));
+        fs::create_symlink(path, "dev/" + name);
+        if (link) {
+            fs::create_symlink("../../" + name, "dev/serial/by-id/usb-" + name);
+        }
+    }
+    std::vector<FoundDevice> Search(const std::string& pattern = "") const {
+        PortSearch search;
+        search.pattern = pattern;
+        search.folders = {fs::absolute("dev"), fs::absolute("sys")};
+        return SearchPorts(search);
+    }
+
+  private:
+    std::vector<std::unique_ptr<PlayedPhone>> phones_;
+};
+
+// The name of each device that was found, its state, product and number of ports.
+std::string Told(const std::vector<FoundDevice>& devices) {
+    const char* const states[] = {"answers", "busy", "unusable", "other", "silent", "not asked"};
+    std::set<std::string> lines;  // the numbers of pseudo-terminals decide on the order
+    for (const FoundDevice& device : devices) {
+        lines.insert(Concat(fs::path(device.port.path).filename().string(), " ",
+                            states[static_cast<int>(device.state)], " [", device.port.product, "] ",
+                            device.ports.size(), "\n"));
+    }
+    std::string all;
+    for (const std::string& line : lines) {
+        all += line;
+    }
+    return all;
+}
+
+TEST(Devices, TakesTheLowestInterfaceThatAnswers) {
+    Machine machine;
+    machine.Add("ttyACM0", kPhone, "1-1", "0a", "Acme\x1B[31m Phone", true);
+    machine.Add("ttyACM1", kPhone, "1-1", "02", "Acme\x1B[31m Phone", true);
+    machine.Add("ttyACM2", kSilent, "1-1", "00", "Acme\x1B[31m Phone", true);
+    machine.Add("ttyUSB0", kReceiver, "1-2", "00", "");
+    machine.Add("ttyUSB1", kSilent, "1-3", "00", "Cable");
+    machine.Add("rfcomm0", kPhone, "1-3", "01", "Cable");
+    machine.Add("ttyS0", kPhone, "1-5", "00", "Board");
+    WriteFile("dev/ttyUSB7", "no device");
+    fs::create_symlink("../../ttyACM9", "dev/serial/by-id/usb-gone");
+    const auto start = std::chrono::steady_clock::now();
+    const auto found = machine.Search();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, seconds(5));  // five ports are asked
+    EXPECT_EQ(Told(found),
+              "rfcomm0 not asked [00:11:22:33:44:55] 1\n"
+              "ttyUSB0 other [1234:abcd] 1\n"
+              "ttyUSB1 silent [Acme Cable] 1\n"
+              "usb-ttyACM1 answers [Acme [31m Phone] 3\n");
+    EXPECT_EQ(TheOneThatAnswers(found), fs::absolute("dev/serial/by-id/usb-ttyACM1"));
+    EXPECT_EQ(Told(machine.Search("rfcomm*")), "rfcomm0 answers [00:11:22:33:44:55] 1\n");
+    EXPECT_EQ(TheOneThatAnswers(machine.Search("ttyUSB1")), "");
+    const auto several = machine.Search("{ttyACM1,ttyS0}");
+    try {
+        TheOneThatAnswers(several);
+        FAIL();
+    } catch (const ToolError& error) {
+        const std::string text = error.what();
+        EXPECT_NE(text.find("2 devices answer"), std::string::npos) << text;
+        EXPECT_NE(text.find("/dev/ttyS0  Acme Board"), std::string::npos) << text;
+        EXPECT_NE(text.find("/by-id/usb-ttyACM1  Acme [31m Phone"), std::string::npos) << text;
+    }
+}
+
+// Shell lines that run while phones play the profiles. $1 is the device of the first one, and the
+// file log1 has its dialogue.
+std::string WithPhones(const std::vector<std::string>& profiles, const std::string& lines) {
+    std::string begin, devices = "\nset --", end;
+    for (std::size_t i = 1; i <= profiles.size(); ++i) {
+        const std::string n = std::to_string(i);
+        WriteFile("profile" + n, profiles[i - 1]);
+        begin += Concat("rm -f device", n, "; " VELMOR_COMMAND " phone profile", n, " -v >device",
+                        n, " 2>log", n, " & phone", n, "=$!; await device", n, " $phone", n, "\n");
+        devices += Concat(" $(cat device", n, ")");
+        end += "; kill $phone" + n;
+    }
+    return begin + devices + "\n(" + lines + "\n); status=$?" + end + "; exit $status";
+}
+
+TEST(Devices, DetectTakesTheOneThatAnswers) {
+    WriteFile("sample", SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#").text());
+    const std::string detect = "velmor detect sample --search \"{$1,$2}\" ";
+    const struct {
+        std::vector<std::string> profiles;
+        std::string line;
+        int status;
+        const char* words;
+    } rows[] = {
+        {{kSilent, kPhone}, detect + "--format wvdial | grep \"Modem = .$2\"", 0, "Modem"},
+        {{kPhone, kPhone}, detect, 2, "2 devices answer; choose one with --device: /dev/pts/"},
+        {{kSilent, kSilent}, detect, 1, "no device answers"},
+        {{kPhone}, "velmor devices --search $1", 0, "answers\n"},
+        {{kNumbers}, "velmor devices --search $1 --json", 0, "\"state\": \"answers\""},
+        {{kSilent}, "velmor devices --search $1", 1, "silent\n"},
+        {{},
+         "velmor devices --search '/dev/{null,tty,console,ptmx,tty0,tty1,watchdog}'",
+         1,
+         "no serial device found"},
+        {{}, "velmor devices --search /dev/pts/none --json", 1, "[]\n"},
+        {{}, "velmor devices --baud 7", 2, "--baud 7: is not a speed"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        const auto [status, errors] = Shell(WithPhones(row.profiles, row.line));
+        EXPECT_EQ(status, row.status);
+        EXPECT_NE((ReadFile("out") + errors).find(row.words), std::string::npos)
+            << ReadFile("out") << errors;
+    }
+}
+
+// Whoever uses a device is named, and the phone gets no byte.
+TEST(Devices, OnesInUseAreLeftAlone) {
+    const std::string opened = "; until ls -l /proc/$user/fd | grep -q $1; do sleep 0.05; done; ";
+    const std::string ready = "; await ready $user; ";
+    const std::string exclusive =
+        R"(perl -e 'open F, "+<", shift; ioctl F, 0x540C, 0; open R, ">ready"; print R 1; close R; sleep 50' )";
+    const struct {
+        std::string holder;
+        std::string name;
+        bool detect;  // whether detect with this device refuses it too
+    } rows[] = {
+        {"socat -u $1,raw OPEN:/dev/null & user=$!" + opened, "socat", false},
+        {"flock $1 sh -c 'echo 1 >ready; while kill -0 $PPID; do sleep 0.1; done' & user=$!" +
+             ready,
+         "flock", true},
+        {exclusive + "$1 & user=$!" + ready, "perl", true},
+        {"sleep 50 & user=$!; lock=/var/lock/LCK..pts_${1##*/}; printf '%10d x\\n' $user >$lock; ",
+         "sleep", true},
+        {"cp /bin/sleep ModemManager; exec 9<>$1; flock 9; ./ModemManager 50 & user=$!" + opened +
+             "exec 9>&-; ",
+         "ModemManager); keep it off this port with a udev rule as in velmor(1", true},
+    };
+    WriteFile("sample", SampleSource().text());
+    int known = 0;
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    const bool hasRequest = ioctl(terminal, TIOCGEXCL, &known) == 0;  // no emulator has it
+    close(terminal);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.holder);
+        const bool refused = row.detect && (row.name != "perl" || hasRequest);
+        if (row.name == "socat" && !Installed("socat")) {
+            continue;
+        }
+        fs::remove("ready");
+        const auto [status, errors] = Shell(WithPhones(
+            {kPhone},
+            row.holder + "velmor devices --search $1; [ $? = 1 ] || exit 9; echo user $user; " +
+                (refused ? "velmor detect sample --device $1; [ $? = 2 ] || exit 8; " : "") +
+                "kill $user; [ -z $lock ] || rm $lock || exit 7; ! grep AT log1"));
+        const std::string out = ReadFile("out");
+        EXPECT_EQ(status, 0) << out << errors;
+        const std::string user = *Matches(out, "user ([0-9]+)").begin();
+        const std::string words = "in use by process " + user + " (" + row.name;
+        EXPECT_NE(out.find(words), std::string::npos) << out;
+        EXPECT_EQ(errors.find(words) != std::string::npos, refused) << errors;
+    }
+}
+
+// A lock file that names no process counts for a minute, and stays.
+TEST(Devices, LockFilesWithoutAProcess) {
+    WriteFile("profile", kPhone);
+    const PlayedPhone phone("profile");
+    const std::string path = "/var/lock/LCK..pts_" + phone.device().substr(9);
+    const auto refused = [&] {
+        try {
+            const SerialLine line(phone.device(), 115200);
+            return std::string();
+        } catch (const DeviceInUse& error) {
+            return std::string(error.what());
+        }
+    };
+    const std::string contents[] = {"",
+                                    std::string("\x01\x02\0\x04", 4),
+                                    "4194305\n",
+                                    "-5\n",
+                                    "99999999999999999999\n",
+                                    "12x\n",
+                                    "folder",
+                                    "fifo"};
+    for (const std::string& content : contents) {
+        SCOPED_TRACE(content);
+        if (content == "folder") {
+            fs::create_directory(path);
+        } else if (content == "fifo") {
+            mkfifo(path.c_str(), 0600);
+        } else {
+            WriteFile(path, content);
+        }
+        for (const int age : {0, 50, 70, 1000000, -1000000}) {
+            const auto written = fs::file_time_type::clock::now() - seconds(age);
+            fs::last_write_time(path, written);
+            const std::string reason = refused();
+            EXPECT_EQ(reason.find(path + " locks it and names no process") != std::string::npos,
+                      age == 0 || age == 50)
+                << age << reason;
+            EXPECT_EQ(fs::last_write_time(path), written);
+        }
+        fs::remove(path);
+    }
+    const auto number = [](int process) { return Concat("      ", process, "\n"); };
+    WriteFile(path, number(getppid()));
+    EXPECT_NE(refused().find(Concat("in use by process ", getppid(), " (")), std::string::npos);
+    const int ended = fork();
+    if (ended == 0) {
+        _exit(0);
+    }
+    waitpid(ended, nullptr, 0);
+    WriteFile(path, number(ended));
+    EXPECT_EQ(refused(), "");
+    EXPECT_FALSE(FileExists(path));
+}
+
+// udevadm reads the example without a message about it, and has one about a wrong rule.
+TEST(Examples, UdevReadsTheRules) {
+    if (!Installed("udevadm") || !Installed("unshare")) {
+        GTEST_SKIP();
+    }
+    const std::string file = "/etc/udev/rules.d/77-velmor.rules";
+    const std::string rules = ReadFile(VELMOR_SOURCE_DIR "/examples/77-velmor.rules");
+    // In a name space of its own: udevadm looks for rules in fixed folders.
+    const std::string read =
+        "unshare -rm sh -c 'mount --bind . /etc/udev/rules.d && udevadm test /sys/class/mem/null "
+        "2>&1'";
+    for (const bool correct : {true, false}) {
+        WriteFile("77-velmor.rules", correct ? rules : rules + "ENX{A}==\"1\"\n");
+        const auto [status, errors] = Shell(read);
+        const std::string out = ReadFile("out");
+        if (out.find("Reading rules file: " + file) == std::string::npos) {
+            GTEST_SKIP() << "left out: no name space is to be had: " << errors;
+        }
+        EXPECT_EQ(status, 0);
+        EXPECT_EQ(out.find(file + ":") == std::string::npos, correct) << out;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string kImport =
+    "velmor import " VELMOR_TESTS_DIR "/tools/operators.xml --phones pipe -o ";
+const std::string kPhones = "cat " VELMOR_TESTS_DIR "/tools/phones.source";
+// Stops the command with SIGINT as at a terminal.
+const std::string kStop = "timeout --foreground -s INT --preserve-status 2 " VELMOR_COMMAND " ";
+
+// A folder with a catalogue "sample", its source, a file that is there, and a pipe without a
+// writer.
+void MakeFolder() {
+    fs::remove_all("work");
+    fs::create_directories("work/dir");
+    fs::current_path("work");
+    fs::create_directories("temporary");
+    setenv("TMPDIR", fs::absolute("temporary").c_str(), 1);
+    WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
+    WriteFile("source", ReadFile(VELMOR_DATA_DIR "/sample.source"));
+    WriteFile("kept", "as it was");
+    fs::create_symlink("kept", "link");
+    mkfifo("pipe", 0600);
+    WriteFile("out", "");
+}
+
+Names Listed() {
+    Names names;
+    for (const auto& entry : fs::recursive_directory_iterator(".")) {
+        names.insert(entry.path().string());
+    }
+    return names;
+}
+
+// Nothing is replaced that is not meant, and no temporary file stays.
+TEST(Files, AreKept) {
+    const struct {
+        std::string line;
+        int status;
+        const char* words;
+    } rows[] = {
+        {"velmor encode source -o pipe --force", 2, "pipe: is no regular file"},
+        {"velmor encode source -o link --force", 2, "link: is a symbolic link"},
+        {"velmor encode source -o dir", 2, "dir: is a directory; name a file in it"},
+        {"velmor encode source -o no/file", 2, "no/file: cannot be created: there is no such"},
+        {"velmor encode source -o ''", 2, "name of the output is empty"},
+        {"velmor encode source -o dir/../source --force", 2, "is also read (source)"},
+        {"velmor decode sample -o ./sample", 2, "is also read (sample)"},
+        {"velmor import x --phones source -o source --force", 2, "is also read (source)"},
+        {"velmor detect sample --phone kept --record kept --force", 2, "kept"},
+        // A target that appears while the command works: it waits for the pipe.
+        {kImport + "new & p=$!; exec 4>pipe; echo theirs >new; " + kPhones +
+             " >&4; exec 4>&-; wait $p; s=$?; grep -qx theirs new && rm new && exit $s",
+         2, "new: exists; --force replaces it"},
+        {kImport + "new --force & p=$!; exec 4>pipe; mkdir new; " + kPhones +
+             " >&4; exec 4>&-; wait $p; s=$?; rmdir new && exit $s",
+         2, "new: is a directory"},
+        // Signals, also when they come before the work.
+        {kStop + "check pipe", 130, ""},
+        {kStop + "detect pipe --phone kept", 2, "kept: line 1"},
+        {kStop + "detect sample --phone pipe", 130, "pipe: interrupted"},
+        {kStop + "detect pipe --device kept", 130, "pipe: interrupted"},
+        {kStop + "phone pipe", 130, "pipe: interrupted"},
+        {kStop + "import kept --phones pipe -o new", 130, ""},
+        {kImport + "new & p=$!; exec 4>pipe; kill -HUP $p; wait $p", 129, ""},
+        {"yes x | velmor check /dev/stdin", 2, "/dev/stdin: is larger than 256 MB"},
+        {"cat sample | velmor check /dev/stdin", 0, ""},
+        {"velmor encode source -o new && cmp new sample && rm new", 0, ""},
+    };
+    MakeFolder();
+    const Names before = Listed();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        const auto [status, errors] = Shell(row.line);
+        EXPECT_EQ(status, row.status) << errors;
+        EXPECT_NE(errors.find(row.words), std::string::npos) << errors;
+        EXPECT_EQ(Listed(), before);
+        EXPECT_EQ(ReadFile("kept"), "as it was");
+    }
+    fs::current_path("..");
+}
+
+// The private copy of a catalogue that takes long to load.
+TEST(Files, PrivateCopyGoesOnSignals) {
+    MakeFolder();
+    std::string rows;
+    for (int i = 0; i < 300000; ++i) {
+        rows += "E#x" + std::to_string(i) + "#Land#\n";
+    }
+    WriteFile("big", SampleSource().Replace("E#le#", rows + "E#le#").text());
+    const auto [status, errors] = Shell(
+        "velmor show big & p=$!; until ls temporary/velmor-*/c* 2>/dev/null; do :; done;"
+        " kill -TERM $p; wait $p");
+    EXPECT_EQ(status, 143) << errors;
+    EXPECT_TRUE(fs::is_empty("temporary"));
+    fs::current_path("..");
+}
+
+TEST(Files, ReplacedOnesHandOnOwnerAndMode) {
+    MakeFolder();
+    chmod("kept", 0640);
+    const bool root = geteuid() == 0;
+    const uid_t owner = root ? 1234 : geteuid();
+    ASSERT_EQ(chown("kept", owner, static_cast<gid_t>(-1)), 0);
+    EXPECT_EQ(Shell("velmor encode source -o kept --force").first, 0);
+    EXPECT_EQ(ReadFile("kept"), ReadFile("sample"));
+    struct stat state = {};
+    ASSERT_EQ(stat("kept", &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, 0640U);
+    EXPECT_EQ(state.st_uid, owner);
+    // Files with a password get private.
+    WriteFile("dir/velmor", "");
+    chmod("dir/velmor", 0644);
+    EXPECT_EQ(
+        Shell("velmor setting sample --phone 10 --setting 1 --format ppp -o dir --force").first, 0);
+    ASSERT_EQ(stat("dir/velmor", &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, 0600U);
+    fs::current_path("..");
+}
+
+// What a line shows on a terminal of that width.
+std::string OnTerminal(int width, const std::string& line) {
+    WriteFile("line", "velmor() { " VELMOR_COMMAND " \"$@\"; }; " +
+                          (width > 0 ? "stty cols " + std::to_string(width) + "; " : "") + line);
+    EXPECT_EQ(Shell("script -qec 'sh line' /dev/null").first, 0);
+    return Replaced(ReadFile("out"), "\r", "");
+}
+
+TEST(Terminal, TablesFitItsWidth) {
+    MakeFolder();
+    WriteFile("source", SampleSource().Replace("Leerland", std::string(90, 'x')).text());
+    // The mark has three bytes.
+    EXPECT_EQ(OnTerminal(30, "velmor countries source | cat").find("\u2026"), std::string::npos);
+    EXPECT_EQ(Matches(OnTerminal(30, "velmor countries source"), "(2 .*)\n"),
+              Names{"2      0         " + std::string(12, 'x') + "\u2026"});
+    EXPECT_EQ(Matches(OnTerminal(0, "stty cols 0; export COLUMNS=40; velmor countries source"),
+                      "(2 .*)\n"),
+              Names{"2      0         " + std::string(22, 'x') + "\u2026"});
+    EXPECT_EQ(Matches(OnTerminal(30, "velmor countries source --columns index,name"), "(2 .*)\n"),
+              Names{"2      " + std::string(22, 'x') + "\u2026"});
+    for (const int width : {20, 40, 80, 400}) {
+        for (const std::string& text :
+             Matches(OnTerminal(width, "velmor show source BasicDUNSettings"), "(.+)\n")) {
+            const std::string plain = Replaced(text, "\u2026", "~");
+            EXPECT_LE(plain.size(), static_cast<std::size_t>(width)) << text;
+            EXPECT_TRUE(width < 400 || plain == text) << text;
+        }
+    }
+    fs::current_path("..");
+}
+
+// Each command on a catalogue with control characters, and on a path with one.
+TEST(Terminal, GetsNoControlCharacters) {
+    MakeFolder();
+    const std::string nasty = "\x1b[2J\x7f\u009b31m\x9b";
+    std::string text = ReadFile("source");
+    for (const char* name : {"Leerland", "Northtel", "Swift 5"}) {
+        text.insert(text.find(name), nasty);
+    }
+    WriteFile("nasty", text + "Ex" + nasty + "#\n");
+    fs::create_directory("\x1b[1m");
+    for (const std::string line :
+         {"show nasty Countries", "show nasty Phones --json", "countries nasty", "phones nasty",
+          "phones nasty --json", "settings nasty --country Norland", "check nasty",
+          "setting nasty --phone 20 --setting 1", "show nasty $(printf '\\033x')",
+          "check $(printf '\\033[1m')", "$(printf '\\033')"}) {
+        const std::string shown = OnTerminal(80, "velmor " + line + " || :");
+        EXPECT_FALSE(shown.empty()) << line;
+        EXPECT_EQ(shown.find_first_of("\x1b\x7f\x9b"), std::string::npos) << line << "\n" << shown;
+    }
+    // Piped JSON has the same texts.
+    Shell("velmor phones nasty --json");
+    EXPECT_NE(ReadFile("out").find("\x7f\u009b"), std::string::npos);
+    fs::current_path("..");
+}
+
+}  // namespace

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// velmor detect --record over pseudo-terminals.
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
+
+namespace {
+
+using nlohmann::json;
+namespace fs = std::filesystem;
+
+// What a detection printed, without its times; or its message, without the name of its device.
+std::string Told(const std::string& name) {
+    json told = json::parse(ReadFile(name + ".json"), nullptr, false);
+    for (std::size_t i = 0; told.is_object() && i < told["dialogue"].size(); ++i) {
+        told["dialogue"][i].erase("sent");
+        told["dialogue"][i].erase("answered");
+    }
+    const std::string device = "/dev/[a-z0-9/]+";
+    return ReadFile(name + ".status") + (told.is_discarded() ? "" : told.dump(1)) +
+           Replaced(ReadFile(name + ".err"), device, "DEVICE");
+}
+
+// A recording of every profile, and of phones that behave in no usual way, gives the same result.
+TEST(Record, PlaysTheSameDetection) {
+    const std::pair<const char*, const char*> odd[] = {
+        {"nothing", "echo = off\nunknown =\nAT:="},
+        {"only-to-at", "echo = off\nunknown ="},
+        {"echo-alone", "unknown ="},
+        {"half", "AT+CGMI:= \\r\\nHuaw\nATI0: Manufacturer: huawei\\nModel: E398"},
+        {"half-echo",
+         "echo = off\nAT+CGMI:= AT+CGMI\\r\\r\\nNokia\\r\\nOK\\r\\n\nAT+GMM: Nokia 6300"},
+        {"no-echo", "echo = off\nATE*: ERROR\nATI0: Nokia\nAT+CGMM: OK\nAT+GMM: Nokia 6300"},
+        {"bytes",
+         "AT+CGMI:= \\r\\n\\x00Nokia\\r\\n \\r\\n\\xFF\\t\\\\ \\r\\nOK\\r\\n\nAT+CGMI:< "
+         "\nAT+CGMM:= \\x20"},
+        {"lines", "AT+CGMI: Nokia\nAT+CGMI:< RING\nAT+CGMI:< RING\nAT+CGMI:> +CREG: 1\nAT+GMM: OK"},
+        {"loud", "flood = Nokia"},
+        {"gone", "AT+CGMI: Nokia\nAT+CGMI:!"},
+        {"refused", "unknown = +CME ERROR: 11"},
+        {"locked", "AT+CPIN?: +CPIN: SIM PIN"},
+        {"out-of-reach", "AT+CPIN?: +CPIN: READY\nAT+COPS?: +COPS: 0\nAT+COPS?: +CME ERROR: 30"},
+    };
+    WriteFile("phones", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
+                            ReadFile(VELMOR_DATA_DIR "/phones.source") +
+                            ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
+    fs::create_directory("p");
+    for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
+        fs::copy(file, "p");
+    }
+    for (const auto& [name, profile] : odd) {
+        WriteFile("p/" + std::string(name) + ".profile", profile);
+    }
+    const auto detectAll = [](const std::string& phone, const std::string& told) {
+        Shell("ls p | xargs -P 16 -I {} sh -c '" VELMOR_COMMAND
+              " detect phones --timeout 1 --json --phone " +
+              phone + " >{}" + told + ".json 2>{}" + told + ".err; echo $? >{}" + told +
+              ".status'");
+    };
+    detectAll("p/{} --record {}.new", "");
+    detectAll("{}.new", ".new");
+    for (const auto& file : fs::directory_iterator("p")) {
+        const std::string name = file.path().filename();
+        EXPECT_EQ(Told(name), Told(name + ".new")) << ReadFile(name + ".new");
+    }
+    EXPECT_NE(Told("gone.profile").find("is gone"), std::string::npos);
+    EXPECT_NE(ReadFile("lines.profile.new").find("AT+CGMI: Nokia\nAT+CGMI:< RING\\r\\nRING\n"),
+              std::string::npos);
+    EXPECT_EQ(ReadFile("huawei-e398.profile.new"),
+              "# Recorded. Subscriber numbers and serial numbers are zeros.\n"
+              "source = velmor detect --record\n\nAT+CGMI: ERROR\nAT+GMI: ERROR\n"
+              "ATI0: Manufacturer: huawei\\nModel: E398\\nRevision: 11.126.16.00.00\\n"
+              "IMEI: 000000000000000\\n+GCAP: +CGSM,+DS,+ES\nAT+CGMM: ERROR\nAT+CIMI: ERROR\n"
+              "AT+COPS?: ERROR\nAT+CPIN?: ERROR\n");
+}
+
+// The file is refused before the phone is asked.
+TEST(Record, RefusesItsFileFirst) {
+    const std::tuple<const char*, int, const char*> rows[] = {
+        {"--record kept", 2, "kept: exists; --force replaces it"},
+        {"--record .", 2, ".: is a directory"},
+        {"--record . --force", 2, ".: is a directory"},
+        {"--record no/file", 2, "no/file: cannot be created"},
+        {"--record", 2, "--record"},
+        {"--record kept --force", 1, "Network"},
+    };
+    WriteFile("silent", "echo = off\nAT+CIMI: 999020123456789");
+    for (const auto& [options, status, words] : rows) {
+        SCOPED_TRACE(options);
+        WriteFile("kept", "as it was");
+        const auto [ended, errors] = Shell(
+            "velmor detect " VELMOR_SAMPLE_CATALOGUE " --phone silent -v " + std::string(options));
+        EXPECT_EQ(ended, status);
+        EXPECT_NE((errors + ReadFile("out")).find(words), std::string::npos) << errors;
+        EXPECT_EQ(errors.find("> AT") == std::string::npos, status == 2) << errors;
+    }
+    EXPECT_NE(ReadFile("kept").find("AT+CIMI: 999020000000000\n"), std::string::npos);
+}
+
+}  // namespace

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "device/port_search.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "device/device_users.h"
+#include "device/serial_line.h"
+#include "device/uucp_lock.h"
+#include "support/error.h"
+#include "support/interruption.h"
+
+namespace tool {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A port is asked so often, each time for so many milliseconds. Opening takes a part of its second.
+constexpr int kQuestions = 3;
+constexpr int kWait = 300;
+
+constexpr char kQuestion[] = "AT";
+
+// Whether the bytes have a line with the final result code of AT, in words or as a number (ITU-T
+// V.250). An echo is none, and neither is what a receiver for satellites sends all the time. `more`
+// becomes true when there is any line except the echo.
+bool HasResult(const std::string& bytes, bool& more) {
+    std::string line;
+    for (const char c : bytes) {
+        if (c != '\r' && c != '\n') {
+            line += c;
+            continue;
+        }
+        if (line == "OK" || line == "ERROR" || line == "0") {
+            return true;
+        }
+        more = more || (!line.empty() && line != kQuestion);
+        line.clear();
+    }
+    return false;
+}
+
+PortState AskAt(SerialLine& line) {
+    const Clock::time_point start = Clock::now();
+    bool more = false;
+    for (int question = 1; question <= kQuestions; ++question) {
+        const Clock::time_point end = start + std::chrono::milliseconds(question * kWait);
+        line.Write(std::string(kQuestion) + "\r", kWait);
+        std::string answer;
+        while (Clock::now() < end && !line.Gone() && Interruption::Signal() == 0) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
+            char byte = 0;
+            if (line.Read(byte, static_cast<int>(left.count()))) {
+                answer += byte;
+            }
+            if ((byte == '\r' || byte == '\n') && HasResult(answer, more)) {
+                return PortState::kAnswers;
+            }
+        }
+    }
+    return more ? PortState::kOther : PortState::kSilent;
+}
+
+std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& search) {
+    if (port.rfcomm && search.pattern.find("rfcomm") == std::string::npos) {
+        return {PortState::kNotAsked, ""};
+    }
+    const std::string lock = UucpLock::Reason(port.device);
+    if (!lock.empty()) {
+        return {PortState::kBusy, lock};
+    }
+    if (const pid_t user = FindDeviceUser(port.device); user != 0) {
+        return {PortState::kBusy, InUseBy(user)};
+    }
+    const auto reason = [&](const ToolError& error) {
+        const std::string text = error.what();
+        const std::string begin = port.device + ": ";
+        return text.compare(0, begin.size(), begin) == 0 ? text.substr(begin.size()) : text;
+    };
+    try {
+        SerialLine line(port.device, search.baud);
+        const PortState state = AskAt(line);
+        return line.Gone() ? std::pair(PortState::kUnusable, std::string("the device is gone"))
+                           : std::pair(state, std::string());
+    } catch (const DeviceInUse& error) {  // by a process that this user does not see
+        return {PortState::kBusy, reason(error)};
+    } catch (const ToolError& error) {
+        return {PortState::kUnusable, reason(error)};
+    }
+}
+
+}  // namespace
+
+std::vector<FoundDevice> SearchPorts(const PortSearch& search) {
+    SerialLine::Speed(search.baud);  // a wrong one is no fault of a device
+    std::vector<FoundDevice> devices;
+    for (PortGroup& ports : ListPorts(search.pattern, search.folders)) {
+        FoundDevice device;
+        device.port = ports[0];
+        for (const Port& port : ports) {
+            if (device.state == PortState::kAnswers || Interruption::Signal() != 0) {
+                break;
+            }
+            const auto [state, detail] = AskPort(port, search);
+            if (state < device.state) {
+                device.port = port;
+                device.state = state;
+                device.detail = detail;
+            }
+        }
+        device.ports = std::move(ports);
+        devices.push_back(std::move(device));
+    }
+    return devices;
+}
+
+std::string TheOneThatAnswers(const std::vector<FoundDevice>& devices) {
+    std::string path;
+    std::string list;
+    int count = 0;
+    for (const FoundDevice& device : devices) {
+        if (device.state == PortState::kAnswers) {
+            ++count;
+            path = device.port.path;
+            list += (list.empty() ? "" : ", ") + path;
+            list += device.port.product.empty() ? "" : "  " + device.port.product;
+        }
+    }
+    if (count > 1) {
+        throw ToolError(count, " devices answer; choose one with --device: ", list);
+    }
+    return path;
+}
+
+}  // namespace tool

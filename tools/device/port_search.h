@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "device/device_list.h"
+
+namespace tool {
+
+// What asking a port has shown, the most useful first.
+enum class PortState {
+    kAnswers,
+    kBusy,      // in use; it was not opened where that could be seen from outside
+    kUnusable,  // it cannot be opened
+    kOther,     // it sends something else than the answer to AT
+    kSilent,
+    kNotAsked,
+};
+
+// A device with one or more ports, and the port to take: the lowest one that answers, or the lowest
+// one with the most useful state when none does.
+struct FoundDevice {
+    Port port;
+    PortState state = PortState::kNotAsked;
+    std::string detail;  // of kBusy and kUnusable: the reason
+    PortGroup ports;
+};
+
+// How devices are searched for.
+struct PortSearch {
+    std::string pattern;  // empty: the usual names
+    unsigned baud = 115200;
+    SystemFolders folders;
+};
+
+// Lists devices and asks each with AT, at most a second a port. A device in use is not asked, and
+// one over Bluetooth only when the pattern says rfcomm. A signal ends the search early.
+std::vector<FoundDevice> SearchPorts(const PortSearch& search);
+
+// The path of the device that answers; empty when none does. Throws a ToolError with the list when
+// several answer.
+std::string TheOneThatAnswers(const std::vector<FoundDevice>& devices);
+
+}  // namespace tool

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "diagnosis/pin_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "support/error.h"
+#include "support/output_file.h"
+#include "support/texts.h"
+
+namespace tool {
+namespace {
+
+// The digits of a PIN (3GPP TS 31.101).
+constexpr std::size_t kFewestDigits = 4;
+constexpr std::size_t kMostDigits = 8;
+
+// The beginning of a regular file, and its state.
+struct Beginning {
+    std::string bytes;
+    struct stat state = {};
+};
+
+// Throws a ToolError when there is no such regular file.
+Beginning Read(const std::string& path) {
+    // O_NONBLOCK: opening a pipe would wait for its writer.
+    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    Beginning beginning;
+    char bytes[64];
+    ssize_t count = file < 0 || fstat(file, &beginning.state) != 0 ? -1 : 0;
+    const bool regular = count == 0 && S_ISREG(beginning.state.st_mode);
+    if (regular) {
+        count = read(file, bytes, sizeof bytes);
+    }
+    const int reason = errno;
+    if (file >= 0) {
+        close(file);
+    }
+    if (count < 0) {
+        throw ToolError(path, ": cannot be read: ", std::strerror(reason));
+    }
+    if (!regular) {
+        throw ToolError(path, ": is not a regular file");
+    }
+    beginning.bytes.assign(bytes, static_cast<std::size_t>(count));
+    return beginning;
+}
+
+}  // namespace
+
+PinFile::PinFile(const std::string& path) : path_(path) {
+    auto [bytes, state] = Read(path);
+    if ((state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
+        throw ToolError(path, ": others may use this file; chmod 600 makes it private");
+    }
+    pin_ = bytes;
+    for (const char end : {'\n', '\r'}) {
+        if (!pin_.empty() && pin_.back() == end) {
+            pin_.pop_back();
+        }
+    }
+    if (pin_.size() < kFewestDigits || pin_.size() > kMostDigits || !IsDigits(pin_)) {
+        throw ToolError(path, ": is not a line with a PIN of ", kFewestDigits, " to ", kMostDigits,
+                        " digits");
+    }
+    version_ = Concat(state.st_size, " ", state.st_mtim.tv_sec, ".", state.st_mtim.tv_nsec, "\n");
+    mark_ = std::filesystem::canonical(path).string() + ".refused";
+    struct stat mark = {};
+    marked_ = lstat(mark_.c_str(), &mark) == 0 && Read(mark_).bytes == version_;
+}
+
+void PinFile::Mark() const {
+    OutputFile mark(mark_, true);
+    mark.Write(version_);
+    mark.Commit();
+    // Without this a power failure could take the name back.
+    const int folder =
+        open(std::filesystem::path(mark_).parent_path().c_str(), O_RDONLY | O_CLOEXEC);
+    if (folder >= 0) {
+        fsync(folder);
+        close(folder);
+    }
+}
+
+void PinFile::RemoveMark() const {
+    if (unlink(mark_.c_str()) != 0) {
+        throw ToolError(mark_, ": cannot be removed: ", std::strerror(errno),
+                        "; remove it, or the PIN is not sent again");
+    }
+}
+
+}  // namespace tool
