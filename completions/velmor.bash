@@ -16,6 +16,7 @@ _velmor() {
         [setting]="--phone --setting --device --baud --format --json --output --force"
         [settings]="--columns --json --country"
         [show]="--columns --json --where"
+        [trace]="--profile --detection --force --json"
     )
     local choices="" arguments=() i
     COMPREPLY=()

@@ -155,6 +155,7 @@ TEST(Command, Answers) {
         {"velmor setting sample --phone 10 --setting 1 --json --format ppp", 2, "excludes"},
         {"velmor detect sample --phone x --setting 1", 2, "--setting: has no effect with"},
         {"velmor detect sample --phone x --timeout nan", 2, "--timeout: nan is no decimal number"},
+        {"velmor trace sample --force", 2, "--force requires --profile"},
         {kImport + "input", 2, "input:2: is no well-formed XML", "<a>\n</b>"},
         {"(ulimit -f 1; velmor decode sample -o out.file)", 2, "out.file: cannot be written"},
         {"(ulimit -f 1; velmor countries sample)", 2, "cannot be written"},

@@ -55,6 +55,7 @@ TEST(Files, AreKept) {
         {"velmor encode source -o dir/../source --force", 2, "is also read (source)"},
         {"velmor decode sample -o ./sample", 2, "is also read (sample)"},
         {"velmor import x --phones source -o source --force", 2, "is also read (source)"},
+        {"velmor trace kept --profile kept --force", 2, "is also read (kept)"},
         {"velmor detect sample --phone kept --record kept --force", 2, "kept"},
         // A target that appears while the command works: it waits for the pipe.
         {kImport + "new & p=$!; exec 4>pipe; echo theirs >new; " + kPhones +

@@ -123,5 +123,6 @@ void AddPhones(CommandLine& line);
 void AddSetting(CommandLine& line);
 void AddSettings(CommandLine& line);
 void AddShow(CommandLine& line);
+void AddTrace(CommandLine& line);
 
 }  // namespace tool

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "phone/profile_writer.h"
+
+namespace tool {
+
+// A call in a trace log, with everything that it wrote.
+struct TraceCall {
+    // A part of a call. All parts have a text.
+    struct Part {
+        enum class Kind {
+            kArgument,  // with its name as label
+            kOutput,    // the same
+            kLine,      // another line
+            kAnswer,    // the bytes of the phone
+            kCall,      // a call inside; the text is empty
+        };
+        Kind kind;
+        std::string label;
+        std::string text;
+    };
+
+    std::string name;
+    std::vector<Part> parts;       // in the order of the log
+    std::vector<TraceCall> calls;  // those inside
+    std::optional<long> result;
+    std::vector<std::string> after;  // lines behind it that belong to no call
+    bool ended = false;              // false: the log was cut, or the host stopped
+
+    bool IsDetection() const { return name == "Velmor_DetectPhoneAndNetwork"; }
+    // Whether this call and all inside have ended.
+    bool IsWhole() const;
+    // The text of the first such part; empty without one.
+    std::string TextOf(Part::Kind kind, const std::string& label = "") const;
+};
+
+// What was read of a log.
+struct TraceLog {
+    std::vector<TraceCall> calls;
+    std::size_t strayBytes = 0;  // that belong to no call and are no lines of a log
+};
+
+// Reads the bytes of a log; docs/trace-log.md describes it. Throws a ToolError that names the log
+// when it holds no call.
+TraceLog ReadTraceLog(const std::string& bytes, const std::string& path);
+
+// The commands of a detection and their answers. A command whose call did not end is left out.
+std::vector<Turn> DialogueOf(const TraceCall& detection);
+
+}  // namespace tool
