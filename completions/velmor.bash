@@ -9,6 +9,7 @@ _velmor() {
         [decode]="--output --force"
         [detect]="--device --search --phone --baud --timeout --probe --record --setting --apn --contract --like --pin-file --verbose --format --json --output --force"
         [devices]="--search --baud --json"
+        [diff]="--json"
         [encode]="--output --force"
         [import]="--android --phones --previous --output --iso --force"
         [phone]="--verbose"

@@ -116,6 +116,7 @@ void AddCountries(CommandLine& line);
 void AddDecode(CommandLine& line);
 void AddDetect(CommandLine& line);
 void AddDevices(CommandLine& line);
+void AddDiff(CommandLine& line);
 void AddEncode(CommandLine& line);
 void AddImport(CommandLine& line);
 void AddPhone(CommandLine& line);

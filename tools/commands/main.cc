@@ -19,8 +19,8 @@ namespace tool {
 namespace {
 
 constexpr void (*kSubcommands[])(CommandLine&) = {
-    AddCheck, AddCountries, AddDecode,  AddDetect,   AddDevices, AddEncode, AddImport,
-    AddPhone, AddPhones,    AddSetting, AddSettings, AddShow,    AddTrace,
+    AddCheck,  AddCountries, AddDecode, AddDetect,  AddDevices,  AddDiff, AddEncode,
+    AddImport, AddPhone,     AddPhones, AddSetting, AddSettings, AddShow, AddTrace,
 };
 
 int Run(int argc, char** argv) {

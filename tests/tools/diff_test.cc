@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "diff/diff.h"
+
+#include <algorithm>
+#include <cstring>
+#include <random>
+
+#include "diff/print.h"
+#include "support/legible.h"
+#include "tests/support/session.h"
+#include "tests/support/shell.h"
+
+using namespace tool;
+
+namespace {
+
+Difference Between(const std::string& old, const std::string& fresh) {
+    Findings ignored;
+    return Compare(Content(ReadCatalogue(old, ignored)), Content(ReadCatalogue(fresh, ignored)));
+}
+
+// What is told behind the counts, without headings.
+std::string Told(const Difference& difference) {
+    testing::internal::CaptureStdout();
+    PrintDifference(difference);
+    const std::string text = testing::internal::GetCapturedStdout();
+    std::string lines;
+    for (const char* at = std::strstr(text.c_str(), "\n\n"); at != nullptr && *at != '\0';) {
+        const char* end = std::strchr(++at, '\n');
+        lines += *at == ' ' ? std::string(at + 2, end + 1) : "";
+        at = end[1] == '\0' ? nullptr : end;
+    }
+    return lines;
+}
+
+const std::string kOld = SampleSource().text();
+const std::string kDialled =
+    "dial-up row \"GPRS\": DialString \"ATD*99***1#\", "
+    "InitializationString \"AT+CGDCONT=1,\\\"IP\\\",\\\"%APN%\\\"\"\n";
+const std::string kRow = "E#1#100#internet.northtel.example#";
+
+// A change of the sample, and what is told about it.
+const struct {
+    std::string text;
+    std::string edited;
+    std::string told;
+} kCases[] = {
+    // No difference: comments, hidden rows, empty variables, columns in another order.
+    {"A small catalogue", "A catalogue", ""},
+    {"E#99902#101#\n", "E#99902#101#\nE#99902#200#\n", ""},
+    {"E#Compress##\n", "", ""},
+    {"#Manufacturers#ID#Name#\nE#1#Acme#\nE#2#Brontel#",
+     "#Manufacturers#ID#Name#Note#\nE#1#Acme##\nE#2#Brontel##", ""},
+    // Marker, variables, recipes, tables of other names.
+    {"#Sample#7#", "#Sample#8#", "~ catalogue: version \"7\" -> \"8\"\n"},
+    {"AT-RETRY#3", "AT-RETRY#5", "~ variable \"AT-RETRY\": Value \"3\" -> \"5\"\n"},
+    {"E#TRACE#N#", "E#UNKNOWN-PHONE#20#",
+     "+ variable \"UNKNOWN-PHONE\": Value \"Brontel: Swift 5\"\n- variable \"TRACE\": Value "
+     "\"N\"\n"},
+    {"E#RemoveCharacters# -.#", "E#RemoveCharacters# -#",
+     "~ recipe variable \"NetworkIdentificationVariables: RemoveCharacters\": "
+     "Value \" -.\" -> \" -\"\n"},
+    {"#Countries#ID", "#X#A#\nE#1#\nE#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#Countries#ID",
+     "+ row \"X: A 1\"\n"},
+    // Countries. One with another name is the same while its settings are.
+    {"Leerland", "Leer", "+ country \"Leer\"\n- country \"Leerland\"\n"},
+    {"Norland", "Nordland", "~ country \"Nordland\": Name \"Norland\" -> \"Nordland\"\n"},
+    {"#Y#su###N#", "#Y#le###N#",
+     "~ network \"Sudphone\"\n"
+     "  ~ setting \"Sudphone (sud.example)\": CountryID \"Sudland\" -> \"Leerland\"\n"},
+    // Manufacturers and phones.
+    {"#Brontel#", "#Bronfon#", "~ manufacturer \"Bronfon\": Name \"Brontel\" -> \"Bronfon\"\n"},
+    {"E#ACME#1#\nE#BRONTEL#2#", "E#BRONTEL#2#\nE#AC#1#\nE#ACME#1#",
+     "~ manufacturer \"Acme\"\n  + pattern \"AC\": before \"ACME\"\n"
+     "~ manufacturer \"Brontel\"\n  ~ pattern \"BRONTEL\": before \"(end)\" -> \"ACME\"\n"},
+    {"E#2#SWIFT5#20#", "E##SWIFT5#20#",
+     "~ phone \"Brontel: Swift 5\"\n  + answer \"SWIFT5\"\n  - answer \"Brontel: SWIFT5\"\n"},
+    {"E#1#ACME X200#11#", "E#1#ACME X200#10#",
+     "~ phone \"Acme: X100\"\n  + answer \"Acme: ACME X200\", before of \"Acme: X200\"\n"
+     "~ phone \"Acme: X200\"\n  - answer \"Acme: ACME X200\", now of \"Acme: X100\"\n"},
+    {"E#20#GPRS#ATD*99", "E#20#GPRS#ATD*98",
+     "~ phone \"Brontel: Swift 5\"\n"
+     "  ~ dial-up row \"GPRS\": DialString \"ATD*99#\" -> \"ATD*98#\"\n"},
+    {"E#20#GPRS#", "E#11#GPRS#",  // two rows for a phone and type count as none
+     "~ phone \"Acme: X200\"\n  - dial-up row \"GPRS\": DialString \"ATD*99***1#\", "
+     "InitializationString \"AT+CGDCONT=1,\\\"IP\\\",\\\"%APN%\\\"\"\n"
+     "~ phone \"Brontel: Swift 5\"\n  - dial-up row \"GPRS\": DialString \"ATD*99#\", "
+     "InitializationString \"AT+CGDCONT=%NUM%,\\\"IP\\\",\\\"%APN%\\\"\"\n"},
+    {"E#11#X200#1#", "E#11#X300#1#",
+     "+ phone \"Acme: X300\": ManufacturerID \"Acme\"\n"
+     "  + answer \"Acme: ACME X200\", before of \"Acme: X200\"\n  + " +
+         kDialled +
+         "- phone \"Acme: X200\": ManufacturerID \"Acme\"\n"
+         "  - answer \"Acme: ACME X200\", now of \"Acme: X300\"\n  - " +
+         kDialled},
+    // Networks, keys and settings.
+    {"#Sudphone#UMTS#", "#Sudtel#EDGE#",
+     "~ network \"Sudtel\": Name \"Sudphone\" -> \"Sudtel\", NetworkType \"UMTS\" -> \"EDGE\"\n"},
+    {"E#FJORDNET#101#", "E#FJORDNET#100#",
+     "~ network \"Northtel\"\n  + name key \"FJORDNET\", before of \"Fjordnet\"\n"
+     "~ network \"Fjordnet\"\n  - name key \"FJORDNET\", now of \"Northtel\"\n"},
+    {"E#99801#200#\n", "E#99801#200#\nE#99802#200#\n",
+     "~ network \"Sudphone\"\n  + number key 99802\n"},
+    {"E#3#101#fjord.example#2#", "E#3#101#fjord.test#3#",
+     "~ network \"Fjordnet\"\n  ~ setting \"Fjordnet #1 (fjord.test)\": "
+     "APN \"fjord.example\" -> \"fjord.test\", NUM \"2\" -> \"3\"\n"},
+    {kRow, "E#9#100#n########N##Y#no###N#\n" + kRow,
+     "~ network \"Northtel\"\n  + setting \"N (n)\": APN \"n\", Default \"Y\", "
+     "RequiresUserAndPassword \"N\", CountryID \"Norland\", "
+     "before \"Northtel (internet.northtel.example)\"\n"},
+    // What a terminal would obey.
+    {"E#100#Northtel#", "E#100#N\x1b[2J\xe2\x80\xae\xc2\x9b\x9b\"#",
+     "~ network \"N\\u001B[2J\\u202E\\u009B\\x9B\\\"\": Name \"Northtel\" -> "
+     "\"N\\u001B[2J\\u202E\\u009B\\x9B\\\"\"\n"},
+};
+
+TEST(Diff, TellsWhatAChangeMeans) {
+    for (const auto& [text, edited, told] : kCases) {
+        SCOPED_TRACE(edited);
+        const std::string fresh = SampleSource().Replace(text, edited).text();
+        EXPECT_EQ(Told(Between(kOld, fresh)), told);
+        EXPECT_TRUE(Between(fresh, fresh).Empty());
+    }
+}
+
+TEST(Diff, ShowsNoByteThatControlsATerminal) {
+    std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same bytes every time
+    for (int round = 0; round < 20000; ++round) {
+        std::string bytes;
+        for (int i = 0; i < 6; ++i) {
+            bytes += static_cast<char>(random() % 3 == 0 ? 0x80 + random() % 64 : random());
+        }
+        const std::string legible = Legible(bytes);
+        EXPECT_NO_THROW(Json(legible).dump()) << "is no UTF-8";
+        EXPECT_EQ(std::count_if(legible.begin(), legible.end(), IsControl), 0);
+        for (std::size_t i = 1; i < legible.size(); ++i) {
+            EXPECT_FALSE(legible[i - 1] == '\xC2' && legible[i] < '\xA0') << legible;
+        }
+    }
+}
+
+TEST(Diff, EndsWithItsStatus) {
+    // What remembers the highest identifiers is no difference.
+    WriteFile("old", SampleSource().Replace("E#TRACE#N#", "E#TRACE#N#\nE#LAST-PHONE#99#").text());
+    WriteFile("new", SampleSource().Replace("AT-RETRY#3", "AT-RETRY#4").text());
+    WriteFile(
+        "numbered",
+        SampleSource().Replace("E#4#200#", "E#3#200#").Replace("E#3#101#", "E#9#101#").text());
+    WriteFile("cut", kOld.substr(0, kOld.size() / 2));
+    WriteFile("empty", "");
+    const struct {
+        const char* line;
+        int status;
+        std::string words;  // the output, or part of the line that reports a failure
+    } rows[] = {
+        {"velmor diff old old", 0, "The same.\n"},
+        {"velmor diff " VELMOR_SAMPLE_CATALOGUE " old", 0, "The same.\n"},
+        {"velmor diff old numbered", 1,
+         "The same, but other identifiers (reused: an old one is that of another now): 2 settings,"
+         " reused 1\n"},
+        {"velmor diff old new | grep -c AT-RETRY", 0, "1\n"},
+        {"velmor diff old new >/dev/null", 1, ""},
+        {"velmor diff old new --json | grep '\"same\"'", 0, "  \"same\": false,\n"},
+        {"velmor diff old missing", 2, "missing: cannot be read: No such file"},
+        {"velmor diff cut old", 2, "cut:"},
+        {"velmor diff old empty", 2, "empty: no database marker"},
+        {"velmor diff old", 2, "NEW is required"},
+        {"velmor diff old new >/dev/full", 2, "standard output: cannot be written"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.line);
+        const auto [status, errors] = Shell(row.line);
+        EXPECT_EQ(status, row.status);
+        if (status == 2) {
+            EXPECT_NE(errors.find(row.words), std::string::npos) << errors;
+            EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+        } else {
+            EXPECT_EQ(errors + ReadFile("out"), row.words);
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "diff/change.h"
+#include "diff/content.h"
+
+namespace tool {
+
+// The values that differ between partners. A reference to partners is the same reference.
+std::vector<Value> Differing(const Fields& old, const Fields& fresh, const Matching* references);
+
+// The values of something that is added or gone.
+std::vector<Value> AllValues(const Fields& fields, Kind kind);
+
+}  // namespace tool
