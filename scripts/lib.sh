@@ -61,7 +61,7 @@ END
 libraries="libcli11-dev libpugixml-dev nlohmann-json3-dev"
 build_packages="g++ cmake ninja-build $libraries"
 test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
-    ppp gammu wvdial"
+    ppp gammu wvdial socat udev"
 # Those that the benchmarks compare with.
 bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
     mobile-broadband-provider-info iso-codes"
@@ -77,7 +77,7 @@ install_cross() {
     esac
     install $build_packages $compiler
     # The C library beside the cross compiler for i386 hangs in a forked child.
-    unpack $architecture libc6 libgcc-s1 libstdc++6 libpugixml1v5 libgtest-dev $libraries
+    unpack $architecture libc6 libc-bin libgcc-s1 libstdc++6 libpugixml1v5 libgtest-dev $libraries
 }
 
 # install_for PRESET: installs what its tests take, where they are for another machine too.
