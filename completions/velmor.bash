@@ -43,7 +43,7 @@ _velmor() {
     if [ "$COMP_CWORD" -eq 1 ]; then
         choices="${!options[*]} --help --version"
     elif [ "$previous" = --format ]; then
-        choices="text json ppp wvdial"
+        choices="text json ppp wvdial networkmanager"
     elif [ "$previous" = --contract ]; then
         choices="prepaid postpaid"
     elif [[ $previous == --@(country|where|search|columns) ]]; then

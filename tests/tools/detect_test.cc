@@ -332,7 +332,7 @@ TEST(Dialers, TakeHostileValuesAsData) {
                                   "\" call x",    "@/etc/passwd",
                                   "EOT"};
     const bool chat = Installed("/usr/sbin/chat");
-    const bool wvdial = Installed("wvdial");
+    const bool wvdial = Installed("wvdial"), manager = Installed("nmcli");
     std::map<std::string, std::pair<std::FILE*, std::string>> running;  // and the value, by folder
     for (const std::string& value : values) {
         SCOPED_TRACE(value);
@@ -349,6 +349,16 @@ TEST(Dialers, TakeHostileValuesAsData) {
         const std::string peers = ReadFile(folder + "/d 'x/velmor");
         EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
         EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 14);
+        if (manager) {
+            ASSERT_EQ(Shell("cd " + folder + "; " + setting +
+                            "networkmanager --device /dev/ttyS0 >k && nmcli --offline "
+                            "connection modify connection.autoconnect no <k >back"),
+                      std::make_pair(0, std::string()));
+            const std::string back = ReadFile(folder + "/back");
+            for (const std::string& line : Matches(ReadFile(folder + "/k"), "\n([^#\n]+=.*)")) {
+                EXPECT_NE(back.find("\n" + line + "\n"), std::string::npos) << back << line;
+            }
+        }
         if (wvdial) {
             WriteFile(folder + "/profile", "unknown = OK\nATD*: NO DIALTONE");  // or it starts pppd
             const std::string dial = "wvdial --device $device >w; wvdial -C w velmor; true";
@@ -375,6 +385,30 @@ TEST(Dialers, TakeHostileValuesAsData) {
     }
     WriteFile("hostile", SampleSource().Replace("#web#", "#w\x1B#").text());
     EXPECT_EQ(Shell("velmor setting hostile --phone 10 --setting 1 --format ppp").first, 2);
+}
+
+// A setting with a user and a password, and one without.
+TEST(Dialers, ReachConnect) {
+    WriteFile("profile", "unknown = OK\nATD*: CONNECT");
+    WriteFile("sample", PatientSample());
+    for (const std::string setting : {"1", "2"}) {
+        SCOPED_TRACE(setting);
+        const std::string make = "velmor setting sample --phone 10 --setting " + setting;
+        if (Installed("wvdial")) {
+            Shell(WithPhone(make +
+                            " --format wvdial --device $device >w; echo 'PPPD Path = /bin/false\n"
+                            "Auto Reconnect = off' >>w; wvdial -C w velmor 2>/dev/null; true"));
+            EXPECT_NE(ReadFile("log").find("< CONNECT"), std::string::npos) << ReadFile("log");
+        }
+        if (Installed("/usr/sbin/pppd")) {
+            // Without PPP in the kernel it ends with 4, after the options.
+            const auto [status, errors] =
+                Shell(make +
+                      " --format ppp -o . --force --device /dev/null && "
+                      "/usr/sbin/pppd dryrun file $PWD/velmor; s=$?; [ $s = 0 ] || [ $s = 4 ]");
+            EXPECT_EQ(status, 0) << errors;
+        }
+    }
 }
 
 TEST(PhoneCommand, IsIdentifiedByGammu) {

@@ -80,7 +80,7 @@ bool FindDevice(const Options& options, std::string& device) {
 }
 
 int RunDetect(const Options& options) {
-    RefuseIgnored(options.format, {{"--setting", "ppp or wvdial"}});
+    RefuseIgnored(options.format, {{"--setting", kDialers}});
     const Interruption interruption;
     std::optional<PinFile> pin;
     if (!options.pinFile.empty()) {
@@ -164,7 +164,7 @@ void AddDetect(CommandLine& line) {
                 "write the dialogue as a profile that --phone plays");
     command
         .Add("--setting", options->setting, "ID",
-             "for ppp and wvdial: use this setting, not the first one")
+             "for a dialler: use this setting, not the first one")
         .Between(1L, long{INT32_MAX});
     command.Add("--apn", options->choice.apn, "NAME", "only settings with this access point");
     command

@@ -4,14 +4,19 @@
 #include <arpa/inet.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "catalogue/setting_format.h"
 #include "commands/command.h"
 #include "support/error.h"
+#include "support/print.h"
 #include "support/texts.h"
 
 namespace tool {
 namespace {
+
+constexpr char kLettersOfApn[] =
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
 
 // Returns the value of a field. Refuses control characters: a line break would end the AT command
 // or the line of the file, and no program needs the others.
@@ -44,6 +49,15 @@ std::string ChatWord(const std::string& value) {
     std::string text = Escaped(value, "\\\"'^$");
     if (value[0] == '@' || value == "EOT" || value == "BREAK") {
         text.insert(1, "\\");
+    }
+    return text;
+}
+
+// NetworkManager reads a backslash as the start of an escape, and drops blanks before a value.
+std::string KeyfileValue(const std::string& value) {
+    std::string text;
+    for (const char c : value) {
+        text += c == '\\' ? "\\\\" : c == ' ' && text.empty() ? "\\s" : std::string(1, c);
     }
     return text;
 }
@@ -82,6 +96,17 @@ std::string Title(const Velmor_DUNSetting& setting) {
                   " of a Velmor catalogue. It may hold a password: keep it private.\n");
 }
 
+// No dialler of Debian uses name servers of its own files.
+std::string NameServers(const Velmor_DUNSetting& setting) {
+    const std::string first = Address("name server", HostText(setting.Dns1));
+    const std::string second = Address("name server 2", HostText(setting.Dns2));
+    return first.empty() && second.empty()
+               ? ""
+               : "# Name servers of this setting, for /etc/resolv.conf when the network gives "
+                 "none: " +
+                     first + (first.empty() || second.empty() ? "" : " ") + second + "\n";
+}
+
 }  // namespace
 
 std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
@@ -97,10 +122,9 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     const std::string gateway = Address("gateway", HostText(setting.GatewayIP));
     text += client.empty() ? "noipdefault\n" : "";
     text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
-    const std::string dns1 = Address("name server", HostText(setting.Dns1));
-    const std::string dns2 = Address("name server 2", HostText(setting.Dns2));
-    text += dns1.empty() ? "" : "set DNS1=" + dns1 + "\n";
-    text += dns2.empty() ? "" : "set DNS2=" + dns2 + "\n";
+    // Or pppd ends when the network has another one, as many have that tell none.
+    text += gateway.empty() ? "" : "ipcp-accept-remote\n";
+    text += NameServers(setting);
     const std::string user = OneLine("user", HostText(setting.DefaultUser));
     const std::string password = OneLine("password", HostText(setting.DefaultPassword));
     text += user.empty() ? "" : "user " + PppdWord(user) + "\n";
@@ -137,14 +161,45 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     set("Init2", HostText(setting.InitializationString));
     set("Dial Command", dial.substr(0, number));
     set("Phone", dial.substr(number));
-    set("Username", HostText(setting.DefaultUser));
-    set("Password", HostText(setting.DefaultPassword));
+    // wvdial dials only with a user and a password. It takes a blank, which no network looks at.
+    const std::string user = HostText(setting.DefaultUser);
+    const std::string password = HostText(setting.DefaultPassword);
+    set("Username", user.empty() ? " " : user);
+    set("Password", password.empty() ? " " : password);
     set("Force Address", Address("client address", HostText(setting.ClientIP)));
     set("Stupid Mode", "yes");  // starts pppd at once, without a login
+    return text + NameServers(setting);
+}
+
+std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link) {
+    std::string text = Title(setting);
+    const auto set = [&](const char* key, const std::string& value) {
+        if (!IsUtf8(value)) {
+            throw ToolError(key, ": is not UTF-8, which NetworkManager needs");
+        }
+        text += value.empty() ? "" : key + ("=" + KeyfileValue(OneLine(key, value))) + "\n";
+    };
+    text += "[connection]\nid=velmor\ntype=gsm\nautoconnect=false\n";
+    const std::filesystem::path device = std::filesystem::weakly_canonical(link.device);
+    if (device.parent_path() == "/dev") {
+        set("interface-name", device.filename());
+    }
+    text += "\n[gsm]\n";
+    const std::string apn = HostText(setting.APN);
+    if (apn.size() > 64 || apn.find_first_not_of(kLettersOfApn) != std::string::npos) {
+        throw ToolError(
+            "access point: NetworkManager takes up to 64 letters, digits, '.', '-', '_'");
+    }
+    set("apn", apn);
+    set("username", HostText(setting.DefaultUser));
+    set("password", HostText(setting.DefaultPassword));
+    text += Concat("\n[serial]\nbaud=", link.baud, "\n\n[ipv4]\nmethod=auto\n");
+    std::string servers;
     for (const auto& server : {HostText(setting.Dns1), HostText(setting.Dns2)}) {
         const std::string address = Address("name server", server);
-        text += address.empty() ? "" : "# Name server of this setting: " + address + "\n";
+        servers += address.empty() ? "" : address + ";";
     }
+    set("dns", servers);
     return text;
 }
 

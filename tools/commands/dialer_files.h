@@ -24,4 +24,8 @@ std::string ChatScript(const Velmor_DUNSetting& setting);
 // The section "Dialer velmor" of a wvdial.conf(5).
 std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link);
 
+// The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
+// which dials for it, makes the initialisation and dial strings itself.
+std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link);
+
 }  // namespace tool

@@ -10,10 +10,13 @@
 
 namespace tool {
 
+// The formats for diallers.
+constexpr char kDialers[] = "ppp, wvdial or networkmanager";
+
 // The form in which a command prints a DUN setting.
 struct OutputFormat {
-    std::string name = "text";  // or json, ppp, wvdial
-    std::string directory;      // for the files of ppp; empty: standard output
+    std::string name = "text";  // or json, or that of a dialler
+    std::string directory;      // for the files of a dialler; empty: standard output
     bool force = false;         // replace existing files
     Subcommand command = Subcommand(nullptr);
 };
@@ -26,7 +29,7 @@ void AddFormat(const Subcommand& command, OutputFormat& format);
 void RefuseIgnored(const OutputFormat& format,
                    const std::vector<std::pair<std::string, std::string>>& options);
 
-// Prints or writes the files for pppd or wvdial.
+// Prints or writes the files for a dialler.
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format);
 

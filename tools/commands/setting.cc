@@ -23,7 +23,7 @@ struct Options {
 };
 
 int ShowSetting(const Options& options) {
-    RefuseIgnored(options.format, {{"--device", "ppp or wvdial"}, {"--baud", "ppp or wvdial"}});
+    RefuseIgnored(options.format, {{"--device", kDialers}, {"--baud", kDialers}});
     const PrivateSession session(options.catalogue);
     Velmor_DUNSetting setting;
     const bool ready = Velmor_GetDUNSetting(0, options.phone, options.setting, &setting) == 0 &&
@@ -61,7 +61,7 @@ void AddSetting(CommandLine& line) {
     command.Add("--setting", options->setting, "ID", "identifier as velmor settings prints it")
         .Required();
     command.Add("--device", options->link.device, "PATH",
-                "for ppp and wvdial: serial device of the phone");
+                "for a dialler: serial device of the phone");
     command.Add("--baud", options->link.baud, "N", "speed of the device; default 115200");
     AddFormat(command, options->format);
     command.AddFooter(

@@ -3,12 +3,12 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <nlohmann/json.hpp>
 
 #include "catalogue/mcc.h"
 #include "import/values.h"
 #include "import/xml_file.h"
 #include "support/error.h"
+#include "support/print.h"
 #include "support/progress.h"
 #include "support/texts.h"
 
@@ -19,14 +19,6 @@ namespace fs = std::filesystem;
 
 constexpr char kRoot[] = "apns";
 constexpr char kWhat[] = "Android's list of access points";
-
-bool IsUtf8(const std::string& text) {
-    if (std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; })) {
-        return true;
-    }
-    const auto replace = nlohmann::json::error_handler_t::replace;
-    return nlohmann::json::parse(nlohmann::json(text).dump(-1, ' ', false, replace)) == text;
-}
 
 // What a row is for.
 struct Types {

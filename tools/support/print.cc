@@ -74,6 +74,13 @@ std::string WithoutControls(const std::string& json) {
 
 }  // namespace
 
+bool IsUtf8(const std::string& text) {
+    if (std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; })) {
+        return true;
+    }
+    return Json::parse(Json(text).dump(-1, ' ', false, Json::error_handler_t::replace)) == text;
+}
+
 std::vector<std::string> SplitColumns(const std::string& columns) {
     std::vector<std::string> names;
     for (std::size_t at = 0; at <= columns.size();) {

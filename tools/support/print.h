@@ -12,6 +12,9 @@ using Json = nlohmann::ordered_json;
 // The texts of one row of a printed table.
 using TextRow = std::vector<std::string>;
 
+// Whether a text is UTF-8, as JSON has to be.
+bool IsUtf8(const std::string& text);
+
 // These functions print on standard output.
 
 // Replaces bytes that are not UTF-8. A terminal gets no control characters.
