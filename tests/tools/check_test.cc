@@ -123,6 +123,7 @@ const struct {
     {"W many-retries GeneralVariables", "RETRY#3#", "RETRY#1001#", "E#AT-RETRY#"},
     {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
+    {"W wrong-encoding Countries", "Leerland", "L\xE4nd", "E#le#"},
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
     {"", "RETRY#3#", "RETRY#1000#", ""},

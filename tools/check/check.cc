@@ -32,6 +32,7 @@ constexpr const char* kOrder[] = {
     "unnamed-table",
     "repeated-table",
     "row-width",
+    "wrong-encoding",
     "missing-table",
     "missing-column",
     "repeated-column",

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "check/check.h"
 #include "dun/setting_columns.h"
+#include "support/print.h"
 
 namespace tool {
 namespace {
@@ -87,6 +88,16 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
     }
 }
 
+// Hosts are told that the texts are UTF-8: the library itself copies bytes.
+void CheckEncoding(const CatalogueTable& table, Findings& findings) {
+    for (const CatalogueRow& row : table.rows) {
+        if (!IsUtf8(row.text)) {
+            AddWarning(findings, "wrong-encoding", table.At(row),
+                       "a text is not UTF-8, as which hosts show it: convert it");
+        }
+    }
+}
+
 }  // namespace
 
 void CheckSchema(const Catalogue& catalogue, Findings& findings) {
@@ -106,6 +117,7 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
     }
     for (const CatalogueTable& table : catalogue.tables) {
         CheckRepeatedColumns(table, findings);
+        CheckEncoding(table, findings);
     }
 }
 
