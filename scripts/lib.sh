@@ -61,7 +61,7 @@ END
 libraries="libcli11-dev libpugixml-dev nlohmann-json3-dev"
 build_packages="g++ cmake ninja-build $libraries"
 test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
-    ppp gammu wvdial socat udev"
+    ppp gammu wvdial socat udev python3"
 # Those that the benchmarks compare with.
 bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
     mobile-broadband-provider-info iso-codes"

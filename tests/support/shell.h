@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <string>
 #include <utility>
 
@@ -37,4 +38,21 @@ inline std::pair<int, std::string> Finish(std::FILE* running) {
 
 inline std::pair<int, std::string> Shell(const std::string& line) {
     return Finish(Start(line));
+}
+
+// Shell lines that run while a phone plays the file "profile". $device is its device, and the file
+// "log" has the dialogue.
+inline std::string WithPhone(const std::string& lines) {
+    return "rm -f device; " VELMOR_COMMAND
+           " phone profile -v >device 2>log & phone=$!\n"
+           "await device $phone; device=$(cat device)\n(" +
+           lines +
+           "\n); status=$?; kill -INT $phone; wait $phone; ended=$?\n"
+           "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: at its end
+}
+
+inline bool Installed(const std::string& program) {
+    const bool installed = Shell("command -v " + program).first == 0;
+    std::cout << (installed ? "" : "left out: " + program + " is not installed\n");
+    return installed;
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// velmor detect, setting and phone as processes of their own, over pseudo-terminals, also with the
-// programs of others.
+// velmor detect and velmor phone as processes of their own, over pseudo-terminals.
 #include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -34,23 +33,6 @@ const std::string kStranger = "AT+CGMI: Nobody\nAT+CGMM: N1\nAT+CIMI: 9990212345
 // A subscriber's number that is a whole one of a setting, and whose first digits are one of
 // another.
 const std::string kSubscriber = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999012345678901\n";
-
-// Shell lines that run while a phone plays the file "profile". $device is its device, and the file
-// "log" has the dialogue.
-std::string WithPhone(const std::string& lines) {
-    return "rm -f device; " VELMOR_COMMAND
-           " phone profile -v >device 2>log & phone=$!\n"
-           "await device $phone; device=$(cat device)\n(" +
-           lines +
-           "\n); status=$?; kill -INT $phone; wait $phone; ended=$?\n"
-           "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: at its end
-}
-
-bool Installed(const std::string& program) {
-    const bool installed = Shell("command -v " + program).first == 0;
-    std::cout << (installed ? "" : "left out: " + program + " is not installed\n");
-    return installed;
-}
 
 // A profile, shell lines that run with it, their exit status, and words of what they print.
 using Rows = std::vector<std::tuple<std::string, std::string, int, const char*>>;
@@ -194,6 +176,11 @@ TEST(DetectCommand, EndsWhateverHappens) {
          "Fjordnet #1 (Norland): ready to dial\n"
          "  AT+CGDCONT=2,\"IP\",\"fjord.example\"\n  ATD*99#\n"},
 #endif
+#ifdef VELMOR_PYTHON_HOST
+        {kAcme, VELMOR_PYTHON_HOST " ../sample $device", 0,
+         "the phone says: Acme ACME X100\nFjordnet #1 ready to dial\n"
+         "b'AT+CGDCONT=1,\"IP\",\"fjord.example\"' b'ATD*99***1#'\n"},
+#endif
     };
     WriteFile("sample", PatientSample());
     WriteFile("generic", Patient().Replace("E#TRACE#N#", "E#UNKNOWN-PHONE#20#").text());
@@ -313,112 +300,6 @@ TEST(DetectCommand, GetsEveryPhoneOnline) {
     EXPECT_GE(kinds["named"], 53);
     EXPECT_GE(kinds["unnamed"], 39);
     EXPECT_GE(kinds["generic"], 1);
-}
-
-// A word in double quotes, as pppd reads it: a backslash quotes the next character.
-std::string Unquoted(const std::string& text, const std::string& before) {
-    std::string word;
-    for (std::size_t i = text.find(before + "\"") + before.size() + 1; text.at(i) != '"'; ++i) {
-        i += text[i] == '\\' ? 1 : 0;
-        word += text[i];
-    }
-    return word;
-}
-
-// Each value is the user, the password, and all of the initialisation string.
-TEST(Dialers, TakeHostileValuesAsData) {
-    const std::string values[] = {"a b\"c'd\\e",  "# ;%s%n^C\\T\\d\\c`id`$HOME",
-                                  "{x} [y] = \\", "'; touch pwned; '",
-                                  "\" call x",    "@/etc/passwd",
-                                  "EOT"};
-    const bool chat = Installed("/usr/sbin/chat");
-    const bool wvdial = Installed("wvdial"), manager = Installed("nmcli");
-    std::map<std::string, std::pair<std::FILE*, std::string>> running;  // and the value, by folder
-    for (const std::string& value : values) {
-        SCOPED_TRACE(value);
-        const std::string cell = Replaced(value, "[#\\\\]", "\\$&");
-        const std::string folder = std::to_string(&value - values);
-        fs::create_directories(folder + "/d 'x");
-        WriteFile(folder + "/hostile", SampleSource()
-                                           .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
-                                           .Replace("#web#", "#" + cell + "#")
-                                           .Replace("#secret#", "#" + cell + "#")
-                                           .text());
-        const std::string setting = "velmor setting hostile --phone 10 --setting 1 --format ";
-        ASSERT_EQ(Finish(Start(setting + "ppp -o 'd '\\''x'", folder)).first, 0);
-        const std::string peers = ReadFile(folder + "/d 'x/velmor");
-        EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
-        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 14);
-        if (manager) {
-            ASSERT_EQ(Shell("cd " + folder + "; " + setting +
-                            "networkmanager --device /dev/ttyS0 >k && nmcli --offline "
-                            "connection modify connection.autoconnect no <k >back"),
-                      std::make_pair(0, std::string()));
-            const std::string back = ReadFile(folder + "/back");
-            for (const std::string& line : Matches(ReadFile(folder + "/k"), "\n([^#\n]+=.*)")) {
-                EXPECT_NE(back.find("\n" + line + "\n"), std::string::npos) << back << line;
-            }
-        }
-        if (wvdial) {
-            WriteFile(folder + "/profile", "unknown = OK\nATD*: NO DIALTONE");  // or it starts pppd
-            const std::string dial = "wvdial --device $device >w; wvdial -C w velmor; true";
-            running[folder] = {Start(WithPhone(setting + dial), folder), value};
-        }
-        if (chat) {
-            fs::create_directory(folder + "c");
-            WriteFile(folder + "c/profile", "unknown = OK");
-            const std::string connect = "(" + Unquoted(peers, "\nconnect ") + ") <$device >$device";
-            running[folder + "c"] = {Start(WithPhone(connect), folder + "c"), value};
-        }
-    }
-    for (const auto& [folder, started] : running) {
-        const auto& [pipe, value] = started;
-        SCOPED_TRACE(value);
-        EXPECT_EQ(Finish(pipe).first, 0);
-        const std::string log = ReadFile(folder + "/log");
-        EXPECT_NE(log.find("> " + value + "\n"), std::string::npos) << log;
-        EXPECT_NE(log.find(folder.back() == 'c' ? "< CONNECT" : "> ATD"), std::string::npos) << log;
-        if (folder.back() != 'c') {
-            EXPECT_EQ(Unquoted(ReadFile(folder + "/w"), "\nPassword = "), value);
-        }
-        EXPECT_FALSE(FileExists(folder + "/pwned"));
-    }
-    WriteFile("hostile", SampleSource().Replace("#web#", "#w\x1B#").text());
-    EXPECT_EQ(Shell("velmor setting hostile --phone 10 --setting 1 --format ppp").first, 2);
-}
-
-// A setting with a user and a password, and one without.
-TEST(Dialers, ReachConnect) {
-    WriteFile("profile", "unknown = OK\nATD*: CONNECT");
-    WriteFile("sample", PatientSample());
-    for (const std::string setting : {"1", "2"}) {
-        SCOPED_TRACE(setting);
-        const std::string make = "velmor setting sample --phone 10 --setting " + setting;
-        if (Installed("wvdial")) {
-            Shell(WithPhone(make +
-                            " --format wvdial --device $device >w; echo 'PPPD Path = /bin/false\n"
-                            "Auto Reconnect = off' >>w; wvdial -C w velmor 2>/dev/null; true"));
-            EXPECT_NE(ReadFile("log").find("< CONNECT"), std::string::npos) << ReadFile("log");
-        }
-        if (Installed("/usr/sbin/pppd")) {
-            // Without PPP in the kernel it ends with 4, after the options.
-            const auto [status, errors] =
-                Shell(make +
-                      " --format ppp -o . --force --device /dev/null && "
-                      "/usr/sbin/pppd dryrun file $PWD/velmor; s=$?; [ $s = 0 ] || [ $s = 4 ]");
-            EXPECT_EQ(status, 0) << errors;
-        }
-    }
-}
-
-TEST(PhoneCommand, IsIdentifiedByGammu) {
-    if (!Installed("gammu")) {
-        GTEST_SKIP();
-    }
-    WriteFile("profile", kAcme + "AT+CGMR: 1.0\nAT+CGSN: 000000000000000\n");
-    Shell(WithPhone(
-        "printf '[gammu]\\ndevice = %s\\nconnection = at\\n' $device >rc; gammu -c rc identify"));
-    EXPECT_NE(ReadFile("out").find(": unknown (ACME X100)"), std::string::npos) << ReadFile("out");
 }
 
 }  // namespace

@@ -29,12 +29,6 @@ const std::string kSilent = "echo = off\nAT:=\nunknown =\n";
 const std::string kReceiver = "AT:=\nflood = $GPGGA,0\\r\\nOKAY\\r\\n\n";  // a talker
 const std::string kNumbers = "AT:= 0\\r\n";                                // after ATV0
 
-bool Installed(const std::string& program) {
-    const bool installed = Shell("command -v " + program).first == 0;
-    std::cout << (installed ? "" : "left out: " + program + " is not installed\n");
-    return installed;
-}
-
 // Folders like /dev and /sys, with phones that are played.
 class Machine {
   public:
