@@ -57,11 +57,18 @@ END
     rm -rf "$into.work"
 }
 
+# copy_tree FOLDER: copies the source tree there, without what was built.
+copy_tree() {
+    tar -c --exclude=./build --exclude=./.git . | tar -x -C "$1"
+}
+
 # The packages that build the library, and those that build and run its tests.
 libraries="libcli11-dev libpugixml-dev nlohmann-json3-dev"
 build_packages="g++ cmake ninja-build $libraries"
 test_packages="$build_packages libgtest-dev binutils mobile-broadband-provider-info iso-codes
     ppp gammu wvdial socat udev python3"
+# Those that make the Debian packages and try them.
+packaging_packages="debhelper lintian pkg-config mobile-broadband-provider-info iso-codes"
 # Those that the benchmarks compare with.
 bench_packages="libbenchmark-dev libexpat1-dev libnma-dev libsqlite3-dev pkg-config
     mobile-broadband-provider-info iso-codes"

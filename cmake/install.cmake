@@ -1,0 +1,46 @@
+# Installing: the library, what one needs to build against it, and the command. debian/ shares the
+# files out to packages. scripts/package tries all of it.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS velmor EXPORT velmorTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
+install(FILES include/velmor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(EXPORT velmorTargets NAMESPACE velmor::
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor COMPONENT development)
+configure_package_config_file(cmake/velmorConfig.cmake.in velmorConfig.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor)
+write_basic_package_version_file(velmorConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/velmorConfig.cmake ${PROJECT_BINARY_DIR}/velmorConfigVersion.cmake
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor COMPONENT development)
+# Like the CMake files, velmor.pc finds the rest relative to its own place.
+file(RELATIVE_PATH velmor_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" velmor_pc_prefix ${velmor_pc_prefix})
+configure_file(cmake/velmor.pc.in velmor.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/velmor.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+install(FILES docs/velmor.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+
+if(TARGET velmor_command)
+  install(TARGETS velmor_command DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
+  install(FILES docs/velmor.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+  install(FILES completions/velmor.bash
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME velmor COMPONENT tool)
+  install(FILES data/phones.source DESTINATION ${CMAKE_INSTALL_DATADIR}/velmor COMPONENT tool)
+  install(DIRECTORY data/profiles DESTINATION ${CMAKE_INSTALL_DATADIR}/velmor COMPONENT tool)
+endif()
+
+# The components, each with the folder of its documents.
+set(velmor_documents library libvelmor1 development libvelmor-dev)
+if(TARGET velmor_command)
+  list(APPEND velmor_documents tool velmor)
+endif()
+while(velmor_documents)
+  list(POP_FRONT velmor_documents component folder)
+  set(folder ${CMAKE_INSTALL_DATADIR}/doc/${folder})
+  install(FILES LICENSE DESTINATION ${folder} RENAME copyright COMPONENT ${component})
+  if(NOT component STREQUAL "library")
+    # In the folders of the source tree, for the links between them.
+    install(FILES SECURITY.md DESTINATION ${folder} COMPONENT ${component})
+    install(DIRECTORY docs DESTINATION ${folder} COMPONENT ${component} FILES_MATCHING PATTERN *.md)
+  endif()
+endwhile()
