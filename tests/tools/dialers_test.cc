@@ -46,10 +46,11 @@ TEST(Dialers, TakeHostileValuesAsData) {
         EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
         EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 14);
         if (manager) {
-            ASSERT_EQ(Shell("cd " + folder + "; " + setting +
-                            "networkmanager --device /dev/ttyS0 >k && nmcli --offline "
-                            "connection modify connection.autoconnect no <k >back"),
-                      std::make_pair(0, std::string()));
+            const std::string keyfile = setting +
+                                        "networkmanager --device /dev/ttyS0 >k && nmcli "
+                                        "--offline connection modify "
+                                        "connection.autoconnect no <k >back";
+            ASSERT_EQ(Finish(Start(keyfile, folder)).first, 0);
             const std::string back = ReadFile(folder + "/back");
             for (const std::string& line : Matches(ReadFile(folder + "/k"), "\n([^#\n]+=.*)")) {
                 EXPECT_NE(back.find("\n" + line + "\n"), std::string::npos) << back << line;
