@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Start and end of the session, and the version of its catalogue.
 #include "foundation/number.h"
+#include "runtime/cancellation.h"
 #include "session/call_frame.h"
-#include "session/cancellation.h"
 #include "session/session.h"
 
 using namespace vel;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "detection/at_command.h"
 
-#include "detection/at_answer.h"
+#include "detection/answer.h"
 #include "foundation/number.h"
+#include "runtime/cancellation.h"
 #include "session/call_frame.h"
-#include "session/cancellation.h"
 #include "session/schema.h"
 #include "session/session.h"
 #include "session/setting.h"

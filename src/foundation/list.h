@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "foundation/index_exception.h"
+#include "runtime/index_exception.h"
 
 namespace vel {
 

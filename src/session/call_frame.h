@@ -2,7 +2,7 @@
 #pragma once
 
 #include "foundation/string.h"
-#include "session/guard.h"
+#include "runtime/guard.h"
 
 namespace vel {
 

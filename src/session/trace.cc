@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "session/trace.h"
 
-#include "session/guard.h"
+#include "runtime/guard.h"
 #include "session/session.h"
 #include "storage/file.h"
 

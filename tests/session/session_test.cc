@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <pthread.h>
 
-#include "session/cancellation.h"
+#include "runtime/cancellation.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "foundation/index_exception.h"
+#include "runtime/index_exception.h"
 #include "session/call_frame.h"
 #include "session/session.h"
 #include "tests/support/faults.h"

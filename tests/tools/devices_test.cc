@@ -11,9 +11,9 @@
 #include <nlohmann/json.hpp>
 
 #include "device/device_users.h"
-#include "device/player.h"
 #include "device/port_search.h"
 #include "device/serial_line.h"
+#include "phone/player.h"
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 

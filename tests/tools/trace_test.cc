@@ -4,10 +4,10 @@
 
 #include <random>
 
-#include "diagnosis/trace_log.h"
 #include "support/error.h"
 #include "tests/support/scripted_phone.h"
 #include "tests/support/shell.h"
+#include "trace/trace_log.h"
 
 using namespace tool;
 

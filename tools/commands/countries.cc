@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // velmor countries: lists the countries that a host offers to its user.
-#include "catalogue/setting_format.h"
 #include "commands/command.h"
+#include "host/private_copy.h"
+#include "host/setting_format.h"
 #include "support/print.h"
-#include "support/private_copy.h"
 #include "velmor.h"
 
 namespace tool {

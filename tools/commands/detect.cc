@@ -8,14 +8,14 @@
 
 #include "commands/command.h"
 #include "commands/dialer_output.h"
-#include "device/player.h"
 #include "device/port_search.h"
 #include "diagnosis/report.h"
+#include "host/private_copy.h"
+#include "phone/player.h"
 #include "phone/profile_writer.h"
 #include "support/error.h"
 #include "support/interruption.h"
 #include "support/output_file.h"
-#include "support/private_copy.h"
 
 namespace tool {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "commands/command.h"
-#include "commands/dialer_files.h"
+#include "dialer/dialer_files.h"
 
 namespace tool {
 

@@ -5,7 +5,7 @@
 #include <iostream>
 
 #include "commands/command.h"
-#include "device/player.h"
+#include "phone/player.h"
 #include "support/input_file.h"
 #include "support/interruption.h"
 

@@ -2,11 +2,11 @@
 // velmor phones: lists the phones that a host offers to its user.
 #include <iostream>
 
-#include "catalogue/setting_format.h"
 #include "commands/command.h"
+#include "host/private_copy.h"
+#include "host/setting_format.h"
 #include "support/display.h"
 #include "support/print.h"
-#include "support/private_copy.h"
 #include "velmor.h"
 
 namespace tool {

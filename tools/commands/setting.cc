@@ -2,13 +2,13 @@
 // velmor setting: shows one setting for one phone.
 #include <iostream>
 
-#include "catalogue/setting_format.h"
 #include "commands/command.h"
 #include "commands/dialer_output.h"
 #include "diagnosis/detection.h"
+#include "host/private_copy.h"
+#include "host/setting_format.h"
 #include "support/display.h"
 #include "support/error.h"
-#include "support/private_copy.h"
 
 namespace tool {
 namespace {

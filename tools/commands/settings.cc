@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // velmor settings: lists the settings of a country that a host offers to its user.
-#include "catalogue/setting_format.h"
 #include "commands/command.h"
+#include "host/private_copy.h"
+#include "host/setting_format.h"
 #include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
-#include "support/private_copy.h"
 #include "velmor.h"
 
 namespace tool {

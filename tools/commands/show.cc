@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // velmor show: shows the tables of a catalogue as the library holds them.
 #include "commands/command.h"
+#include "host/private_copy.h"
 #include "session/rows.h"
 #include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
 #include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
-#include "support/private_copy.h"
 
 namespace tool {
 namespace {

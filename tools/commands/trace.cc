@@ -4,11 +4,11 @@
 #include <iostream>
 
 #include "commands/command.h"
-#include "diagnosis/trace_report.h"
 #include "support/display.h"
 #include "support/error.h"
 #include "support/input_file.h"
 #include "support/output_file.h"
+#include "trace/trace_report.h"
 
 namespace tool {
 namespace {

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
-#include "catalogue/setting_format.h"
 #include "foundation/number.h"
+#include "host/setting_format.h"
 #include "session/rows.h"
 #include "session/schema.h"
 #include "session/setting.h"

@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "device/dialogue.h"
 #include "diagnosis/advice.h"
-#include "diagnosis/dialogue.h"
 #include "diagnosis/sim_card.h"
 #include "velmor.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "catalogue/recipe.h"
-#include "detection/at_answer.h"
+#include "detection/answer.h"
 #include "detection/manufacturer_selector.h"
 #include "detection/questions.h"
 #include "session/rows.h"

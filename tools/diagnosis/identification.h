@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "diagnosis/dialogue.h"
+#include "device/dialogue.h"
 
 namespace tool {
 

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <set>
 
-#include "catalogue/setting_format.h"
+#include "host/setting_format.h"
 #include "support/display.h"
 
 namespace tool {

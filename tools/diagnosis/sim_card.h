@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "diagnosis/dialogue.h"
+#include "device/dialogue.h"
 #include "diagnosis/pin_file.h"
 
 namespace tool {

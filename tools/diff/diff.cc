@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <map>
 
+#include "catalogue/identity/same.h"
 #include "diff/places.h"
-#include "diff/same.h"
 #include "diff/values.h"
 
 namespace tool {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "catalogue/identity/matching.h"
 #include "diff/change.h"
-#include "diff/matching.h"
 
 namespace tool {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "catalogue/identity/content.h"
 #include "diff/change.h"
-#include "diff/content.h"
 
 namespace tool {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "device/player.h"
+#include "phone/player.h"
 
 #include <fcntl.h>
 #include <sys/prctl.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/function_ref.h"
+#include "runtime/function_ref.h"
 
 namespace vel {
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "commands/dialer_files.h"
+#include "dialer/dialer_files.h"
 
 #include <arpa/inet.h>
 
 #include <algorithm>
 #include <filesystem>
 
-#include "catalogue/setting_format.h"
-#include "commands/command.h"
+#include "host/setting_format.h"
 #include "support/error.h"
 #include "support/print.h"
 #include "support/texts.h"

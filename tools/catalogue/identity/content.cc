@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diff/content.h"
+#include "catalogue/identity/content.h"
 
 #include <algorithm>
 #include <set>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diagnosis/trace_report.h"
+#include "trace/trace_report.h"
 
 #include <iostream>
 

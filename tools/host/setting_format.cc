@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "catalogue/setting_format.h"
+#include "host/setting_format.h"
 
 #include <algorithm>
 #include <cstring>

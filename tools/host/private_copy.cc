@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/private_copy.h"
+#include "host/private_copy.h"
 
 #include <cerrno>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "diagnosis/trace_log.h"
+#include "trace/trace_log.h"
 
 namespace tool {
 

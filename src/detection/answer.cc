@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "detection/at_answer.h"
+#include "detection/answer.h"
 
 #include <cstring>
 

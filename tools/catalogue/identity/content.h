@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "catalogue/catalogue.h"
-#include "diff/matching.h"
+#include "catalogue/identity/matching.h"
 
 namespace tool {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "diagnosis/trace_log.h"
+#include "trace/trace_log.h"
 
 #include <algorithm>
 #include <charconv>
 
-#include "detection/at_answer.h"
+#include "detection/answer.h"
 #include "support/error.h"
 
 namespace tool {

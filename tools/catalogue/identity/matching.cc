@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diff/matching.h"
+#include "catalogue/identity/matching.h"
 
 #include <algorithm>
 #include <map>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diff/same.h"
+#include "catalogue/identity/same.h"
 
 #include <algorithm>
 

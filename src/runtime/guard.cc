@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "session/guard.h"
+#include "runtime/guard.h"
 
 #include <cxxabi.h>
 
-#include "foundation/index_exception.h"
-#include "session/cancellation.h"
+#include "runtime/cancellation.h"
+#include "runtime/index_exception.h"
 
 namespace vel {
 namespace {

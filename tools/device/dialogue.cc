@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "diagnosis/dialogue.h"
+#include "device/dialogue.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Part of the library only where the C++ runtime is shared.
-#include "session/guard.h"
+#include "runtime/guard.h"
 
 namespace vel {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "diff/content.h"
+#include "catalogue/identity/content.h"
 
 namespace tool {
 

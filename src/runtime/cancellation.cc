@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "session/cancellation.h"
+#include "runtime/cancellation.h"
 
 #include <pthread.h>
 
