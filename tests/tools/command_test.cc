@@ -171,7 +171,7 @@ TEST(Command, Answers) {
         {"velmor setting sample --phone 010 --setting 1 | head -n 1", 0,
          "Setting 1         Northtel\n"},
         {"velmor countries sample --columns name,index | tail -n 1", 0, "Leerland  2\n"},
-        {"velmor show input Phones | tail -n 1", 0, "1   \\x1B[2J\\xC2\\x9B\\xFF\u00e9\n",
+        {"velmor show input Phones | tail -n 1", 0, "1   \\x1B[2J\\u009B\\xFF\u00e9\n",
          "#$_DATABASE_BEGIN_$#\n#$_TABLE_BEGIN_$#Phones#ID#Name#\n#1#\x1b[2J\u009b\xff\u00e9#\n"
          "#$_TABLE_END_$#\n#$_DATABASE_END_$#\n"},
         {"velmor countries sample | tail -n 1", 0, "2      0         Leerland\n"},

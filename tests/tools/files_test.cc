@@ -3,12 +3,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <random>
+
+#include "support/print.h"
+#include "support/utf8.h"
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+
+using tool::IsUtf8, tool::Json, tool::Quoted, tool::Visible, tool::VisibleJson;
 
 const std::string kImport =
     "velmor import " VELMOR_TESTS_DIR "/tools/operators.xml --phones pipe -o ";
@@ -158,10 +164,39 @@ TEST(Terminal, TablesFitItsWidth) {
     fs::current_path("..");
 }
 
+TEST(Terminal, ShowsWhatAReaderSees) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"N\x1b[2J\x7f", "N\\x1B[2J\\x7F"},
+        {"\u009b31m\x9b", "\\u009B31m\\x9B"},
+        {"\u202eevil\u061c\u2069\u200f", "\\u202Eevil\\u061C\\u2069\\u200F"},
+        {"a\u200bb\ufeffc\u2028\u00ad", "a\\u200Bb\\uFEFFc\\u2028\\u00AD"},
+        {"\xed\xa0\x80 \ufffe \U000e0041 \U00040000",
+         "\\xED\\xA0\\x80 \\uFFFE \\uDB40\\uDC41 \\uD8C0\\uDC00"},
+        {"\u00c4 e\u0301\u0302 \u4e2d \U0001f600", "\u00c4 e\u0301\u0302 \u4e2d \U0001f600"},
+        {"\u0301a \u0301", "\\u0301a \\u0301"},  // marks without a letter
+    };
+    for (const auto& [text, shown] : rows) {
+        EXPECT_EQ(Visible(text), shown);
+    }
+    EXPECT_EQ(Quoted("\"\\\x1b\""), "\"\\\"\\\\\\x1B\\\"\"");
+    std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same bytes every time
+    for (int round = 0; round < 20000; ++round) {
+        std::string bytes;
+        for (int i = 0; i < 6; ++i) {
+            bytes += static_cast<char>(random() % 3 == 0 ? 0x80 + random() % 64 : random());
+        }
+        const Json json = Json(bytes).dump(-1, ' ', false, Json::error_handler_t::replace);
+        EXPECT_EQ(IsUtf8(bytes), Json::parse(json.get<std::string>()) == bytes);
+        EXPECT_EQ(Json::parse(VisibleJson(json.dump())), json);
+        EXPECT_TRUE(IsUtf8(Visible(bytes)));
+        EXPECT_EQ(Visible(Visible(bytes)), Visible(bytes));
+    }
+}
+
 // Each command on a catalogue with control characters, and on a path with one.
 TEST(Terminal, GetsNoControlCharacters) {
     MakeFolder();
-    const std::string nasty = "\x1b[2J\x7f\u009b31m\x9b";
+    const std::string nasty = "\x1b[2J\x7f\u009b31m\x9b\u202e";
     std::string text = ReadFile("source");
     for (const char* name : {"Leerland", "Northtel", "Swift 5"}) {
         text.insert(text.find(name), nasty);
@@ -175,7 +210,8 @@ TEST(Terminal, GetsNoControlCharacters) {
           "check $(printf '\\033[1m')", "$(printf '\\033')"}) {
         const std::string shown = OnTerminal(80, "velmor " + line + " || :");
         EXPECT_FALSE(shown.empty()) << line;
-        EXPECT_EQ(shown.find_first_of("\x1b\x7f\x9b"), std::string::npos) << line << "\n" << shown;
+        EXPECT_EQ(shown.find_first_of("\x1b\x7f\x9b\xae"), std::string::npos) << line << "\n"
+                                                                              << shown;
     }
     // Piped JSON has the same texts.
     Shell("velmor phones nasty --json");

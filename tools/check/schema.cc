@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "check/check.h"
 #include "dun/setting_columns.h"
-#include "support/print.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

@@ -6,9 +6,9 @@
 #include <iostream>
 
 #include "commands/command.h"
-#include "support/display.h"
 #include "support/input_file.h"
 #include "support/print.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

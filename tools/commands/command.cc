@@ -4,7 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include "commands/usage.h"
-#include "support/display.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

@@ -9,9 +9,9 @@
 #include <sstream>
 
 #include "commands/command.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/output_file.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

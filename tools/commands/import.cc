@@ -10,9 +10,9 @@
 #include "import/country_names.h"
 #include "import/source.h"
 #include "session/schema.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/output_file.h"
+#include "support/utf8.h"
 
 namespace tool {
 

@@ -7,10 +7,10 @@
 
 #include "commands/command.h"
 #include "session/trace.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/interruption.h"
 #include "support/leftover.h"
+#include "support/utf8.h"
 #include "velmor.h"
 
 const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;

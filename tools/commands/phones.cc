@@ -5,8 +5,8 @@
 #include "commands/command.h"
 #include "host/private_copy.h"
 #include "host/setting_format.h"
-#include "support/display.h"
 #include "support/print.h"
+#include "support/utf8.h"
 #include "velmor.h"
 
 namespace tool {

@@ -7,8 +7,8 @@
 #include "diagnosis/detection.h"
 #include "host/private_copy.h"
 #include "host/setting_format.h"
-#include "support/display.h"
 #include "support/error.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

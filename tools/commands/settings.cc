@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // velmor settings: lists the settings of a country that a host offers to its user.
 #include "commands/command.h"
+#include "commands/suggestion.h"
 #include "host/private_copy.h"
 #include "host/setting_format.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
 #include "velmor.h"

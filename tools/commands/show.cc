@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // velmor show: shows the tables of a catalogue as the library holds them.
 #include "commands/command.h"
+#include "commands/suggestion.h"
 #include "host/private_copy.h"
 #include "session/rows.h"
 #include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/print.h"
 

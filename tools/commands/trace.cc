@@ -4,10 +4,10 @@
 #include <iostream>
 
 #include "commands/command.h"
-#include "support/display.h"
 #include "support/error.h"
 #include "support/input_file.h"
 #include "support/output_file.h"
+#include "support/utf8.h"
 #include "trace/trace_report.h"
 
 namespace tool {

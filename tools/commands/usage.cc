@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "support/display.h"
+#include "commands/suggestion.h"
 #include "support/texts.h"
 
 namespace tool {

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "support/utf8.h"
+
 namespace tool {
 namespace {
 
@@ -14,22 +16,6 @@ constexpr int kMostLines = 20;           // of an answer
 constexpr std::size_t kMostBytes = 200;  // of a line
 
 constexpr double kPatience = 0.9;  // seconds of silence before a wait is shown
-
-// The text with every byte that is not printable ASCII as \xNN. Otherwise a phone could send
-// control sequences to the terminal.
-std::string Printable(const std::string& bytes) {
-    std::string text;
-    for (const char c : bytes) {
-        if (' ' <= c && c <= '~') {
-            text += c;
-        } else {
-            char code[8];
-            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned char>(c));
-            text += code;
-        }
-    }
-    return text;
-}
 
 }  // namespace
 
@@ -48,7 +34,7 @@ void DialogueLog::Waiting(double secondsLeft) {
     const double left = std::ceil(secondsLeft);
     if (terminal_ && Seconds() - since_ >= kPatience && left > 0 && left != left_) {
         std::fprintf(stderr, "\r\033[K            %s: waiting, %.0f s left",
-                     Printable(asked_).c_str(), left);
+                     Visible(asked_).c_str(), left);
         left_ = left;
     }
 }
@@ -88,7 +74,7 @@ double DialogueLog::Seconds() const {
 void DialogueLog::Show(char direction, const std::string& text) {
     EndWaiting();
     if (!silent_) {
-        std::fprintf(stderr, "%8.3f s  %c %s\n", Seconds(), direction, Printable(text).c_str());
+        std::fprintf(stderr, "%8.3f s  %c %s\n", Seconds(), direction, Visible(text).c_str());
     }
 }
 

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "host/setting_format.h"
-#include "support/display.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

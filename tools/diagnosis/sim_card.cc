@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <iostream>
 
-#include "support/display.h"
 #include "support/error.h"
 #include "support/texts.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

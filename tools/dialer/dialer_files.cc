@@ -8,8 +8,8 @@
 
 #include "host/setting_format.h"
 #include "support/error.h"
-#include "support/print.h"
 #include "support/texts.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

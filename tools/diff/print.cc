@@ -5,8 +5,8 @@
 #include <iostream>
 
 #include "session/schema.h"
-#include "support/legible.h"
 #include "support/texts.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {
@@ -49,11 +49,11 @@ std::string Describe(const Change& change) {
     if (change.what == What::kNumberKey) {
         text += " " + change.name;  // digits
     } else if (!change.name.empty()) {
-        text += " " + Legible(change.name);
+        text += " " + Quoted(change.name);
     }
     const bool added = change.kind == Kind::kAdded;
     if (change.movedAcross) {
-        text += (added ? ", before of " : ", now of ") + Legible(change.otherHolder);
+        text += (added ? ", before of " : ", now of ") + Quoted(change.otherHolder);
     }
     const char* separator = ": ";
     for (const Value& value : change.values) {
@@ -61,8 +61,8 @@ std::string Describe(const Change& change) {
         if (change.kind == Kind::kChanged || value.name != vel::schema::kName) {
             text += separator + value.name + " ";
             text += change.kind == Kind::kChanged
-                        ? Legible(value.before) + " -> " + Legible(value.after)
-                        : Legible(added ? value.after : value.before);
+                        ? Quoted(value.before) + " -> " + Quoted(value.after)
+                        : Quoted(added ? value.after : value.before);
             separator = ", ";
         }
     }
@@ -82,7 +82,7 @@ void PrintChange(const Change& change, std::size_t depth) {
 std::string Heading(const Change& change) {
     return change.what != What::kNetwork ? Several(change.what)
            : change.country.empty()      ? "networks without a country"
-                                         : "networks of " + Legible(change.country);
+                                         : "networks of " + Quoted(change.country);
 }
 
 const char* Name(Kind kind) {

@@ -8,9 +8,9 @@
 #include "import/values.h"
 #include "import/xml_file.h"
 #include "support/error.h"
-#include "support/print.h"
 #include "support/progress.h"
 #include "support/texts.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

@@ -4,7 +4,7 @@
 #include <iomanip>
 #include <ostream>
 
-#include "support/display.h"
+#include "support/utf8.h"
 
 namespace tool {
 

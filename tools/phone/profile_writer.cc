@@ -2,11 +2,11 @@
 #include "phone/profile_writer.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <regex>
 #include <stdexcept>
 
 #include "phone/profile.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {
@@ -168,9 +168,7 @@ std::string Escaped(const std::string& bytes) {
         } else if (' ' <= c && c <= '~' && !outerBlank) {
             text += c;
         } else {
-            char code[8];
-            std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned char>(c));
-            text += code;
+            text += EscapedByte(c);
         }
     }
     return text;

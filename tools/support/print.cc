@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "support/print.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 #include <numeric>
 
-#include "support/display.h"
 #include "support/error.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {
@@ -54,32 +56,20 @@ void PrintRows(std::vector<TextRow> rows, std::size_t limit) {
     }
 }
 
-// JSON allows DEL and the control characters of 8 bits as they are, but a terminal obeys them.
-std::string WithoutControls(const std::string& json) {
-    std::string text;
-    for (std::size_t i = 0; i < json.size(); ++i) {
-        const bool two = json.compare(i, 1, "\xC2") == 0 && i + 1 < json.size() &&
-                         static_cast<unsigned char>(json[i + 1]) < 0xA0;
-        if (two || json[i] == '\x7F') {
-            char code[8];
-            i += two ? 1 : 0;
-            std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned char>(json[i]));
-            text += code;
-        } else {
-            text += json[i];
-        }
+// The columns of the terminal on standard output; 0 when it is none, or its width is not known.
+std::size_t TerminalWidth() {
+    if (isatty(STDOUT_FILENO) != 1) {
+        return 0;
     }
-    return text;
+    struct winsize size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) {
+        return size.ws_col;
+    }
+    const char* const columns = std::getenv("COLUMNS");
+    return columns == nullptr ? 0 : std::strtoul(columns, nullptr, 10);
 }
 
 }  // namespace
-
-bool IsUtf8(const std::string& text) {
-    if (std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; })) {
-        return true;
-    }
-    return Json::parse(Json(text).dump(-1, ' ', false, Json::error_handler_t::replace)) == text;
-}
 
 std::vector<std::string> SplitColumns(const std::string& columns) {
     std::vector<std::string> names;
@@ -103,7 +93,7 @@ void RequireColumn(const std::string& column, const std::vector<std::string>& kn
 
 void PrintJson(const Json& json) {
     const std::string text = json.dump(2, ' ', false, Json::error_handler_t::replace);
-    std::cout << (isatty(STDOUT_FILENO) == 1 ? WithoutControls(text) : text) << "\n";
+    std::cout << (isatty(STDOUT_FILENO) == 1 ? VisibleJson(text) : text) << "\n";
 }
 
 void PrintAligned(const std::vector<TextRow>& rows) {

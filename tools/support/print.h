@@ -12,15 +12,12 @@ using Json = nlohmann::ordered_json;
 // The texts of one row of a printed table.
 using TextRow = std::vector<std::string>;
 
-// Whether a text is UTF-8, as JSON has to be.
-bool IsUtf8(const std::string& text);
-
 // These functions print on standard output.
 
-// Replaces bytes that are not UTF-8. A terminal gets no control characters.
+// Replaces bytes that are not UTF-8. A terminal gets the visible form.
 void PrintJson(const Json& json);
 
-// Prints rows in columns, whole and without control characters. A column is as wide as its longest
+// Prints rows in columns, whole and visible. A column is as wide as its longest
 // text. All rows have as many texts as the first.
 void PrintAligned(const std::vector<TextRow>& rows);
 
