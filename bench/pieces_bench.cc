@@ -147,11 +147,11 @@ void Scan(benchmark::State& state) {
     int rows = 0;
     while (state.KeepRunning()) {
         Velmor::Rows matches;
-        settings.Find(condition.get(), *&matches);
+        settings.Find(condition.get(), matches.Receive());
         matches->get_Count(found);
     }
     Velmor::Rows all;
-    settings.get_Rows(*&all);
+    settings.get_Rows(all.Receive());
     all->get_Count(rows);
     if (found == 0) {
         state.SkipWithError("nothing found");

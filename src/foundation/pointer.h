@@ -9,8 +9,8 @@ namespace vel {
 
 // Owns one reference to a counted object, or none.
 //
-// `&pointer` gives the empty slot to an operation with a `T*&` or `T**` result. The object comes
-// with a reference for the caller, and the pointer owns that.
+// `pointer.Receive()` and `&pointer` give the empty slot to an operation with a `T*&` or `T**`
+// result. The object comes with a reference for the caller, and the pointer owns that.
 template <class T>
 class Pointer {
   public:
@@ -44,10 +44,13 @@ class Pointer {
         return pointer;
     }
 
-    // Releases the object, if any, and gives out the empty slot.
-    T** operator&() {  // NOLINT(google-runtime-operator): the receiving form of the model
+    // Both release the object, if any, and give out the empty slot.
+    T*& Receive() {
         Reset();
-        return &object_;
+        return object_;
+    }
+    T** operator&() {  // NOLINT(google-runtime-operator): the receiving form of the model
+        return &Receive();
     }
 
     void Reset() { DropReference(std::exchange(object_, nullptr)); }

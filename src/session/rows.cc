@@ -37,7 +37,7 @@ RowView RowAt(const Velmor::Rows& rows, long index) {
         return {};
     }
     Pointer<IRow> row;
-    rows->get_Item(static_cast<int>(index), *&row);
+    rows->get_Item(static_cast<int>(index), row.Receive());
     return static_cast<const Row&>(*row).View();  // its table keeps the texts
 }
 
@@ -67,7 +67,7 @@ Velmor::Rows FindRows(const Velmor::Table& table, std::initializer_list<Required
 Velmor::Rows FindRows(const Velmor::Table& table, IRowCondition* condition) {
     Velmor::Rows rows;
     if (table) {
-        table->Find(condition, *&rows);
+        table->Find(condition, rows.Receive());
     }
     return rows;
 }

@@ -71,7 +71,7 @@ void Velmor::Init(const char* aDatabaseFile) {
 Velmor::Table Velmor::FetchTable(const char* name) const {
     Table table;
     if (database) {
-        database->get_Table(name, *&table);
+        database->get_Table(name, table.Receive());
     }
     return table;
 }

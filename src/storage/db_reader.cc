@@ -12,13 +12,13 @@ class TableInHand {
   public:
     TableInHand(IDatabase& database, const String& name, const Array<String>& columns)
         : database_(database), name_(name) {
-        database.CreateTable(name, columns, *&table_);
+        database.CreateTable(name, columns, table_.Receive());
     }
     TableInHand(const TableInHand&) = delete;
     TableInHand& operator=(const TableInHand&) = delete;
     ~TableInHand() {
         Pointer<ITable> listed;
-        database_.get_Table(name_, *&listed);
+        database_.get_Table(name_, listed.Receive());
         if (!(listed == table_)) {
             table().Destroy();
         }
@@ -64,7 +64,7 @@ Pointer<IDatabase> DBReader::get_DB() {
 void DBReader::BeginDatabase() {
     const String name = FieldOr(1, "<default>");
     const String version = FieldOr(2, "000");
-    Database::Create(name, version, *&database_);
+    Database::Create(name, version, database_.Receive());
 }
 
 DBReader::Section DBReader::ReadTable() {

@@ -38,8 +38,8 @@ class Keeper final : public IRowCondition {
 class Model : public testing::Test {
   protected:
     Model() {
-        EXPECT_EQ(Database::Create("World", "7", *&database), 0);
-        database->CreateTable("Colours", Texts({"ID", "Name"}), *&table);
+        EXPECT_EQ(Database::Create("World", "7", database.Receive()), 0);
+        database->CreateTable("Colours", Texts({"ID", "Name"}), table.Receive());
     }
     ~Model() override {
         database.Reset();
@@ -48,7 +48,7 @@ class Model : public testing::Test {
     }
     Pointer<IRow> Create(const Lines& values) {
         Pointer<IRow> row;
-        EXPECT_EQ(table->CreateRow(Texts(values), *&row), 0);
+        EXPECT_EQ(table->CreateRow(Texts(values), row.Receive()), 0);
         return row;
     }
     static int Count(const Rows& rows) {
@@ -78,9 +78,9 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(row->get_Index(index), 0);
     EXPECT_EQ(index, 1);
     Pointer<IRow> found;
-    EXPECT_EQ(table->get_Row("2", *&found), 0);
+    EXPECT_EQ(table->get_Row("2", *&found), 0);  // the other form of Receive
     EXPECT_TRUE(found == row);
-    IRow* none = row.get();  // holds a row: *& would empty a Pointer
+    IRow* none = row.get();  // holds a row: Receive would empty a Pointer
     EXPECT_EQ(table->get_Row("4", none), 0);
     EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Value(*row, "name"), "<none>");
@@ -88,9 +88,9 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(index, -1);
 
     Pointer<IColumn> cell;
-    EXPECT_EQ(row->get_Column("Name", *&cell), 0);
+    EXPECT_EQ(row->get_Column("Name", cell.Receive()), 0);
     Pointer<IRow> owner;
-    EXPECT_EQ(cell->get_Row(*&owner), 0);
+    EXPECT_EQ(cell->get_Row(owner.Receive()), 0);
     EXPECT_TRUE(owner == row);
     String text;
     EXPECT_EQ(cell->get_Name(text), 0);
@@ -100,18 +100,18 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(cell->get_Index(index), 0);
     EXPECT_EQ(index, 1);
     Pointer<ICollection<IColumn*>> cells;
-    EXPECT_EQ(row->get_Columns(*&cells), 0);
+    EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
     EXPECT_EQ(cells->get_Count(index), 0);
     EXPECT_EQ(index, 2);
     Pointer<IColumn> same;
-    EXPECT_EQ(cells->get_Item(1, *&same), 0);
+    EXPECT_EQ(cells->get_Item(1, same.Receive()), 0);
     EXPECT_TRUE(same == cell);
     Pointer<IDatabase> ofRow, ofCell;
     Pointer<ITable> tableOfRow, tableOfCell;
-    EXPECT_TRUE(row->get_Database(*&ofRow) == 0 && ofRow == database);
-    EXPECT_TRUE(cell->get_Database(*&ofCell) == 0 && ofCell == database);
-    EXPECT_TRUE(row->get_Table(*&tableOfRow) == 0 && tableOfRow == table);
-    EXPECT_TRUE(cell->get_Table(*&tableOfCell) == 0 && tableOfCell == table);
+    EXPECT_TRUE(row->get_Database(ofRow.Receive()) == 0 && ofRow == database);
+    EXPECT_TRUE(cell->get_Database(ofCell.Receive()) == 0 && ofCell == database);
+    EXPECT_TRUE(row->get_Table(tableOfRow.Receive()) == 0 && tableOfRow == table);
+    EXPECT_TRUE(cell->get_Table(tableOfCell.Receive()) == 0 && tableOfCell == table);
     Array<String> names;
     EXPECT_EQ(row->get_ColumnNames(names), 0);
     EXPECT_EQ(Plain(names), (Lines{"ID", "Name"}));
@@ -121,7 +121,7 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_TRUE(database->get_Version(text) == 0 && text == String("7"));
     EXPECT_TRUE(row->get_ID(text) == 0 && text == String("2"));
     EXPECT_EQ(table->AddRef(), table->Release() + 1);
-    EXPECT_TRUE(row->get_Column("ID", *&same) == 0 && same && !(same == cell));
+    EXPECT_TRUE(row->get_Column("ID", same.Receive()) == 0 && same && !(same == cell));
     EXPECT_FALSE(static_cast<Row&>(*row).Text(2) || static_cast<Row&>(*row).Text(-1));
     IColumn* noCell = cell.get();
     EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
@@ -145,13 +145,13 @@ TEST_F(Model, HeldRowsLast) {
     }
     auto keeper = Pointer<Keeper>::Adopt(new Keeper);
     Rows found;
-    EXPECT_EQ(table->Find(keeper.get(), *&found), 0);
+    EXPECT_EQ(table->Find(keeper.get(), found.Receive()), 0);
     Pointer<IRow> second, same;
-    EXPECT_EQ(found->get_Item(0, *&second), 0);
+    EXPECT_EQ(found->get_Item(0, second.Receive()), 0);
     EXPECT_EQ(Value(*second, "Name"), "green");
     const Pointer<IRow> first = keeper->kept[0];
-    EXPECT_TRUE(table->get_Row("1", *&same) == 0 && same == first);
-    EXPECT_TRUE(table->get_Row("3", *&same) == 0 && same == keeper->kept[1]);
+    EXPECT_TRUE(table->get_Row("1", same.Receive()) == 0 && same == first);
+    EXPECT_TRUE(table->get_Row("3", same.Receive()) == 0 && same == keeper->kept[1]);
     int third = -1;
     EXPECT_TRUE(same->get_Index(third) == 0 && third == 2);
     for (int cleared = 0; cleared < 2; ++cleared) {
@@ -170,19 +170,19 @@ TEST_F(Model, HeldRowsLast) {
 
 TEST_F(Model, TakenNameIsNotRegistered) {
     Pointer<ITable> second;
-    EXPECT_EQ(database->CreateTable("Colours", Texts({"X"}), *&second), 0);
+    EXPECT_EQ(database->CreateTable("Colours", Texts({"X"}), second.Receive()), 0);
     Pointer<ITable> found;
-    EXPECT_EQ(database->get_Table("Colours", *&found), 1);
+    EXPECT_EQ(database->get_Table("Colours", found.Receive()), 1);
     EXPECT_TRUE(found == table);
     ITable* none = table.get();
     EXPECT_EQ(database->get_Table("colours", none), 0);
     EXPECT_EQ(none, nullptr);
     EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
     Pointer<ICollection<ITable*>> tables;
-    EXPECT_EQ(database->get_Tables(*&tables), 0);
+    EXPECT_EQ(database->get_Tables(tables.Receive()), 0);
     static_cast<Table&>(*second).Destroy();
     static_cast<Database&>(*database).Destroy();
-    EXPECT_EQ(database->get_Table("Colours", *&found), 0);
+    EXPECT_EQ(database->get_Table("Colours", found.Receive()), 0);
 }
 
 // The last reference from outside releases the whole tree. A part that the test still holds stays
@@ -190,12 +190,13 @@ TEST_F(Model, TakenNameIsNotRegistered) {
 TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     const Pointer<IRow> row = Create({"1", "red"});
     Pointer<IColumn> cell;
-    EXPECT_EQ(row->get_Column("Name", *&cell), 0);
+    EXPECT_EQ(row->get_Column("Name", cell.Receive()), 0);
     Rows rows;
-    EXPECT_EQ(table->get_Rows(*&rows), 0);
+    EXPECT_EQ(table->get_Rows(rows.Receive()), 0);
     EXPECT_EQ(Count(rows), 1);
     Rows found;
-    EXPECT_EQ(table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), *&found), 0);
+    EXPECT_EQ(
+        table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), found.Receive()), 0);
     IDatabase *ofTable = database.get(), *ofCell = ofTable, *ofRow = ofTable;
     database.Reset();
 
@@ -220,7 +221,7 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     EXPECT_EQ(cell->get_Value(text), 0);
     EXPECT_EQ(text, String("red"));
     Pointer<ICollection<IColumn*>> cells;
-    EXPECT_EQ(row->get_Columns(*&cells), 0);
+    EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
     int count = -1;
     EXPECT_EQ(cells->get_Count(count), 0);
     EXPECT_EQ(count, 0);
@@ -237,10 +238,10 @@ TEST_F(Model, MatchesSeveralValues) {
         }
         auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
         Rows found;
-        std::string all = table->Find(match.get(), *&found) == 0 ? "" : "refused";
+        std::string all = table->Find(match.get(), found.Receive()) == 0 ? "" : "refused";
         for (int i = 0; i < Count(found); ++i) {
             Pointer<IRow> row;
-            found->get_Item(i, *&row);
+            found->get_Item(i, row.Receive());
             all += Value(*row, "ID");
         }
         EXPECT_EQ(match->Prepare(nullptr), 1);
@@ -255,25 +256,25 @@ TEST_F(Model, MatchesSeveralValues) {
     EXPECT_EQ(ids({{"ID", "1"}, {"Colour", "red"}}), "refused");
     // Prepared for another table, a condition looks at its columns there.
     Pointer<ITable> other;
-    database->CreateTable("Other", Texts({"Name", "ID"}), *&other);
+    database->CreateTable("Other", Texts({"Name", "ID"}), other.Receive());
     Pointer<IRow> inOther;
-    other->CreateRow(Texts({"red", "9"}), *&inOther);
+    other->CreateRow(Texts({"red", "9"}), inOther.Receive());
     auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
     match->Require("Name", "red");
     Rows here, there, neither;
-    EXPECT_EQ(table->Find(match.get(), *&here), 0);
-    EXPECT_EQ(other->Find(match.get(), *&there), 0);
+    EXPECT_EQ(table->Find(match.get(), here.Receive()), 0);
+    EXPECT_EQ(other->Find(match.get(), there.Receive()), 0);
     EXPECT_EQ(Count(here) + 10 * Count(there), 12);
     match->Require("ID", "9");
-    EXPECT_EQ(other->Find(match.get(), *&there), 0);
+    EXPECT_EQ(other->Find(match.get(), there.Receive()), 0);
     EXPECT_EQ(Count(there), 1);
-    EXPECT_EQ(table->Find(nullptr, *&neither), 1);
+    EXPECT_EQ(table->Find(nullptr, neither.Receive()), 1);
     EXPECT_EQ(Count(neither), 0);
     auto odd = Pointer<OddStatus>::Adopt(new OddStatus);
-    EXPECT_EQ(table->Find(odd.get(), *&neither), 7);
+    EXPECT_EQ(table->Find(odd.get(), neither.Receive()), 7);
     EXPECT_EQ(Count(neither), 0);
     Pointer<IRow> row;
-    EXPECT_EQ(table->FindByIndex("Name", "red", *&row), 0);
+    EXPECT_EQ(table->FindByIndex("Name", "red", row.Receive()), 0);
     EXPECT_EQ(Value(*row, "ID"), "1");
     IRow* none = row.get();
     EXPECT_EQ(table->FindByIndex("Colour", "red", none), 1);
@@ -289,7 +290,7 @@ TEST_F(Model, RowsAreMadeOrNot) {
         Pointer<IRow> row;
         allocation::FailAfter(n);
         try {
-            table->CreateRow(values, *&row);
+            table->CreateRow(values, row.Receive());
         } catch (const std::bad_alloc&) {
         }
         failed = allocation::FailAfter(0);
@@ -302,10 +303,10 @@ TEST_F(Model, ScansAllocateNothingForARow) {
     const auto cost = [&](const char* last) {
         const std::size_t start = allocation::Count();
         Pointer<IRow> row;
-        table->get_Row(last, *&row);
+        table->get_Row(last, row.Receive());
         String value;
         row->get_ColumnValue("Name", value);
-        EXPECT_EQ(table->FindByIndex("ID", last, *&row), 0);
+        EXPECT_EQ(table->FindByIndex("ID", last, row.Receive()), 0);
         EXPECT_TRUE(row);
         return allocation::Count() - start;
     };

@@ -44,12 +44,12 @@ inline Lines Dump(const vel::IDatabase& database) {
     database.get_Version(version);
     Lines lines{Plain(name) + " " + Plain(version)};
     vel::Pointer<vel::ICollection<vel::ITable*>> tables;
-    database.get_Tables(*&tables);
+    database.get_Tables(tables.Receive());
     int tableCount = 0;
     tables->get_Count(tableCount);
     for (int t = 0; t < tableCount; ++t) {
         vel::Pointer<vel::ITable> table;
-        tables->get_Item(t, *&table);
+        tables->get_Item(t, table.Receive());
         table->get_Name(name);
         vel::Array<vel::String> columns;
         table->get_ColumnNames(columns);
@@ -59,12 +59,12 @@ inline Lines Dump(const vel::IDatabase& database) {
         }
         lines.push_back(line);
         vel::Pointer<vel::ICollection<vel::IRow*>> rows;
-        table->get_Rows(*&rows);
+        table->get_Rows(rows.Receive());
         int rowCount = 0;
         rows->get_Count(rowCount);
         for (int r = 0; r < rowCount; ++r) {
             vel::Pointer<vel::IRow> row;
-            rows->get_Item(r, *&row);
+            rows->get_Item(r, row.Receive());
             line = "  ";
             for (int c = 0; c < columns.count; ++c) {
                 line += "[" + Value(*row, columns[c].c_str()) + "]";

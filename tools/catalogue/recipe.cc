@@ -14,7 +14,7 @@ vel::Recipe ReadRecipe(const CatalogueTable* table) {
         new vel::Table(nullptr, ToLibrary(table->name), ToLibrary(table->columns)));
     for (const CatalogueRow& row : table->rows) {
         vel::Pointer<vel::IRow> made;
-        copy->CreateRow(ToLibrary(row.cells), *&made);
+        copy->CreateRow(ToLibrary(row.cells), made.Receive());
     }
     vel::Recipe recipe(copy.get());
     copy->Destroy();  // otherwise the rows and the table keep each other alive

@@ -30,13 +30,13 @@ vel::Pointer<vel::IDatabase> Load(const std::string& path) {
 
 std::vector<std::string> TableNames(const vel::IDatabase& database) {
     vel::Pointer<vel::ICollection<vel::ITable*>> tables;
-    database.get_Tables(*&tables);
+    database.get_Tables(tables.Receive());
     int count = 0;
     tables->get_Count(count);
     std::vector<std::string> names;
     for (int i = 0; i < count; ++i) {
         vel::Pointer<vel::ITable> table;
-        tables->get_Item(i, *&table);
+        tables->get_Item(i, table.Receive());
         vel::String name;
         table->get_Name(name);
         names.push_back(FromLibrary(name));
@@ -46,14 +46,14 @@ std::vector<std::string> TableNames(const vel::IDatabase& database) {
 
 void ShowTables(const vel::IDatabase& database, bool json) {
     vel::Pointer<vel::ICollection<vel::ITable*>> tables;
-    database.get_Tables(*&tables);
+    database.get_Tables(tables.Receive());
     int count = 0;
     tables->get_Count(count);
     std::vector<TextRow> lines{{"TABLE", "ROWS"}};
     Json list = Json::array();
     for (int i = 0; i < count; ++i) {
         vel::Pointer<vel::ITable> table;
-        tables->get_Item(i, *&table);
+        tables->get_Item(i, table.Receive());
         vel::String name;
         table->get_Name(name);
         const int rows = vel::CountOf(table);
@@ -68,7 +68,7 @@ void ShowTables(const vel::IDatabase& database, bool json) {
 Velmor::Rows Select(const Velmor::Table& table, const Options& options) {
     if (options.where.empty()) {
         Velmor::Rows all;
-        table->get_Rows(*&all);
+        table->get_Rows(all.Receive());
         return all;
     }
     const std::size_t equals = options.where.find('=');
@@ -119,7 +119,7 @@ int Show(const Options& options) {
         return kExitOk;
     }
     Velmor::Table table;
-    database->get_Table(ToLibrary(options.table), *&table);
+    database->get_Table(ToLibrary(options.table), table.Receive());
     if (!table) {
         throw ToolError(options.catalogue, ": has no table ", options.table,
                         Suggestion(options.table, TableNames(*database)),
