@@ -2,7 +2,7 @@
 #pragma once
 
 #include "database/column.h"
-#include "foundation/record.h"
+#include "foundation/packed_texts.h"
 
 namespace vel {
 

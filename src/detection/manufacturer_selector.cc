@@ -16,6 +16,6 @@ bool ManufacturerSelector::Matches(const IRow* const& row) const {
         static_cast<const Row*>(row)->View().Text(schema::kManufacturerResponse);
     // By length: an answer with line noise may hold a NUL, and the text behind it counts too.
     const auto length = static_cast<std::size_t>(answer_.Length());
-    return pattern.count <= 1 || memmem(answer_.c_str(), length, pattern.data,
-                                        static_cast<std::size_t>(pattern.count - 1)) != nullptr;
+    return pattern.IsEmpty() || memmem(answer_.c_str(), length, pattern.data,
+                                       static_cast<std::size_t>(pattern.Length())) != nullptr;
 }

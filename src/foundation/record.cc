@@ -3,10 +3,6 @@
 
 namespace vel {
 
-String TextView::ToString() const {
-    return count > 0 ? String::FromBytes(data, count - 1) : String();
-}
-
 Record::Record(const Array<String>& fields) {
     int bytes = 0;
     for (int i = 0; i < fields.count; ++i) {
@@ -41,22 +37,6 @@ Array<String> Record::Fields(int first) const {
         fields.Append((*this)[i].ToString());
     }
     return fields;
-}
-
-std::size_t PackedTexts::SizeOf(const Record& record) {
-    const auto ends = static_cast<std::size_t>(record.get_Count());
-    return (1 + ends) * sizeof(int) + static_cast<std::size_t>(record.bytes_.count);
-}
-
-void PackedTexts::Write(const Record& record, int* memory) {
-    const int count = record.get_Count();
-    memory[0] = count;
-    if (count > 0) {
-        int* const ends = memory + 1;
-        std::memcpy(ends, record.ends_.data, static_cast<std::size_t>(count) * sizeof(int));
-        std::memcpy(ends + count, record.bytes_.data,
-                    static_cast<std::size_t>(record.bytes_.count));
-    }
 }
 
 }  // namespace vel

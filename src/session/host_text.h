@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "foundation/record.h"
+#include "foundation/text_view.h"
 
 namespace vel {
 

@@ -41,7 +41,7 @@ bool DBReader::StartsWith(const char* marker) const {
 
 String DBReader::FieldOr(int index, const String& absent) const {
     const Record& fields = reader_.Fields();
-    const bool present = index < fields.get_Count() && fields[index].count > 1;
+    const bool present = index < fields.get_Count() && !fields[index].IsEmpty();
     return present ? fields[index].ToString() : absent;
 }
 

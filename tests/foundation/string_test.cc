@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "foundation/record.h"
+#include "foundation/text_view.h"
 
 #include <gtest/gtest.h>
 

@@ -49,10 +49,8 @@ inline vel::Array<vel::String> ToLibrary(const std::vector<std::string>& fields)
     return texts;
 }
 
-// The count of a view includes the terminator.
 inline std::string FromLibrary(const vel::TextView& text) {
-    return text.count == 0 ? std::string()
-                           : std::string(text.data, static_cast<std::size_t>(text.count) - 1);
+    return {text.c_str(), static_cast<std::size_t>(text.Length())};
 }
 
 inline std::vector<std::string> FromLibrary(const vel::Record& record) {
