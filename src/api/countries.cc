@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "database/rows.h"
 #include "session/call_frame.h"
 #include "session/host_text.h"
-#include "session/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 

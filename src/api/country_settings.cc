@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dun_setting.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "database/rows.h"
 #include "foundation/number.h"
 #include "session/call_frame.h"
 #include "session/host_text.h"
-#include "session/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dial_texts.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 

@@ -2,6 +2,7 @@
 #include "dun/dial_texts.h"
 #include "foundation/number.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 

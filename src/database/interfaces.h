@@ -99,6 +99,10 @@ class IColumn : public IUnknown {
     virtual int get_Value(String& value) const = 0;
 };
 
+// References to a table and to a collection of rows, or none.
+using TablePointer = Pointer<ITable>;
+using RowsPointer = Pointer<ICollection<IRow*>>;
+
 // Gives the caller a counted object with a reference, or none.
 template <class I, class T>
 int HandOut(T* object, I*& result) {

@@ -16,8 +16,8 @@ namespace {
 class Link {
   public:
     explicit Link(const Velmor& session) : session_(session) {
-        const Velmor::Table variables = session.FetchTable(schema::kGeneralVariables);
-        const Setting setting(variables);
+        const TablePointer variables = session.FetchTable(schema::kGeneralVariables);
+        const Setting setting(variables.get());
         retries_ = ReadNumber(setting.get_Setting(schema::kAtRetry).c_str(), -1);
         timeOut_ = ReadNumber(setting.get_Setting(schema::kAtTimeOut).c_str(), -1);
     }

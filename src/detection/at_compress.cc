@@ -9,7 +9,7 @@ void vel::MakeKey(String& string, const String& settingsName) {
     auto compress = [&](CallFrame& frame) -> long {
         frame.In("string", string);
         frame.In("settingsName", settingsName);
-        const Velmor::Table table = Velmor::getVelmor()->FetchTable(settingsName.c_str());
+        const TablePointer table = Velmor::getVelmor()->FetchTable(settingsName.c_str());
         Recipe(table).Apply(string);
         return 0;
     };

@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
+#include "database/rows.h"
 #include "detection/at_command.h"
 #include "detection/at_compress.h"
 #include "detection/manufacturer_selector.h"
 #include "detection/questions.h"
 #include "session/call_frame.h"
 #include "session/host_text.h"
-#include "session/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 
 using namespace vel;
 
 namespace {
 
 // The rows for the key of an answer. The manufacturer's identifier is empty while it is unknown.
-Velmor::Rows RowsForManufacturer(const String& key, const String&) {
+RowsPointer RowsForManufacturer(const String& key, const String&) {
     return FindRows(Velmor::getVelmor()->manufacturerIdentification,
                     Pointer<IRowCondition>::Adopt(new ManufacturerSelector(key)).get());
 }
-Velmor::Rows RowsForPhone(const String& key, const String& manufacturerId) {
+RowsPointer RowsForPhone(const String& key, const String& manufacturerId) {
     return FindRows(Velmor::getVelmor()->phoneIdentification,
                     {{schema::kManufacturerID, manufacturerId}, {schema::kPhoneResponse, key}});
 }
@@ -26,7 +27,7 @@ Velmor::Rows RowsForPhone(const String& key, const String& manufacturerId) {
 // holds the identifier, and the message for the trace.
 struct Search {
     const Question& question;
-    Velmor::Rows (*rowsFor)(const String& key, const String& manufacturerId);
+    RowsPointer (*rowsFor)(const String& key, const String& manufacturerId);
     const char* idColumn;
     const char* message;
 };
@@ -48,7 +49,7 @@ struct ResponseBuffer {
 struct Detection {
     String phoneId;
     String networkId;
-    Velmor::Rows settings;
+    RowsPointer settings;
 };
 
 String AnswerTo(const Attempt& attempt) {

@@ -48,8 +48,8 @@ void MakeUpperCase(String& text) {
 
 }  // namespace
 
-Recipe::Recipe(const Velmor::Table& table) {
-    const Setting setting(table);
+Recipe::Recipe(const TablePointer& table) {
+    const Setting setting(table.get());
     const char upperCase = setting.get_Setting(schema::kMakeUpperCase).First();
     makesUpperCase_ = upperCase == 'Y' || upperCase == 'y';
     removed_ = setting.get_Setting(schema::kRemoveCharacters);

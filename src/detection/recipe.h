@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "session/session.h"
+#include "database/interfaces.h"
 
 namespace vel {
 
@@ -12,7 +12,7 @@ namespace vel {
 class Recipe {
   public:
     // Reads the steps. A missing variable leaves its step out, a missing table all of them.
-    explicit Recipe(const Velmor::Table& table);
+    explicit Recipe(const TablePointer& table);
 
     // Changes the answer in place. Changes nothing when memory runs out.
     void Apply(String& answer) const;

@@ -37,7 +37,7 @@ class PhoneRows {
     DialTexts TextsFor(CallFrame& frame, const RowView& row) const;
 
   private:
-    Velmor::Rows rows_;
+    RowsPointer rows_;
 };
 
 // The type of a network; empty when the network is not in the catalogue.

@@ -3,8 +3,9 @@
 
 #include <cstdint>
 
+#include "database/rows.h"
 #include "session/call_frame.h"
-#include "session/rows.h"
+#include "velmor.h"
 
 namespace vel {
 

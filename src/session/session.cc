@@ -15,7 +15,7 @@ namespace {
 // The tables of a session in the order in which it fetches them. It is complete when it has the
 // required ones.
 const struct {
-    Velmor::Table Velmor::*table;
+    TablePointer Velmor::*table;
     const char* name;
     bool required;
 } kTables[] = {
@@ -31,7 +31,7 @@ const struct {
 };
 
 // The tables that a session releases at its end, in this order.
-constexpr Velmor::Table Velmor::*kReleased[] = {
+constexpr TablePointer Velmor::*kReleased[] = {
     &Velmor::manufacturers,    &Velmor::countries,           &Velmor::basicDUNSettings,
     &Velmor::phones,           &Velmor::phoneIdentification, &Velmor::networkIdentification,
     &Velmor::basicDUNForPhone,
@@ -63,13 +63,13 @@ void Velmor::Init(const char* aDatabaseFile) {
     for (const auto& held : kTables) {
         this->*held.table = FetchTable(held.name);
     }
-    const Table variables = FetchTable(schema::kGeneralVariables);
-    const char trace = Setting(variables).get_Setting(schema::kTrace).First();
+    const TablePointer variables = FetchTable(schema::kGeneralVariables);
+    const char trace = Setting(variables.get()).get_Setting(schema::kTrace).First();
     traceSwitch = trace == 'y' || trace == 'Y';
 }
 
-Velmor::Table Velmor::FetchTable(const char* name) const {
-    Table table;
+TablePointer Velmor::FetchTable(const char* name) const {
+    TablePointer table;
     if (database) {
         database->get_Table(name, table.Receive());
     }

@@ -8,8 +8,9 @@
 // they read and write its fields directly.
 class Velmor {
   public:
-    using Table = vel::Pointer<vel::ITable>;
-    using Rows = vel::Pointer<vel::ICollection<vel::IRow*>>;
+    // Shorter names for the host's side.
+    using Table = vel::TablePointer;
+    using Rows = vel::RowsPointer;
 
     // The session, made on first use and destroyed when the library is unloaded or the process
     // ends. After that, a session that stays closed.
@@ -29,24 +30,24 @@ class Velmor {
     // Drops what the last detection found.
     void ForgetDetection();
     // The table of that name, null when there is none.
-    Table FetchTable(const char* name) const;
+    vel::TablePointer FetchTable(const char* name) const;
 
     vel::Pointer<vel::IDatabase> database;
-    Table phones;
-    Table basicDUNSettings;
-    Table countries;
-    Table manufacturers;
-    Table manufacturerIdentification;
-    Table phoneIdentification;
-    Table networkIdentification;
-    Table basicDUNForPhone;
-    Table networks;
+    vel::TablePointer phones;
+    vel::TablePointer basicDUNSettings;
+    vel::TablePointer countries;
+    vel::TablePointer manufacturers;
+    vel::TablePointer manufacturerIdentification;
+    vel::TablePointer phoneIdentification;
+    vel::TablePointer networkIdentification;
+    vel::TablePointer basicDUNForPhone;
+    vel::TablePointer networks;
 
     // The three identifiers start without a buffer and are emptied to that state: making a session
     // and forgetting a detection need no memory.
-    Rows countrySettings;                    // the settings of the country last asked about
+    vel::RowsPointer countrySettings;        // the settings of the country last asked about
     vel::String countrySettingsId{nullptr};  // the key of that country
-    Rows detectedSettings;                   // what the last detection found
+    vel::RowsPointer detectedSettings;       // what the last detection found
     vel::String detectedPhoneId{nullptr};
     vel::String detectedNetworkId{nullptr};
 

@@ -1,21 +1,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "session/rows.h"
+#include "database/rows.h"
+#include "session/schema.h"
 
 namespace vel {
 
 // Reads variables from a table of names and values. Without a table every variable is empty.
 class Setting {
   public:
-    explicit Setting(const Velmor::Table& table) : table_(table) {}
+    // Keeps the pointer, but no reference: the caller keeps the table alive.
+    explicit Setting(const ITable* table) : table_(table) {}
 
     // The value in the first row of that name. The empty text when there is none: a missing
     // variable and an empty one are the same.
-    String get_Setting(const TextView& name) const;
+    String get_Setting(const TextView& name) const {
+        return RowWith(table_, schema::kVariable, name).Text(schema::kValue).ToString();
+    }
 
   private:
-    Velmor::Table table_;
+    const ITable* table_;
 };
 
 }  // namespace vel

@@ -2,8 +2,9 @@
 // velmor show: shows the tables of a catalogue as the library holds them.
 #include "commands/command.h"
 #include "commands/suggestion.h"
+#include "database/rows.h"
 #include "host/private_copy.h"
-#include "session/rows.h"
+#include "session/session.h"
 #include "storage/catalogue_format.h"
 #include "storage/db_reader.h"
 #include "support/error.h"

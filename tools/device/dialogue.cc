@@ -5,6 +5,7 @@
 
 #include "foundation/number.h"
 #include "session/schema.h"
+#include "session/session.h"
 #include "session/setting.h"
 #include "support/interruption.h"
 
@@ -41,7 +42,7 @@ double WaitOf(long timeout) {
 // How long the library of this session waits for a byte.
 double Patience() {
     const Velmor::Table variables = Velmor::getVelmor()->FetchTable(vel::schema::kGeneralVariables);
-    const vel::Setting setting(variables);
+    const vel::Setting setting(variables.get());
     const auto number = [&](const char* name) {
         return vel::ReadNumber(setting.get_Setting(name).c_str(), -1);
     };

@@ -8,8 +8,9 @@
 #include "catalogue/identifiers.h"
 #include "catalogue/mcc.h"
 #include "catalogue/source_writer.h"
-#include "session/rows.h"
+#include "database/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 #include "session/setting.h"
 #include "storage/catalogue_format.h"
 #include "support/input_file.h"
@@ -52,7 +53,7 @@ std::string FreeId(const char* table) {
     }
     if (const char* variable = HighestVariable(table)) {
         const Velmor::Table variables = Table(schema::kGeneralVariables);
-        const vel::String value = vel::Setting(variables).get_Setting(variable);
+        const vel::String value = vel::Setting(variables.get()).get_Setting(variable);
         highest = std::max(highest, IdentifierNumber(FromLibrary(value)));
     }
     std::int64_t id = highest < kHighestIdentifier ? highest + 1 : 1;

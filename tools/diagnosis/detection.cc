@@ -5,10 +5,11 @@
 #include <sstream>
 
 #include "catalogue/catalogue.h"
+#include "database/rows.h"
 #include "foundation/number.h"
 #include "host/setting_format.h"
-#include "session/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 #include "session/setting.h"
 #include "support/error.h"
 #include "support/texts.h"
@@ -39,7 +40,7 @@ void AddFromSession(Detection& found) {
 // The phone like which the catalogue dials others; -1 when it names none.
 long UnknownPhone() {
     const Velmor::Table variables = Velmor::getVelmor()->FetchTable(schema::kGeneralVariables);
-    return vel::ReadNumber(vel::Setting(variables).get_Setting(kUnknownPhone).c_str(), -1);
+    return vel::ReadNumber(vel::Setting(variables.get()).get_Setting(kUnknownPhone).c_str(), -1);
 }
 
 // Fetches the settings that are not ready for another phone, by their identifiers.

@@ -4,11 +4,12 @@
 #include <algorithm>
 
 #include "catalogue/recipe.h"
+#include "database/rows.h"
 #include "detection/answer.h"
 #include "detection/manufacturer_selector.h"
 #include "detection/questions.h"
-#include "session/rows.h"
 #include "session/schema.h"
+#include "session/session.h"
 #include "support/texts.h"
 
 namespace tool {
