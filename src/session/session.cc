@@ -53,12 +53,12 @@ Velmor::~Velmor() {
     closed = new (afterwards) Velmor;
 }
 
-void Velmor::Init(const char* aDatabaseFile) {
+void Velmor::Init(const char* aDatabaseFile, EncodedCopy copy) {
     if (this == closed) {
         return;
     }
     traceDepth = 0;
-    DBReader reader(aDatabaseFile, kSeparator);
+    DBReader reader(aDatabaseFile, kSeparator, copy);
     database = reader.get_DB();
     for (const auto& held : kTables) {
         this->*held.table = FetchTable(held.name);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "database/interfaces.h"
+#include "storage/encoded_copy.h"
 #include "velmor.h"
 
 // The one session of the process: all state of the library. Only the exported operations use it;
@@ -21,7 +22,7 @@ class Velmor {
 
     // Loads the catalogue and fetches its tables; a table that the file lacks becomes null. Keeps
     // the cached and detected rows, the identifiers and the callbacks.
-    void Init(const char* aDatabaseFile);
+    void Init(const char* aDatabaseFile, vel::EncodedCopy copy = vel::EncodedCopy::kWrite);
     // Whether the database and every table that the exported operations require are there.
     bool IsComplete() const;
     // Releases the catalogue and the rows kept from it. For compatibility two tables, which no

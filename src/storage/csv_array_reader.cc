@@ -3,9 +3,11 @@
 
 namespace vel {
 
-CSVArrayReader::CSVArrayReader(const char* path, char separator)
+CSVArrayReader::CSVArrayReader(const char* path, char separator, EncodedCopy copy)
     : separator_(separator), file_(path, accessRead) {
-    crypter_.CryptFile(path, "");
+    if (copy == EncodedCopy::kWrite) {
+        crypter_.CryptFile(path, "");
+    }
 }
 
 bool CSVArrayReader::get_Array(Array<String>& fields) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "storage/crypt.h"
+#include "storage/encoded_copy.h"
 #include "storage/file.h"
 #include "storage/record_splitter.h"
 
@@ -13,7 +14,7 @@ class CSVArrayReader {
   public:
     // Writes the ".encode" copy of the file beside it, and ignores whether that worked. The first
     // read opens the file itself.
-    CSVArrayReader(const char* path, char separator);
+    CSVArrayReader(const char* path, char separator, EncodedCopy copy = EncodedCopy::kWrite);
 
     // The fields of the next record; false, with `fields` untouched, when there is none.
     bool get_Array(Array<String>& fields);

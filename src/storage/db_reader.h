@@ -11,7 +11,8 @@ namespace vel {
 class DBReader {
   public:
     // Writes the ".encode" copy (CSVArrayReader); reads nothing yet.
-    DBReader(const char* path, char separator) : reader_(path, separator) {}
+    DBReader(const char* path, char separator, EncodedCopy copy = EncodedCopy::kWrite)
+        : reader_(path, separator, copy) {}
 
     // The database; null when the file holds no database marker, or a table before it. The last one
     // when there are several.

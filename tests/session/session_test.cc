@@ -2,6 +2,7 @@
 #include <pthread.h>
 
 #include "runtime/cancellation.h"
+#include "session/open_session.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {
@@ -21,6 +22,16 @@ TEST_F(Session, StartsAndEnds) {
     Velmor_DeInitialise();
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
     Start();
+}
+
+TEST_F(Session, LeavesNothingBesideTheCatalogueWhenToldSo) {
+    WriteFile("catalogue", SampleSource().text());
+    for (const auto copy : {vel::EncodedCopy::kSkip, vel::EncodedCopy::kWrite}) {
+        std::filesystem::remove("catalogue.encode");
+        EXPECT_EQ(vel::OpenSession("catalogue", ScriptedPhone::Read, nullptr, copy), 0);
+        EXPECT_EQ(Velmor::getVelmor()->readFunction, ScriptedPhone::Read);
+        EXPECT_EQ(FileExists("catalogue.encode"), copy == vel::EncodedCopy::kWrite);
+    }
 }
 
 // A call within a call leaves the end to the outer one.
