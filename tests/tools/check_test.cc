@@ -46,7 +46,7 @@ std::string Show(const Findings& findings) {
 std::string ShowStored(const std::string& source) {
     WriteFile("catalogue", source);
     vel::ArrayCrypter().CryptFile("catalogue", "");
-    return Show(CheckCatalogue(ReadFile("catalogue.encode")));
+    return Show(CheckCatalogue(ReadFile("catalogue.encode")).findings);
 }
 
 const std::string kBegin = "#$_DATABASE_BEGIN_$#Sample#7#";
@@ -124,6 +124,8 @@ const struct {
     {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
     {"W wrong-encoding Countries", "Leerland", "L\xE4nd", "E#le#"},
+    {"W unused-allowance GeneralVariables", "TRACE#N#", "ALLOWED-WARNINGS#Networks:empty-key#",
+     "E#ALLOWED"},
     {"", "", "", ""},
     {"", "Leerland", std::string(255, 'x'), ""},
     {"", "RETRY#3#", "RETRY#1000#", ""},
@@ -148,7 +150,7 @@ TEST(Check, EveryFindingAlone) {
             expected = finding + (":" + std::to_string(line) + "\n");
             ids.insert(expected.substr(2, expected.find(' ', 2) - 2));
         }
-        EXPECT_EQ(Show(CheckCatalogue(text)), expected);
+        EXPECT_EQ(Show(CheckCatalogue(text).findings), expected);
         if (alike == kEverywhere) {
             ExpectSeenByLibrary(text);
         }
@@ -173,7 +175,8 @@ TEST(Check, CauseComesFirst) {
     };
     for (const auto& [row, expected] : rows) {
         const Findings findings =
-            CheckCatalogue(SampleSource().Replace("E#20#Swift", row + "\nE#20#Swift").text());
+            CheckCatalogue(SampleSource().Replace("E#20#Swift", row + "\nE#20#Swift").text())
+                .findings;
         std::string ids;
         std::size_t last = 0;
         for (const Finding& finding : findings) {
@@ -183,6 +186,30 @@ TEST(Check, CauseComesFirst) {
             last = place;
         }
         EXPECT_EQ(ids, expected);
+    }
+}
+
+TEST(Check, AllowsWarningsOnly) {
+    const CheckResult result = CheckCatalogue(
+        SampleSource()
+            .Replace("E#TRACE#N#", "E#ALLOWED-WARNINGS#Countries:empty-record Phones:dangling-key#")
+            .Replace("E#no#", "E#\nE#no#")
+            .Replace("#Swift 5#2#", "#Swift 5#3#")
+            .text());
+    EXPECT_EQ(Show(result.findings),
+              "W unused-allowance GeneralVariables:8\nE dangling-key Phones:49\n");
+    EXPECT_EQ(Show(result.allowed), "W empty-record Countries:30\n");
+}
+
+// Two parts of a catalogue give a whole one; the second has only the columns that a test needs.
+TEST(Check, FindsNothingInTheDataOfTheTree) {
+    const std::string allowed = "E#ALLOWED-WARNINGS#";
+    const std::string phones = Replaced(ReadFile(VELMOR_DATA_DIR "/phones.source") +
+                                            ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"),
+                                        allowed, allowed + "BasicDUNSettings:missing-column ");
+    for (const std::string& source : {kBegin + "\n" + phones + kEnd, SampleSource().text(),
+                                      ReadFile(VELMOR_DATA_DIR "/operators.source")}) {
+        EXPECT_EQ(Show(CheckCatalogue(source).findings), "");
     }
 }
 

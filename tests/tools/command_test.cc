@@ -93,6 +93,10 @@ const std::string kImport =
     "velmor import --phones " VELMOR_TESTS_DIR "/tools/phones.source -o out.file ";
 const std::string kWithList = kImport + VELMOR_TESTS_DIR "/tools/operators.xml >/dev/null --iso ";
 
+// The sample with the same fault in each country.
+const std::string kMarked =
+    "sed 's/^E#\\([nsl][a-z]#\\)/Ex#\\1/' " VELMOR_DATA_DIR "/sample.source >marked; ";
+
 TEST(Command, CompletesTables) {
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
     const Names tables = {"Phones", "PhoneIdentification", "PhoneIdentificationVariables"};
@@ -165,6 +169,18 @@ TEST(Command, Answers) {
          "true; exit $(cat out)",
          2, "standard output: cannot be written"},
         {"velmor check sample", 0, "sample: 0 error(s), 0 warning(s)\n"},
+        {kMarked +
+             "velmor check marked; velmor check marked --json | grep -c text-before; rm marked",
+         0,
+         "marked:30: warning: Countries: the text \"x\" comes before the first separator; the "
+         "library"
+         " ignores it: remove it, or put a separator before it [text-before-record] (also lines "
+         "31-32)"
+         "\nmarked: 0 error(s), 3 warning(s)\n3\n"},
+        {kMarked +
+             "sed -i s/TRACE#N/ALLOWED-WARNINGS#Countries:text-before-record/ marked;"
+             " velmor check marked; velmor check marked --json | grep -c text-before; rm marked",
+         0, "marked: 0 error(s), 0 warning(s), 3 allowed\n3\n"},
         {"velmor show sample Countries --where ID=su", 0, "ID  Name\nsu  Sudland\n"},
         {"velmor show sample Phones --where ID=3 | wc -l", 0, "1\n"},
         {"velmor phones sample | tail -n 1", 0, "20  Brontel: Swift 5\n"},

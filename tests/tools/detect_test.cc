@@ -94,7 +94,7 @@ TEST(DetectCommand, AdvisesWhatIsMissing) {
                   !result["phone"]["key"].get<std::string>().empty() ||
                       !result["manufacturer"]["key"].get<std::string>().empty());
         EXPECT_EQ(!result["settings"].empty(), !std::string(result["network"]["key"]).empty());
-        for (const Finding& finding : CheckCatalogue(ReadFile(name))) {
+        for (const Finding& finding : CheckCatalogue(ReadFile(name)).findings) {
             EXPECT_NE(finding.severity, Severity::kError) << finding.message;
         }
         complete += result["status"] == "0\n" ? 1 : 0;

@@ -3,11 +3,21 @@
 
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 #include <tuple>
+
+#include "session/schema.h"
 
 namespace tool {
 
 namespace {
+
+namespace schema = vel::schema;
+
+// The variable of GeneralVariables with the warnings that the keeper of the catalogue has looked at
+// and wants no more: TABLE:FINDING, separated by blanks. A new warning would not be noticed among
+// old ones. The library does not read it.
+constexpr char kAllowedWarnings[] = "ALLOWED-WARNINGS";
 
 // All identifiers, in the order in which the findings of one line are shown: faults of the line
 // itself, of the structure, of the columns, and then of the values. So a cause precedes its
@@ -52,25 +62,59 @@ constexpr const char* kOrder[] = {
     "endless-value",
     "long-value",
     "many-retries",
+    "unused-allowance",
 };
 
 const char* const* Rank(const Finding& finding) {
     return std::find(std::begin(kOrder), std::end(kOrder), finding.id);
 }
 
+void SortByLine(Findings& findings) {
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
+        return std::make_tuple(a.place.line, Rank(a)) < std::make_tuple(b.place.line, Rank(b));
+    });
+}
+
+// Moves the warnings that the catalogue allows. Errors stay: the library loses something there.
+void MoveAllowed(const Catalogue& catalogue, CheckResult& result) {
+    const CatalogueTable& variables = catalogue.Table(schema::kGeneralVariables);
+    const int variable = variables.Column(schema::kVariable);
+    Findings unused;
+    for (const CatalogueRow& row : variables.rows) {
+        const bool allows = row.Cell(variable) == kAllowedWarnings;
+        std::istringstream words(allows ? row.Cell(variables.Column(schema::kValue)) : "");
+        for (std::string word; words >> word;) {
+            const auto first = std::stable_partition(
+                result.findings.begin(), result.findings.end(), [&word](const Finding& finding) {
+                    return finding.severity == Severity::kError ||
+                           finding.place.table + ":" + finding.id != word;
+                });
+            if (first == result.findings.end()) {
+                AddWarning(unused, "unused-allowance", variables.At(row), kAllowedWarnings,
+                           " allows ", InQuotes(word),
+                           ", but there is no such warning: correct it, or remove it");
+            }
+            std::move(first, result.findings.end(), std::back_inserter(result.allowed));
+            result.findings.erase(first, result.findings.end());
+        }
+    }
+    std::move(unused.begin(), unused.end(), std::back_inserter(result.findings));
+}
+
 }  // namespace
 
-Findings CheckCatalogue(const std::string& bytes) {
-    Findings findings;
+CheckResult CheckCatalogue(const std::string& bytes) {
+    CheckResult result;
+    Findings& findings = result.findings;
     const Catalogue catalogue = ReadCatalogue(bytes, findings);
     CheckSchema(catalogue, findings);
     CheckKeys(catalogue, findings);
     CheckIdentification(catalogue, findings);
     CheckSettings(catalogue, findings);
-    std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
-        return std::make_tuple(a.place.line, Rank(a)) < std::make_tuple(b.place.line, Rank(b));
-    });
-    return findings;
+    MoveAllowed(catalogue, result);
+    SortByLine(findings);
+    SortByLine(result.allowed);
+    return result;
 }
 
 }  // namespace tool

@@ -5,8 +5,14 @@
 
 namespace tool {
 
-// All findings about the bytes of a catalogue, in the order of its lines.
-Findings CheckCatalogue(const std::string& bytes);
+// What the check finds, in the order of the lines.
+struct CheckResult {
+    Findings findings;
+    Findings allowed;  // the warnings that the catalogue allows
+};
+
+// Checks the bytes of a catalogue.
+CheckResult CheckCatalogue(const std::string& bytes);
 
 // The parts of the check; each adds its findings.
 // Missing and repeated tables and columns.
