@@ -1,26 +1,11 @@
 # SPDX-License-Identifier: MIT
-# bash completion for velmor(1)
+# bash completion for velmor(1). The command's help gives subcommands, options and their values.
 
 _velmor() {
-    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local -A options=(
-        [check]="--json"
-        [countries]="--columns --json"
-        [decode]="--output --force"
-        [detect]="--device --search --phone --baud --timeout --probe --record --setting --apn --contract --like --pin-file --verbose --format --json --output --force"
-        [devices]="--search --baud --json"
-        [diff]="--json"
-        [encode]="--output --force"
-        [import]="--android --phones --previous --output --iso --force"
-        [phone]="--verbose"
-        [phones]="--columns --json"
-        [setting]="--phone --setting --device --baud --format --json --output --force"
-        [settings]="--columns --json --country"
-        [show]="--columns --json --where"
-        [trace]="--profile --detection --force --json"
-    )
-    local choices="" arguments=() i
+    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} subcommand=
+    local choices="" arguments=() help i
     COMPREPLY=()
+    [ "$COMP_CWORD" -eq 1 ] || subcommand=${COMP_WORDS[1]}
     # bash takes the = of --format=json for a word.
     if [ "$word" = = ]; then
         word=
@@ -40,22 +25,24 @@ _velmor() {
             *) arguments+=("${COMP_WORDS[i]}") ;;
         esac
     done
-    if [ "$COMP_CWORD" -eq 1 ]; then
-        choices="${!options[*]} --help --version"
-    elif [ "$previous" = --format ]; then
-        choices="text json ppp wvdial networkmanager"
-    elif [ "$previous" = --contract ]; then
-        choices="prepaid postpaid"
-    elif [[ $previous == --@(country|where|search|columns) ]]; then
-        return
-    elif [[ $word == -* ]]; then
-        choices="${options[${COMP_WORDS[1]}]-} --help"
-    elif [ "${COMP_WORDS[1]}" = show ] && [ "${#arguments[@]}" -eq 1 ]; then
-        choices=$(velmor show "${arguments[0]}" 2>/dev/null | awk 'NR > 1 { print $1 }')
-    else
-        mapfile -t COMPREPLY < <(compgen -f -- "$word")
-        return
-    fi
+    # shellcheck disable=SC2086 # no word for no subcommand
+    help=$(velmor $subcommand --help 2>/dev/null)
+    case $previous in
+        --format | --contract)
+            choices=$(sed -n "s/^ *$previous [A-Z]*:{\([^}]*\)}.*/\1/p" <<<"$help" | tr , ' ')
+            ;;
+        --country | --where | --search | --columns) return ;;
+        *)
+            if [ -z "$subcommand" ] || [[ $word == -* ]]; then
+                choices=$(sed -nE 's/^ +(-.,)?(--[a-z-]+).*/\2/p; /^Subcommands:/,$s/^  ([a-z]+) .*/\1/p' <<<"$help")
+            elif [ "$subcommand" = show ] && [ "${#arguments[@]}" -eq 1 ]; then
+                choices=$(velmor show "${arguments[0]}" 2>/dev/null | awk 'NR > 1 { print $1 }')
+            else
+                mapfile -t COMPREPLY < <(compgen -f -- "$word")
+                return
+            fi
+            ;;
+    esac
     mapfile -t COMPREPLY < <(compgen -W "$choices" -- "$word")
 }
 complete -o filenames -F _velmor velmor

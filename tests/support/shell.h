@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -10,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "tests/support/files.h"
 #include "tests/support/patterns.h"
 
 // Starts a shell line in a folder of its own, or here. In the line, "velmor" is the command, and
@@ -38,6 +41,30 @@ inline std::pair<int, std::string> Finish(std::FILE* running) {
 
 inline std::pair<int, std::string> Shell(const std::string& line) {
     return Finish(Start(line));
+}
+
+// A shell line and what it must give.
+struct ShellRow {
+    std::string line;
+    int status;
+    std::string words;       // the whole output when it ends a line, else a part of the errors
+    std::string input = {};  // the bytes of the file "input"
+};
+
+// Runs the line. Status 2 goes with one line on standard error.
+inline void ExpectRow(const ShellRow& row) {
+    SCOPED_TRACE(row.line);
+    WriteFile("input", row.input);
+    const auto [status, errors] = Shell(row.line);
+    EXPECT_EQ(status, row.status) << errors;
+    if (row.status == 2) {
+        EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+    }
+    if (!row.words.empty() && row.words.back() == '\n') {
+        EXPECT_EQ(errors + ReadFile("out"), row.words);
+    } else {
+        EXPECT_NE(errors.find(row.words), std::string::npos) << errors;
+    }
 }
 
 // Shell lines that run while a phone plays the file "profile". $device is its device, and the file
