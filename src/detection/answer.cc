@@ -1,28 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "detection/answer.h"
 
-#include <cstring>
-
 namespace vel {
 namespace {
-
-// The endings of final lines, in the order in which a line is tested for them. Longer result codes
-// such as "+CME ERROR: 10" are not among them: an answer goes on after such a line.
-constexpr struct {
-    char ending[8];
-    ATAnswer::State state;
-} kFinalLines[] = {{"ERROR\r\n", ATAnswer::State::kError}, {"OK\r\n", ATAnswer::State::kOk}};
-
-ATAnswer::State Classify(const String& line) {
-    for (const auto& final : kFinalLines) {
-        const auto length = static_cast<int>(std::strlen(final.ending));
-        const char* const end = line.c_str() + line.Length();
-        if (line.Length() >= length && std::strcmp(end - length, final.ending) == 0) {
-            return final.state;
-        }
-    }
-    return ATAnswer::State::kOpen;
-}
 
 // The line up to its first carriage return or line feed.
 String WithoutLineEnd(const String& line) {
@@ -68,18 +48,18 @@ void ATAnswer::Take(char byte) {
     if (byte != '\n') {
         return;
     }
-    state_ = Classify(line_);
-    if (state_ == State::kOpen && line_.Length() >= 3) {
+    result_ = ResultForLibrary(line_.data, static_cast<std::size_t>(line_.Length()));
+    if (result_ == FinalResult::kNone && line_.Length() >= 3) {
         last_ = WithoutLineEnd(line_);
     }
     line_ = "";
 }
 
 String ATAnswer::Line(const String& command, int lineI) const {
-    if (state_ == State::kError) {
+    if (result_ == FinalResult::kError) {
         return {};
     }
-    return state_ == State::kOk && lineI >= 0 ? LineAt(all_, command, lineI) : last_;
+    return result_ == FinalResult::kOk && lineI >= 0 ? LineAt(all_, command, lineI) : last_;
 }
 
 }  // namespace vel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "detection/final_result.h"
 #include "foundation/string.h"
 
 namespace vel {
@@ -9,23 +10,17 @@ namespace vel {
 // at a time. A line that ends with a final result code ends the answer.
 class ATAnswer {
   public:
-    enum class State {
-        kOpen,  // no final line yet
-        kOk,
-        kError,
-    };
-
-    // Takes the next byte. REQUIRES: the answer is open.
+    // Takes the next byte. REQUIRES: no result yet.
     void Take(char byte);
 
-    State get_State() const { return state_; }
+    FinalResult get_Result() const { return result_; }
     // All bytes so far, with the echo of the command and the final line.
     const String& All() const { return all_; }
 
     // The relevant line without its line end; empty when there is none, as after ERROR.
     //
     // command  as it was sent, with its terminator
-    // lineI    which line is relevant. Negative, or the answer is still open: the last line of at
+    // lineI    which line is relevant. Negative, or there is no result yet: the last line of at
     //          least three characters before the final one. The echo counts, so an answer without
     //          data yields the command. 0 or more: the line at that position. The echo and empty
     //          lines do not count, the final "OK" does. For compatibility an answer that begins
@@ -36,7 +31,7 @@ class ATAnswer {
     String all_;
     String line_;  // the current line so far
     String last_;  // the last line of at least three characters
-    State state_ = State::kOpen;
+    FinalResult result_ = FinalResult::kNone;
 };
 
 }  // namespace vel

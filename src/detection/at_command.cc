@@ -50,7 +50,7 @@ class Link {
 ATAnswer Receive(const Link& link) {
     ATAnswer answer;
     char byte = '\0';
-    while (answer.get_State() == ATAnswer::State::kOpen && link.Read(byte)) {
+    while (answer.get_Result() == FinalResult::kNone && link.Read(byte)) {
         answer.Take(byte);
     }
     return answer;
@@ -77,18 +77,18 @@ int SendATCommand(const String& cmd, String& responseO, int lineI) {
         }
         const ATAnswer answer = Receive(link);
         responseO = answer.Line(cmd, lineI);
-        switch (answer.get_State()) {
-            case ATAnswer::State::kError:
+        switch (answer.get_Result()) {
+            case FinalResult::kError:
                 frame.Line("AT Error");
                 TraceBlock(frame, "received Data {", answer.All());
                 return 1;
-            case ATAnswer::State::kOk:
+            case FinalResult::kOk:
                 frame.Line("AT Done");
                 TraceBlock(frame, "received Data {", answer.All());
                 TraceBlock(frame, "relevant Data {", responseO);
                 frame.Out("responseO", responseO);
                 return 0;
-            case ATAnswer::State::kOpen:
+            case FinalResult::kNone:
                 break;
         }
         frame.Line("AT Communication error");

@@ -2,6 +2,7 @@
 #include "detection/at_command.h"
 
 #include "detection/at_compress.h"
+#include "detection/final_result.h"
 #include "tests/support/scripted_phone.h"
 
 using vel::String;
@@ -9,6 +10,33 @@ using vel::String;
 namespace {
 
 class ATCommands : public PhoneTest {};
+
+// The library looks at the end of a line, a host at the whole line.
+TEST(FinalResult, ForLibraryAndHost) {
+    constexpr auto kNone = vel::FinalResult::kNone, kOk = vel::FinalResult::kOk,
+                   kError = vel::FinalResult::kError;
+    const struct {
+        std::string line;
+        vel::FinalResult library, host;
+    } rows[] = {
+        {"OK", kOk, kOk},
+        {"ERROR", kError, kError},
+        {"NOOK", kOk, kNone},
+        {"AT ERROR", kError, kNone},
+        {"", kNone, kNone},
+        {"+CME ERROR: 10", kNone, kError},
+        {"+CMS ERROR", kError, kNone},
+        {"CONNECT 9600", kNone, kOk},
+        {"CONNECTED", kNone, kNone},
+        {"NO CARRIER", kNone, kError},
+    };
+    for (const auto& [line, library, host] : rows) {
+        const std::string ended = line + "\r\n";
+        EXPECT_EQ(vel::ResultForLibrary(ended.data(), ended.size()), library) << line;
+        EXPECT_EQ(vel::ResultForHost(line.data(), line.size()), host) << line;
+        EXPECT_EQ(vel::ResultForLibrary(line.data(), line.size()), kNone) << line;
+    }
+}
 
 TEST_F(ATCommands, RelevantLine) {
     const struct {

@@ -37,7 +37,7 @@ Answer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialog
             break;
         }
     }
-    return {answer.get_State() == vel::ATAnswer::State::kOk,
+    return {answer.get_Result() == vel::FinalResult::kOk,
             FromLibrary(answer.Line(attempt.command, attempt.line))};
 }
 

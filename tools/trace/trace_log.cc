@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "detection/answer.h"
+#include "detection/final_result.h"
 #include "support/error.h"
 
 namespace tool {
@@ -22,15 +22,10 @@ constexpr char kRefused[] = "AT Error";
 // Where the line that ends an answer ends; npos: there is none. The library decides by the last
 // bytes of each line.
 std::size_t EndOfAnswer(const std::string& bytes, std::size_t at) {
-    constexpr std::size_t kLongest = 7;  // "ERROR\r\n"
     const std::size_t first = at;
     while ((at = bytes.find('\n', at)) != std::string::npos) {
         ++at;
-        vel::ATAnswer line;
-        for (std::size_t i = at - std::min(at - first, kLongest); i < at; ++i) {
-            line.Take(bytes[i]);
-        }
-        if (line.get_State() != vel::ATAnswer::State::kOpen) {
+        if (vel::ResultForLibrary(&bytes[first], at - first) != vel::FinalResult::kNone) {
             return at;
         }
     }
