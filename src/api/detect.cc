@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "detection/at_command.h"
+#include "detection/at_compress.h"
+#include "detection/detection.h"
+#include "session/call_frame.h"
+#include "session/host_text.h"
+#include "session/session.h"
+
+using namespace vel;
+
+namespace {
+
+// The trace line for an identifier, by subject.
+constexpr char kMessages[][24] = {"Manufacturer Detected !", "Phone Detected !",
+                                  "Networks detected !"};
+
+// A buffer of the host for the raw answers about a subject.
+struct ResponseBuffer {
+    void Fill(const TextView& text) const { FillText(bytes, size, text); }
+
+    char* bytes;
+    long size;
+};
+
+}  // namespace
+
+// The results enter the session only as a whole: a detection that runs out of memory leaves
+// nothing behind.
+long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO, long manuResponse_sizeIO,
+                                  char* phoneResponseIO, long phoneResponse_sizeIO) {
+    return Framed("Velmor_DetectPhoneAndNetwork", -1, [&](CallFrame& frame) -> long {
+        frame.In("aHandle", aHandle);
+        Velmor& session = *Velmor::getVelmor();
+        session.ForgetDetection();
+        const ResponseBuffer responses[] = {{manuResponseIO, manuResponse_sizeIO},
+                                            {phoneResponseIO, phoneResponse_sizeIO},
+                                            {nullptr, 0}};  // the network's are not handed out
+        for (const ResponseBuffer& response : responses) {
+            response.Fill({});
+        }
+        if (!session.IsComplete()) {
+            return -1;
+        }
+        const auto ask = [&](Subject subject, const Attempt& attempt) {
+            String answer;
+            SendATCommand(attempt.command, answer, attempt.line);
+            responses[static_cast<int>(subject)].Fill(answer);
+            return answer;
+        };
+        const auto makeKey = [](String& answer, const char* recipe) { MakeKey(answer, recipe); };
+        const auto found = [&](Subject subject, const String& id) {
+            frame.Line2(kMessages[static_cast<int>(subject)], id);
+        };
+        Detected detected = Detect({session.manufacturerIdentification, session.phoneIdentification,
+                                    session.networkIdentification, session.basicDUNSettings},
+                                   {ask, makeKey, found});
+        const int count = CountOf(detected.settings);
+        frame.Line("Number of settings", String::FromLong(count).c_str());
+        const bool nothing = count == 0 && detected.phoneId.IsEmpty();
+        session.detectedPhoneId = std::move(detected.phoneId);
+        session.detectedNetworkId = std::move(detected.networkId);
+        session.detectedSettings = std::move(detected.settings);
+        return nothing ? -1 : 0;
+    });
+}
