@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <iterator>
 #include <pugixml.hpp>
 #include <set>
-#include <sstream>
 
 #include "catalogue/mcc.h"
-#include "commands/command.h"
 #include "support/error.h"
+#include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
 
 using namespace tool;
@@ -25,38 +23,26 @@ const std::string kRealFile = FromEnvironment(
 const std::string kAndroid = FromEnvironment("VELMOR_ANDROID", "");  // a folder
 
 const std::string kHere = VELMOR_TESTS_DIR "/tools/";
-const std::string kPhones = kHere + "phones.source";
 const std::string kIso = " --iso " + kHere + "countries.json";
 
-// Runs the command, which writes "out.source". Returns its report.
-std::string Import(const std::string& data, const std::string& phones, const std::string& more) {
-    std::istringstream words("import " + data + " --phones " + phones + " -o out.source" + more);
-    CommandLine line("");
-    AddImport(line);
-    testing::internal::CaptureStdout();
-    try {
-        line.Run({std::istream_iterator<std::string>(words), {}});
-    } catch (...) {
-        testing::internal::GetCapturedStdout();
-        throw;
-    }
-    return testing::internal::GetCapturedStdout();
+// Imports into "out.source". Returns the report.
+std::string ImportData(const std::string& words, const std::string& phones = kTestPhones) {
+    return Import(words + " -o out.source", phones);
 }
 
 // The message of an import that fails.
-std::string Fault(const std::string& data, const std::string& more = " --force") {
+std::string Fault(const std::string& words) {
     try {
-        return Import(data, kPhones, more) + "no fault";
+        return ImportData(words) + "no fault";
     } catch (const ToolError& error) {
         return error.what();
     }
 }
 
 TEST(Import, DecidesWhatTheDataLeaveOpen) {
-    EXPECT_EQ(Import(kHere + "operators.xml", kPhones, kIso), ReadFile(kHere + "operators.report"));
+    EXPECT_EQ(ImportData(kHere + "operators.xml" + kIso), ReadFile(kHere + "operators.report"));
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
-    EXPECT_THROW(Import(kRealFile, kPhones, ""), ToolError) << "the source exists";
-    EXPECT_THROW(Import(kHere + "countries.json", kPhones, " --force"), ToolError);
+    EXPECT_THROW(ImportData(kHere + "countries.json"), ToolError);
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
 }
 
@@ -69,19 +55,17 @@ std::string RowsOf(const std::string& list) {
 TEST(Import, AddsTheNumbersOfAndroidsList) {
     fs::copy(kHere + "android", "android",
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    const std::string report =
-        Import(kHere + "operators.xml --android android", kPhones, kIso + " --force");
+    const std::string report = ImportData(kHere + "operators.xml --android android" + kIso);
     EXPECT_EQ(report, ReadFile(kHere + "android.report"));
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // One file gives the same as many, in any order.
     WriteFile("one.xml", "\xEF\xBB\xBF<!DOCTYPE apns>\n<apns>" +
                              RowsOf(ReadFile("android/GR.XML")) +
                              RowsOf(ReadFile("android/CA.xml")) + "</apns>");
-    Import(kHere + "operators.xml --android one.xml", kPhones, kIso + " --force");
+    ImportData(kHere + "operators.xml --android one.xml" + kIso);
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // Alone.
-    EXPECT_NE(Import("--android one.xml", kPhones, kIso + " --force").find("     7  numbers\n"),
-              std::string::npos);
+    EXPECT_NE(ImportData("--android one.xml" + kIso).find("     7  numbers\n"), std::string::npos);
 }
 
 TEST(Import, RefusesWhatIsNoList) {
@@ -96,7 +80,7 @@ TEST(Import, RefusesWhatIsNoList) {
         {"none", "none: has no file NAME.xml"},
         {"missing", "missing: cannot be read"},
         {"mixed", "mixed/B.xml: is not Android's list"},
-        {kPhones, "(No document"},
+        {kTestPhones, "(No document"},
         {bomb, "list.xml: defines entities"},
         {utf16, "list.xml: is not in UTF-8"},
         {"<?xml version='1.0' encoding='iso-8859-1'?><apns/>", "list.xml: is not in UTF-8"},
@@ -104,7 +88,7 @@ TEST(Import, RefusesWhatIsNoList) {
         {std::string(1000000, '\0'), "list.xml:1: "},
         {"", "list.xml:1: "}};
     for (const auto& [list, fault] : cases) {
-        const bool path = list == kPhones || (list.size() < 10 && !list.empty());
+        const bool path = list == kTestPhones || (list.size() < 10 && !list.empty());
         WriteFile("list.xml", path ? "" : list);
         const std::string found = Fault("--android " + (path ? list : "list.xml"));
         EXPECT_NE(found.find(fault), std::string::npos) << fault << " but " << found;
@@ -130,7 +114,7 @@ TEST(Import, TakesManyRowsOfOneOperator) {
         "many.xml",
         "<serviceproviders><country code='gr'><provider><gsm><network-id mcc='202' mnc='98'/>" +
             points + "</gsm></provider>" + operators + "</country></serviceproviders>");
-    const std::string report = Import("many.xml --android list.xml", kPhones, " --force");
+    const std::string report = ImportData("many.xml --android list.xml");
     EXPECT_NE(report.find("40990  settings"), std::string::npos) << report;
 }
 
@@ -229,7 +213,7 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         numbers.insert(owners.back().numbers.begin(), owners.back().numbers.end());
     }
     const std::string android = kAndroid.empty() ? "" : " --android " + kAndroid;
-    Import(kRealFile + android, VELMOR_DATA_DIR "/phones.source", " --force");
+    ImportData(kRealFile + android, VELMOR_DATA_DIR "/phones.source");
     ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     for (const std::string& number : numbers) {
         ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
@@ -293,7 +277,7 @@ TEST_F(ImportedCatalogue, OffersWhatAndroidsListHas) {
             }
         }
     }
-    Import(file + " --android " + folder, VELMOR_DATA_DIR "/phones.source", " --force");
+    ImportData(file + " --android " + folder, VELMOR_DATA_DIR "/phones.source");
     ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     std::size_t served = 0;
     for (const auto& [number, points] : expected) {

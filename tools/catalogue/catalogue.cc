@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "catalogue/records.h"
 #include "storage/catalogue_format.h"
 
 namespace tool {
@@ -16,12 +15,12 @@ class TableBuilder {
     TableBuilder(Catalogue& catalogue, Findings& findings)
         : catalogue_(catalogue), findings_(findings) {}
 
-    void Add(const CatalogueRecord& record) {
+    void Add(const CatalogueRow& record) {
         if (endLine_ != 0) {
             afterEndLine_ = afterEndLine_ == 0 ? record.line : afterEndLine_;
             return;
         }
-        const bool isEnd = !record.fields.empty() && record.fields[0] == vel::kDatabaseEnd;
+        const bool isEnd = !record.cells.empty() && record.cells[0] == vel::kDatabaseEnd;
         // Nothing is lost when only the end marker follows.
         afterLone_ = afterLone_ || (loneLine_ != 0 && !isEnd);
         if (inTable_) {
@@ -68,14 +67,14 @@ class TableBuilder {
     }
 
   private:
-    void AddInside(const CatalogueRecord& record) {
+    void AddInside(const CatalogueRow& record) {
         const Place here = {table_.name, record.line};
-        if (record.fields.empty()) {
+        if (record.cells.empty()) {
             AddWarning(findings_, "empty-record", here,
                        "a record without fields; the library skips it: remove the line");
             return;
         }
-        const std::string& first = record.fields[0];
+        const std::string& first = record.cells[0];
         if (first == vel::kTableEnd) {
             EndTable(record.line);
         } else if (first == vel::kTableBegin || first == vel::kDatabaseBegin ||
@@ -86,24 +85,24 @@ class TableBuilder {
             // The end marker is missing. Go on as if it were here.
             EndTable(record.line - 1);
             AddOutside(record);
-        } else if (record.fields.size() != table_.columns.size()) {
-            AddError(findings_, "row-width", here, "a row with ", record.fields.size(),
+        } else if (record.cells.size() != table_.columns.size()) {
+            AddError(findings_, "row-width", here, "a row with ", record.cells.size(),
                      " values, but the table has ", table_.columns.size(),
                      " columns; the library drops the row: write one value for each column, end"
                      " each with a separator, and put a backslash before a separator in a value");
         } else {
-            table_.rows.push_back({record.line, record.fields, record.text});
+            table_.rows.push_back(record);
         }
     }
 
-    void AddOutside(const CatalogueRecord& record) {
-        if (record.fields.empty()) {
+    void AddOutside(const CatalogueRow& record) {
+        if (record.cells.empty()) {
             loneLine_ = loneLine_ == 0 ? record.line : loneLine_;
-        } else if (record.fields[0] == vel::kDatabaseEnd) {
+        } else if (record.cells[0] == vel::kDatabaseEnd) {
             endLine_ = record.line;
-        } else if (record.fields[0] == vel::kDatabaseBegin) {
+        } else if (record.cells[0] == vel::kDatabaseBegin) {
             BeginDatabase(record);
-        } else if (record.fields[0] == vel::kTableBegin) {
+        } else if (record.cells[0] == vel::kTableBegin) {
             BeginTable(record);
         } else {
             AddWarning(findings_, "stray-record", {"", record.line},
@@ -112,7 +111,7 @@ class TableBuilder {
         }
     }
 
-    void BeginDatabase(const CatalogueRecord& record) {
+    void BeginDatabase(const CatalogueRow& record) {
         if (databaseLine_ != 0) {
             AddError(findings_, "several-databases", {"", record.line},
                      "a second database marker; the library drops the tables before it: keep only"
@@ -120,11 +119,11 @@ class TableBuilder {
             catalogue_.tables.clear();
         }
         databaseLine_ = record.line;
-        catalogue_.name = record.fields.size() > 1 ? record.fields[1] : "";
-        catalogue_.version = record.fields.size() > 2 ? record.fields[2] : "";
+        catalogue_.name = record.cells.size() > 1 ? record.cells[1] : "";
+        catalogue_.version = record.cells.size() > 2 ? record.cells[2] : "";
     }
 
-    void BeginTable(const CatalogueRecord& record) {
+    void BeginTable(const CatalogueRow& record) {
         if (databaseLine_ == 0 && earlyTableLine_ == 0) {
             earlyTableLine_ = record.line;
         }
@@ -132,16 +131,16 @@ class TableBuilder {
         inTable_ = true;
         table_ = {};
         table_.line = record.line;
-        if (record.fields.size() > 1 && !record.fields[1].empty()) {
-            table_.name = record.fields[1];
+        if (record.cells.size() > 1 && !record.cells[1].empty()) {
+            table_.name = record.cells[1];
         } else {
             table_.name = "<TABLE>" + std::to_string(tableCount_);
             AddWarning(findings_, "unnamed-table", {table_.name, record.line},
                        "a table without a name; the library never reads it: give it a name, or"
                        " remove it");
         }
-        if (record.fields.size() > 2) {
-            table_.columns.assign(record.fields.begin() + 2, record.fields.end());
+        if (record.cells.size() > 2) {
+            table_.columns.assign(record.cells.begin() + 2, record.cells.end());
         }
     }
 
@@ -195,7 +194,7 @@ const CatalogueTable& Catalogue::Table(const std::string& table) const {
 Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {
     Catalogue catalogue;
     TableBuilder builder(catalogue, findings);
-    for (const CatalogueRecord& record : ReadRecords(bytes, findings)) {
+    for (const CatalogueRow& record : ReadRecords(bytes, findings)) {
         builder.Add(record);
     }
     builder.Finish();

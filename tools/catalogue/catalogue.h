@@ -1,31 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "catalogue/finding.h"
+#include "catalogue/records.h"
 
 namespace tool {
 
-// The variable of GeneralVariables that names the phone like which a phone that is not known is
-// dialled. It is for hosts: the library does not read it.
+// The variable of GeneralVariables with the identifier of the fallback phone: an unknown phone is
+// dialled with its rows. It is for hosts: the library does not read it.
 constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
 
 // The column of BasicDUNSettings with the network numbers (MCC and MNC, five or six digits) of the
 // subscribers that a setting serves: ascending, separated by single blanks, empty when not known.
 // It is for hosts: the library does not read it.
 constexpr char kNumbers[] = "Numbers";
-
-// A row of a table: the number of its line in the file, a cell for each column, and the line as a
-// source has it.
-struct CatalogueRow {
-    int line = 0;
-    std::vector<std::string> cells;
-    std::string text;
-
-    // The cell at an index from CatalogueTable::Column; empty for a missing column.
-    std::string Cell(int column) const {
-        return column < 0 ? std::string() : cells[static_cast<std::size_t>(column)];
-    }
-};
 
 // A table, and its first and last line in the file.
 struct CatalogueTable {

@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/identifiers.h"
 
-#include "session/schema.h"
 #include "support/texts.h"
 
 namespace tool {
 
 const char* HighestVariable(const std::string& table) {
-    static constexpr std::pair<const char*, const char*> kVariables[] = {
-        {vel::schema::kCountries, "LAST-COUNTRY"},
-        {vel::schema::kNetworks, "LAST-NETWORK"},
-        {vel::schema::kBasicDUNSettings, "LAST-SETTING"},
-        {vel::schema::kPhones, "LAST-PHONE"}};
-    for (const auto& [name, variable] : kVariables) {
+    for (const auto& [name, variable] : kNumberedTables) {
         if (table == name) {
             return variable;
         }
@@ -23,6 +17,11 @@ const char* HighestVariable(const std::string& table) {
 std::int64_t IdentifierNumber(const std::string& id) {
     const std::size_t digits = std::to_string(kHighestIdentifier).size();
     return id.empty() || id.size() > digits || !IsDigits(id) ? 0 : std::stoll(id);
+}
+
+bool IsCountryCode(const std::string& id) {
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    return id.size() == 2 && isLetter(id[0]) && isLetter(id[1]);
 }
 
 }  // namespace tool

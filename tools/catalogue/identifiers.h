@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "session/schema.h"
+
 namespace tool {
 
 // The identifiers of countries, networks, settings and phones last: none is ever used for something
@@ -12,13 +14,27 @@ namespace tool {
 // The highest number that the library takes as an identifier.
 constexpr std::int64_t kHighestIdentifier = 2147483647;
 
-// The variable of GeneralVariables that remembers the highest number that was ever an identifier of
-// this table, also of a row that is gone. It is for those who add rows: the library does not read
-// it. Null when the identifiers of the table need not last.
+// A table whose identifiers last. The variable of GeneralVariables remembers the highest number
+// that was ever an identifier of the table, also of a row that is gone. It is for those who add
+// rows: the library does not read it.
+struct NumberedTable {
+    const char* table;
+    const char* variable;
+};
+
+constexpr NumberedTable kNumberedTables[] = {{vel::schema::kBasicDUNSettings, "LAST-SETTING"},
+                                             {vel::schema::kCountries, "LAST-COUNTRY"},
+                                             {vel::schema::kNetworks, "LAST-NETWORK"},
+                                             {vel::schema::kPhones, "LAST-PHONE"}};
+
+// The variable of a table; null when the identifiers of the table need not last.
 const char* HighestVariable(const std::string& table);
 
 // The number that an identifier is; 0 for a text that is no positive number, or a longer one than
 // any identifier.
 std::int64_t IdentifierNumber(const std::string& id);
+
+// Whether an identifier of a country is its code: two small letters.
+bool IsCountryCode(const std::string& id);
 
 }  // namespace tool

@@ -51,7 +51,7 @@ class LineReader {
         ReadText(text, hidden);
     }
 
-    std::vector<CatalogueRecord> records;
+    std::vector<CatalogueRow> records;
 
   private:
     // The line as in a source; empty when it is not cipher text.
@@ -129,7 +129,7 @@ class LineReader {
 
 }  // namespace
 
-std::vector<CatalogueRecord> ReadRecords(const std::string& bytes, Findings& findings) {
+std::vector<CatalogueRow> ReadRecords(const std::string& bytes, Findings& findings) {
     LineReader reader(findings);
     for (const std::string& line : SplitLines(bytes)) {
         reader.Read(WithoutCarriageReturns(line));

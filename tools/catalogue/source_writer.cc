@@ -39,41 +39,21 @@ std::vector<std::string> InColumns(const std::vector<std::string>& columns, cons
     return row;
 }
 
-SourceWriter::SourceWriter(std::string path, const std::string& name, const std::string& version)
-    : path_(std::move(path)) {
-    AddLine(Record({vel::kDatabaseBegin, name, version}));
-}
-
-void SourceWriter::BeginTable(const std::string& name, const std::vector<std::string>& columns) {
-    std::vector<std::string> fields{vel::kTableBegin, name};
-    fields.insert(fields.end(), columns.begin(), columns.end());
-    AddLine("");
-    AddLine(SourceLine(fields));
-}
-
-void SourceWriter::AddRow(const std::vector<std::string>& row) {
-    if (!row.empty() && row[0] == vel::kTableEnd) {
-        throw ToolError(path_, ": the value ", row[0], " would end its table");
+std::string WriteSource(const std::string& path, const Catalogue& catalogue) {
+    std::string text = Record({vel::kDatabaseBegin, catalogue.name, catalogue.version}) + "\n";
+    for (const CatalogueTable& table : catalogue.tables) {
+        std::vector<std::string> begin{vel::kTableBegin, table.name};
+        begin.insert(begin.end(), table.columns.begin(), table.columns.end());
+        text += "\n" + SourceLine(begin) + "\n";
+        for (const CatalogueRow& row : table.rows) {
+            if (!row.cells.empty() && row.cells[0] == vel::kTableEnd) {
+                throw ToolError(path, ": the value ", row.cells[0], " would end its table");
+            }
+            text += SourceLine(row.cells) + "\n";
+        }
+        text += SourceLine({vel::kTableEnd}) + "\n";
     }
-    AddLine(SourceLine(row));
-}
-
-void SourceWriter::EndTable() {
-    AddLine(SourceLine({vel::kTableEnd}));
-}
-
-void SourceWriter::AddTable(const CatalogueTable& table) {
-    BeginTable(table.name, table.columns);
-    for (const CatalogueRow& row : table.rows) {
-        AddRow(row.cells);
-    }
-    EndTable();
-}
-
-std::string SourceWriter::Finish() {
-    AddLine("");
-    AddLine(Record({vel::kDatabaseEnd}));
-    return std::move(text_);
+    return text + "\n" + Record({vel::kDatabaseEnd}) + "\n";
 }
 
 }  // namespace tool

@@ -2,12 +2,14 @@
 // velmor import: makes a catalogue source from operators' data and a source of phones.
 #include <algorithm>
 #include <iostream>
-#include <memory>
+#include <optional>
 #include <set>
 
+#include "catalogue/source_writer.h"
 #include "commands/command.h"
 #include "import/android.h"
 #include "import/country_names.h"
+#include "import/identifiers.h"
 #include "import/source.h"
 #include "session/schema.h"
 #include "support/error.h"
@@ -97,11 +99,13 @@ int Import(const Options& options) {
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);
     CountCountriesWithoutAccess(providers, networks, report);
-    const Identifiers identifiers = options.previous.empty()
-                                        ? CountIdentifiers(phones, providers, networks)
-                                        : KeepIdentifiers(InputCatalogue(options.previous), phones,
-                                                          providers, networks, report);
-    output.Write(WriteImport(options.output, phones, providers, networks, identifiers, report));
+    Catalogue catalogue = MakeCatalogue(phones, providers, networks, report);
+    std::optional<InputCatalogue> previous;
+    if (!options.previous.empty()) {
+        previous.emplace(options.previous);
+    }
+    GiveIdentifiers(previous ? &*previous : nullptr, options.phones, catalogue, report);
+    output.Write(WriteSource(options.output, catalogue));
     output.Commit();
     report.Print(std::cout);
     return kExitOk;

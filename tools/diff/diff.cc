@@ -1,59 +1,88 @@
 // SPDX-License-Identifier: MIT
+//
+// A comparison of lines would tell neither what a change means for a phone nor leave out what means
+// nothing: an import can give all identifiers anew, and most tables have no order. So the
+// catalogues are read as items that refer to each other, and catalogue/identity decides which items
+// are the same. What is left is to compare the values of partners. A change of a part is told with
+// its owner, because the owner is what a reader looks for: a key with its network, an answer with
+// its phone.
 #include "diff/diff.h"
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 
 #include "catalogue/identity/same.h"
-#include "diff/places.h"
-#include "diff/values.h"
+#include "diff/order.h"
 
 namespace tool {
 namespace {
 
-// The changes of the parts of each thing: of the old ones what is gone, of the new ones the rest.
-struct Parts {
-    Parts(const Things& old, const Things& fresh)
-        : ofOld(old.all.size()), ofNew(fresh.all.size()) {}
+// The kinds that are parts, and the kinds of their owners.
+constexpr std::pair<Kind, Kind> kOwners[] = {
+    {Kind::kPattern, Kind::kManufacturer}, {Kind::kAnswer, Kind::kPhone},
+    {Kind::kDialRow, Kind::kPhone},        {Kind::kNumberKey, Kind::kNetwork},
+    {Kind::kNameKey, Kind::kNetwork},      {Kind::kSetting, Kind::kNetwork},
+};
 
+// The kind of an item's owner, or kCount when the item stands alone.
+Kind OwnerOf(Kind kind) {
+    const auto* const found = std::find_if(std::begin(kOwners), std::end(kOwners),
+                                           [kind](const auto& row) { return row.first == kind; });
+    return found == std::end(kOwners) ? Kind::kCount : found->second;
+}
+
+// The country of each network: that of its first setting.
+std::vector<std::string> CountriesOfNetworks(const Content& content) {
+    std::vector<std::string> countries(content[Kind::kNetwork].size());
+    for (const Item& setting : content[Kind::kSetting]) {
+        for (const Field& field : setting.fields) {
+            std::string& country = countries[static_cast<std::size_t>(setting.owner)];
+            if (field.kind == Kind::kCountry && country.empty()) {
+                country = field.text;
+            }
+        }
+    }
+    return countries;
+}
+
+// The changes of the parts of each item of a kind: the parts that are gone by old item, the others
+// by new item.
+struct Parts {
     std::vector<std::vector<Change>> ofOld, ofNew;
 };
 
-void Append(std::vector<Change>& to, std::vector<Change>& from) {
-    std::move(from.begin(), from.end(), std::back_inserter(to));
-}
-
-// How CompareThings goes beyond the values of the things.
-struct More {
-    const Matching* references = nullptr;  // of their fields
-    Parts* parts = nullptr;                // what they consist of
-    Parts* into = nullptr;                 // the parts of their owners
-    Places places = {};                    // further values of new things
-};
-
-// A comparison of two catalogues while it is made.
+// Compares two catalogues, kind by kind.
 class Comparison {
   public:
     Comparison(const Content& old, const Content& fresh)
-        : old_(old), new_(fresh), same_(old, fresh) {}
+        : old_(old),
+          new_(fresh),
+          same_(old, fresh),
+          oldCountries_(CountriesOfNetworks(old)),
+          newCountries_(CountriesOfNetworks(fresh)) {
+        for (std::size_t i = 0; i < parts_.size(); ++i) {
+            parts_[i].ofOld.resize(old[static_cast<Kind>(i)].size());
+            parts_[i].ofNew.resize(fresh[static_cast<Kind>(i)].size());
+        }
+    }
 
     Difference Take() {
-        const std::vector<Value> marker = Differing(old_.marker, new_.marker, nullptr);
-        if (!marker.empty()) {
-            Tell({What::kCatalogue, Kind::kChanged, "", marker});
+        for (const auto& [part, owner] : kOwners) {
+            Compare(part);
         }
-        CompareVariables(What::kVariable, old_.variables, new_.variables);
-        CompareVariables(What::kRecipe, old_.recipes, new_.recipes);
-        CompareThings(What::kCountry, old_.countries.all, new_.countries.all, same_.countries);
-        CompareManufacturers();
-        ComparePhones();
-        CompareOtherRows();
-        CompareNetworks();
-        Renumber(What::kCountry, old_.countries, new_.countries, same_.countries);
-        Renumber(What::kManufacturer, old_.manufacturers, new_.manufacturers, same_.manufacturers);
-        Renumber(What::kPhone, old_.phones, new_.phones, same_.phones);
-        Renumber(What::kNetwork, old_.networks, new_.networks, same_.networks);
-        Renumber(What::kSetting, old_.settings, new_.settings, same_.settings);
+        for (std::size_t i = 0; i < parts_.size(); ++i) {
+            if (OwnerOf(static_cast<Kind>(i)) == Kind::kCount) {
+                Compare(static_cast<Kind>(i));
+            }
+        }
+        // The networks are the last ones.
+        std::stable_sort(result_.changes.begin(), result_.changes.end(),
+                         [](const Change& a, const Change& b) { return a.country < b.country; });
+        for (const Kind kind :
+             {Kind::kCountry, Kind::kManufacturer, Kind::kPhone, Kind::kNetwork, Kind::kSetting}) {
+            Renumber(kind);
+        }
         for (const Change& change : result_.changes) {
             CountIn(change);
         }
@@ -61,308 +90,176 @@ class Comparison {
     }
 
   private:
-    void Tell(const Change& change) { result_.changes.push_back(change); }
-
-    void CompareThings(What what, const std::vector<Thing>& old, const std::vector<Thing>& fresh,
-                       const Matching& matching, More more = {}) {
-        Count& count = result_.counts[Index(what)];
-        count.before = old.size();
-        count.after = fresh.size();
+    void Compare(Kind kind) {
+        const Items &old = old_[kind], &fresh = new_[kind];
+        if (kind != Kind::kCatalogue) {
+            result_.counts[Index(kind)].before = old.size();
+            result_.counts[Index(kind)].after = fresh.size();
+        }
+        std::map<std::size_t, Value> moves = MovesOf(kind);
         for (std::size_t i = 0; i < fresh.size(); ++i) {
-            const int before = matching.OldOf(i);
-            const bool added = before == Matching::kNone;
-            Change change{what, added ? Kind::kAdded : Kind::kChanged, fresh[i].title};
-            change.newId = fresh[i].id;
-            if (added) {
-                change.values = AllValues(fresh[i].fields, Kind::kAdded);
-            } else {
-                const Thing& partner = old[static_cast<std::size_t>(before)];
-                change.oldId = partner.id;
-                change.values = Differing(partner.fields, fresh[i].fields, more.references);
+            Change change = CompareWithOld(kind, i);
+            if (const auto move = moves.find(i); move != moves.end()) {
+                change.values.push_back(std::move(move->second));
             }
-            if (!more.places.empty()) {
-                change.values.insert(change.values.end(), more.places[i].begin(),
-                                     more.places[i].end());
-            }
-            if (more.parts != nullptr) {
-                Append(change.parts, more.parts->ofNew[i]);
-                if (!added) {
-                    Append(change.parts, more.parts->ofOld[static_cast<std::size_t>(before)]);
-                }
-            }
-            if (added || !change.values.empty() || !change.parts.empty()) {
-                Put(change, more, false, fresh[i].owner);
+            if (change.action == Action::kAdded || !change.values.empty() ||
+                !change.parts.empty()) {
+                Tell(std::move(change), fresh[i]);
             }
         }
         for (std::size_t i = 0; i < old.size(); ++i) {
-            if (matching.NewOf(i) == Matching::kNone) {
-                Change change{what, Kind::kGone, old[i].title,
-                              AllValues(old[i].fields, Kind::kGone)};
-                change.oldId = old[i].id;
-                if (more.parts != nullptr) {
-                    Append(change.parts, more.parts->ofOld[i]);
-                }
-                Put(change, more, true, old[i].owner);
+            const int partner = same_[kind].NewOf(i);
+            if (partner != kNoItem && HaveSameOwner(kind, old[i], fresh[partner])) {
+                continue;
             }
+            Change change{kind, Action::kGone, old[i].title, Differing(old[i].fields, {})};
+            change.oldId = old[i].id;
+            change.parts = std::move(parts_[Index(kind)].ofOld[i]);
+            change.country = kind == Kind::kNetwork ? oldCountries_[i] : "";
+            if (partner != kNoItem) {
+                change.hasMoved = true;
+                change.otherOwner = new_[OwnerOf(kind)][fresh[partner].owner].title;
+            }
+            Tell(std::move(change), old[i]);
         }
     }
 
-    void Put(const Change& change, const More& more, bool gone, int owner) {
-        if (more.into == nullptr) {
-            Tell(change);
+    // What a new item adds or changes.
+    Change CompareWithOld(Kind kind, std::size_t index) {
+        const Item& item = new_[kind][index];
+        Parts& parts = parts_[Index(kind)];
+        Change change{kind, Action::kAdded, item.title};
+        change.newId = item.id;
+        change.parts = std::move(parts.ofNew[index]);
+        change.country = kind == Kind::kNetwork ? newCountries_[index] : "";
+        const int old = same_[kind].OldOf(index);
+        if (old == kNoItem) {
+            change.values = Differing({}, item.fields);
+            return change;
+        }
+        const Item& before = old_[kind][old];
+        if (HaveSameOwner(kind, before, item)) {
+            change.action = Action::kChanged;
+            change.oldId = before.id;
+            change.values = Differing(before.fields, item.fields);
+            auto& gone = parts.ofOld[static_cast<std::size_t>(old)];
+            std::move(gone.begin(), gone.end(), std::back_inserter(change.parts));
+            if (kind == Kind::kNetwork && change.country.empty()) {
+                change.country = oldCountries_[static_cast<std::size_t>(old)];
+            }
         } else {
-            auto& parts = gone ? more.into->ofOld : more.into->ofNew;
-            parts[static_cast<std::size_t>(owner)].push_back(change);
+            change.hasMoved = true;
+            change.otherOwner = old_[OwnerOf(kind)][before.owner].title;
         }
+        return change;
     }
 
-    void CompareVariables(What what, const std::vector<Thing>& old,
-                          const std::vector<Thing>& fresh) {
-        const auto titles = [](const std::vector<Thing>& variables) {
-            Matching::Texts texts;
-            texts.reserve(variables.size());
-            for (const Thing& variable : variables) {
-                texts.push_back("=" + variable.title);
-            }
-            return texts;
+    // A part goes to its owner.
+    void Tell(Change change, const Item& item) {
+        const Kind owners = OwnerOf(change.kind);
+        if (owners == Kind::kCount) {
+            result_.changes.push_back(std::move(change));
+            return;
+        }
+        Parts& parts = parts_[Index(owners)];
+        auto& lists = change.action == Action::kGone ? parts.ofOld : parts.ofNew;
+        lists[static_cast<std::size_t>(item.owner)].push_back(std::move(change));
+    }
+
+    bool HaveSameOwner(Kind kind, const Item& old, const Item& fresh) const {
+        const Kind owners = OwnerOf(kind);
+        return owners == Kind::kCount ||
+               same_[owners].NewOf(static_cast<std::size_t>(old.owner)) == fresh.owner;
+    }
+
+    // The values that differ. A reference to a partner is the same reference.
+    std::vector<Value> Differing(const Fields& old, const Fields& fresh) const {
+        const auto find = [](const Fields& fields, const std::string& column) {
+            return std::find_if(fields.begin(), fields.end(),
+                                [&](const Field& field) { return field.column == column; });
         };
-        Matching matching(old.size(), fresh.size());
-        matching.PairByKey(titles(old), titles(fresh));
-        CompareThings(what, old, fresh, matching, {&same_.phones});
-    }
-
-    // Compares by what things are recognised. `what` gives the kind of a key.
-    template <class WhatOf>
-    void CompareKeys(const WhatOf& whatOf, const std::vector<Key>& old,
-                     const std::vector<Key>& fresh, const Things& oldHolders,
-                     const Things& newHolders, const Matching& holders, Parts& parts,
-                     const Places* places = nullptr) {
-        const Matching keys = MatchKeys(old, fresh);
-        for (std::size_t i = 0; i < fresh.size(); ++i) {
-            const Key& key = fresh[i];
-            const What what = whatOf(key);
-            ++result_.counts[Index(what)].after;
-            const int before = keys.OldOf(i);
-            Change change{what, Kind::kAdded, NameOf(key, new_)};
-            if (before != Matching::kNone) {
-                const int holder = old[static_cast<std::size_t>(before)].holder;
-                const bool stays = holders.NewOf(static_cast<std::size_t>(holder)) == key.holder;
-                change.kind = stays ? Kind::kChanged : Kind::kAdded;
-                change.movedAcross = !stays;
-                change.otherHolder = stays ? "" : oldHolders[holder].title;
-            }
-            if (places != nullptr) {
-                change.values = (*places)[i];
-            }
-            if (change.kind == Kind::kAdded || !change.values.empty()) {
-                parts.ofNew[static_cast<std::size_t>(key.holder)].push_back(change);
+        std::vector<Value> values;
+        for (const Field& field : fresh) {
+            const auto before = find(old, field.column);
+            if (before == old.end()) {
+                values.push_back({field.column, "", field.text});
+            } else if (before->text != field.text && !ReferToSame(*before, field)) {
+                values.push_back({field.column, before->text, field.text});
             }
         }
+        for (const Field& field : old) {
+            if (find(fresh, field.column) == fresh.end()) {
+                values.push_back({field.column, field.text, ""});
+            }
+        }
+        return values;
+    }
+
+    bool ReferToSame(const Field& old, const Field& fresh) const {
+        return old.item != kNoItem && fresh.item != kNoItem &&
+               same_[old.kind].NewOf(static_cast<std::size_t>(old.item)) == fresh.item;
+    }
+
+    // Few kinds have an order. The library takes the first pattern that occurs in an answer, and a
+    // host tries the first setting of a network first.
+    std::map<std::size_t, Value> MovesOf(Kind kind) const {
+        std::map<std::size_t, Value> moves;
+        if (kind == Kind::kPattern) {
+            const auto all = [](const Items& items) {
+                std::vector<int> indexes(items.size());
+                std::iota(indexes.begin(), indexes.end(), 0);
+                return indexes;
+            };
+            RecordMoves({all(old_[kind]), old_[kind]}, {all(new_[kind]), new_[kind]}, same_[kind],
+                        moves);
+        } else if (kind == Kind::kSetting) {
+            const auto byNetwork = [](const Content& content) {
+                std::vector<std::vector<int>> orders(content[Kind::kNetwork].size());
+                int index = 0;
+                for (const Item& setting : content[Kind::kSetting]) {
+                    orders[static_cast<std::size_t>(setting.owner)].push_back(index++);
+                }
+                return orders;
+            };
+            const auto oldOrders = byNetwork(old_), newOrders = byNetwork(new_);
+            for (std::size_t i = 0; i < newOrders.size(); ++i) {
+                const int old = same_[Kind::kNetwork].OldOf(i);
+                if (old != kNoItem) {
+                    RecordMoves({oldOrders[static_cast<std::size_t>(old)], old_[kind]},
+                                {newOrders[i], new_[kind]}, same_[kind], moves);
+                }
+            }
+        }
+        return moves;
+    }
+
+    void Renumber(Kind kind) {
+        const Items &old = old_[kind], &fresh = new_[kind];
+        Renumbering renumbering{kind, {}, 0};
         for (std::size_t i = 0; i < old.size(); ++i) {
-            const Key& key = old[i];
-            const What what = whatOf(key);
-            ++result_.counts[Index(what)].before;
-            const int after = keys.NewOf(i);
-            Change change{what, Kind::kGone, NameOf(key, old_)};
-            if (after != Matching::kNone) {
-                const int holder = fresh[static_cast<std::size_t>(after)].holder;
-                if (holders.NewOf(static_cast<std::size_t>(key.holder)) == holder) {
-                    continue;
-                }
-                change.movedAcross = true;
-                change.otherHolder = newHolders[holder].title;
-            }
-            parts.ofOld[static_cast<std::size_t>(key.holder)].push_back(change);
-        }
-    }
-
-    // An answer means a phone only together with the manufacturer that was recognised before.
-    Matching MatchKeys(const std::vector<Key>& old, const std::vector<Key>& fresh) const {
-        Matching::Texts oldTexts, newTexts;
-        for (const Key& key : old) {
-            oldTexts.push_back(same_.manufacturers.TokenOfOld(key.maker) + "\n" + key.text);
-        }
-        for (const Key& key : fresh) {
-            newTexts.push_back(same_.manufacturers.TokenOfNew(key.maker) + "\n" + key.text);
-        }
-        Matching matching(old.size(), fresh.size());
-        matching.PairByKey(oldTexts, newTexts);
-        return matching;
-    }
-
-    static std::string NameOf(const Key& key, const Content& content) {
-        return key.maker == Matching::kNone
-                   ? key.text
-                   : content.manufacturers[key.maker].title + ": " + key.text;
-    }
-
-    // The first pattern that occurs in the answer counts, so their order matters.
-    void CompareManufacturers() {
-        const auto titles = [](const std::vector<Key>& patterns) {
-            std::vector<std::string> texts;
-            texts.reserve(patterns.size());
-            for (const Key& pattern : patterns) {
-                texts.push_back(pattern.text);
-            }
-            return texts;
-        };
-        const auto all = [](std::size_t count) {
-            std::vector<int> order(count);
-            for (std::size_t i = 0; i < count; ++i) {
-                order[i] = static_cast<int>(i);
-            }
-            return order;
-        };
-        Places places(new_.patterns.size());
-        const auto oldTitles = titles(old_.patterns), newTitles = titles(new_.patterns);
-        AddPlaces({all(old_.patterns.size()), oldTitles}, {all(new_.patterns.size()), newTitles},
-                  MatchKeys(old_.patterns, new_.patterns), places);
-        Parts parts(old_.manufacturers, new_.manufacturers);
-        CompareKeys([](const Key&) { return What::kPattern; }, old_.patterns, new_.patterns,
-                    old_.manufacturers, new_.manufacturers, same_.manufacturers, parts, &places);
-        CompareThings(What::kManufacturer, old_.manufacturers.all, new_.manufacturers.all,
-                      same_.manufacturers, {nullptr, &parts});
-    }
-
-    void ComparePhones() {
-        Parts parts(old_.phones, new_.phones);
-        CompareKeys([](const Key&) { return What::kAnswer; }, old_.answers, new_.answers,
-                    old_.phones, new_.phones, same_.phones, parts);
-        Matching::Texts oldRows, newRows;
-        for (const Thing& row : old_.dialRows) {
-            oldRows.push_back(same_.phones.TokenOfOld(row.owner) + "\n" + row.name);
-        }
-        for (const Thing& row : new_.dialRows) {
-            newRows.push_back(same_.phones.TokenOfNew(row.owner) + "\n" + row.name);
-        }
-        Matching rows(oldRows.size(), newRows.size());
-        rows.PairByKey(oldRows, newRows);
-        CompareThings(What::kDialRow, old_.dialRows, new_.dialRows, rows,
-                      {nullptr, nullptr, &parts});
-        CompareThings(What::kPhone, old_.phones.all, new_.phones.all, same_.phones,
-                      {&same_.manufacturers, &parts});
-    }
-
-    void CompareNetworks() {
-        Parts parts(old_.networks, new_.networks);
-        CompareKeys(
-            [](const Key& key) { return IsDigits(key.text) ? What::kNumberKey : What::kNameKey; },
-            old_.keys, new_.keys, old_.networks, new_.networks, same_.networks, parts);
-        CompareThings(What::kSetting, old_.settings.all, new_.settings.all, same_.settings,
-                      {&same_.countries, nullptr, &parts, PlacesOfSettings()});
-        const std::size_t first = result_.changes.size();
-        CompareThings(What::kNetwork, old_.networks.all, new_.networks.all, same_.networks,
-                      {nullptr, &parts});
-        NameCountries(first);
-    }
-
-    // The first setting of a network is the one that a host tries first.
-    Places PlacesOfSettings() const {
-        const auto ordered = [](const Content& content) {
-            std::vector<std::vector<int>> orders(content.networks.all.size());
-            for (std::size_t i = 0; i < content.settings.all.size(); ++i) {
-                orders[static_cast<std::size_t>(content.settings[i].owner)].push_back(
-                    static_cast<int>(i));
-            }
-            return orders;
-        };
-        const auto titles = [](const Things& settings) {
-            std::vector<std::string> texts;
-            texts.reserve(settings.all.size());
-            for (const Thing& setting : settings.all) {
-                texts.push_back(setting.title);
-            }
-            return texts;
-        };
-        const std::vector<std::vector<int>> oldOrders = ordered(old_), newOrders = ordered(new_);
-        const auto oldTitles = titles(old_.settings), newTitles = titles(new_.settings);
-        Places places(new_.settings.all.size());
-        for (std::size_t i = 0; i < newOrders.size(); ++i) {
-            const int old = same_.networks.OldOf(i);
-            if (old != Matching::kNone) {
-                AddPlaces({oldOrders[static_cast<std::size_t>(old)], oldTitles},
-                          {newOrders[i], newTitles}, same_.settings, places);
-            }
-        }
-        return places;
-    }
-
-    // Sorts the changes of networks by their countries. That of a network is that of its first
-    // setting.
-    void NameCountries(std::size_t first) {
-        const auto named = [](const Content& content) {
-            std::map<std::string, std::string> names;  // by the identifier of the network
-            for (const Thing& setting : content.settings.all) {
-                for (const Field& field : setting.fields) {
-                    if (field.target != Matching::kNone) {
-                        names.emplace(content.networks[setting.owner].id, field.text);
-                    }
-                }
-            }
-            return names;
-        };
-        const auto oldNames = named(old_), newNames = named(new_);
-        const auto begin = result_.changes.begin() + static_cast<long>(first);
-        for (auto change = begin; change != result_.changes.end(); ++change) {
-            const auto fresh = newNames.find(change->newId);
-            const auto old = oldNames.find(change->oldId);
-            change->country = change->kind != Kind::kGone && fresh != newNames.end() ? fresh->second
-                              : change->kind != Kind::kAdded && old != oldNames.end() ? old->second
-                                                                                      : "";
-        }
-        std::stable_sort(begin, result_.changes.end(),
-                         [](const Change& a, const Change& b) { return a.country < b.country; });
-    }
-
-    // Tables that the library does not read: rows, in no order.
-    void CompareOtherRows() {
-        std::map<std::pair<std::string, std::string>, long> more;  // new rows less old ones
-        for (const auto& [table, rows] : old_.otherRows) {
-            result_.counts[Index(What::kRow)].before += rows.size();
-            for (const std::string& row : rows) {
-                --more[{table, row}];
-            }
-        }
-        for (const auto& [table, rows] : new_.otherRows) {
-            result_.counts[Index(What::kRow)].after += rows.size();
-            for (const std::string& row : rows) {
-                ++more[{table, row}];
-            }
-        }
-        for (const auto& [row, count] : more) {
-            for (long i = 0; i < std::abs(count); ++i) {
-                Tell({What::kRow, count > 0 ? Kind::kAdded : Kind::kGone,
-                      row.first + ": " + row.second});
-            }
-        }
-    }
-
-    void Renumber(What what, const Things& old, const Things& fresh, const Matching& matching) {
-        Renumbering renumbering{what, {}, 0};
-        for (std::size_t i = 0; i < old.all.size(); ++i) {
-            const int partner = matching.NewOf(i);
-            if (partner != Matching::kNone && fresh[partner].id != old[i].id) {
+            const int partner = same_[kind].NewOf(i);
+            if (partner != kNoItem && fresh[partner].id != old[i].id) {
                 renumbering.changed.emplace_back(old[i].id, fresh[partner].id);
             }
-        }
-        for (const auto& [id, index] : old.byId) {
-            const auto found = fresh.byId.find(id);
-            const bool reused = found != fresh.byId.end() &&
-                                matching.NewOf(static_cast<std::size_t>(index)) != found->second;
-            renumbering.reused += reused ? 1 : 0;
+            // Of several items with one identifier, the library finds the first.
+            const int holder = fresh.Find(old[i].id);
+            const bool isFirst = old.Find(old[i].id) == static_cast<int>(i);
+            renumbering.reused += isFirst && holder != kNoItem && holder != partner ? 1 : 0;
         }
         if (!renumbering.changed.empty() || renumbering.reused > 0) {
             result_.renumberings.push_back(renumbering);
         }
     }
 
-    // A key that another thing has now is told twice, and counts once.
+    // A part that has moved is told twice, and counts once.
     void CountIn(const Change& change) {
-        Count& count = result_.counts[Index(change.what)];
-        if (change.kind == Kind::kChanged || (change.movedAcross && change.kind == Kind::kAdded)) {
+        Count& count = result_.counts[Index(change.kind)];
+        if (change.action == Action::kChanged) {
             ++count.changed;
-        } else if (!change.movedAcross) {
-            ++(change.kind == Kind::kAdded ? count.added : count.gone);
+        } else if (change.hasMoved) {
+            count.changed += change.action == Action::kAdded ? 1 : 0;
+        } else {
+            ++(change.action == Action::kAdded ? count.added : count.gone);
         }
         for (const Change& part : change.parts) {
             CountIn(part);
@@ -371,7 +268,9 @@ class Comparison {
 
     const Content& old_;
     const Content& new_;
-    Same same_;
+    const Same same_;
+    const std::vector<std::string> oldCountries_, newCountries_;  // of the networks
+    std::array<Parts, Index(Kind::kCount)> parts_;
     Difference result_;
 };
 

@@ -5,18 +5,37 @@
 #include <iostream>
 
 #include "session/schema.h"
-#include "support/texts.h"
 #include "support/utf8.h"
+#include "support/texts.h"
 
 namespace tool {
 namespace {
 
-const char* One(What what) {
-    return kWhat[Index(what)].first;
+// The names of the kinds, for one item and for several.
+constexpr std::pair<const char*, const char*> kNames[] = {
+    {"catalogue", "catalogues"},
+    {"variable", "variables"},
+    {"recipe variable", "recipe variables"},
+    {"country", "countries"},
+    {"manufacturer", "manufacturers"},
+    {"pattern", "patterns"},
+    {"phone", "phones"},
+    {"answer", "answers"},
+    {"dial-up row", "dial-up rows"},
+    {"row", "rows of other tables"},
+    {"network", "networks"},
+    {"number key", "number keys"},
+    {"name key", "name keys"},
+    {"setting", "settings"},
+};
+static_assert(std::size(kNames) == Index(Kind::kCount));
+
+const char* One(Kind kind) {
+    return kNames[Index(kind)].first;
 }
 
-const char* Several(What what) {
-    return kWhat[Index(what)].second;
+const char* Several(Kind kind) {
+    return kNames[Index(kind)].second;
 }
 
 void PrintCounts(const Difference& difference) {
@@ -24,7 +43,7 @@ void PrintCounts(const Difference& difference) {
     for (std::size_t i = 0; i < difference.counts.size(); ++i) {
         const auto& [before, after, added, gone, changed] = difference.counts[i];
         if (before > 0 || after > 0) {
-            rows.push_back({kWhat[i].second});
+            rows.push_back({kNames[i].second});
             for (const std::size_t count : {before, after, added, gone, changed}) {
                 rows.back().push_back(std::to_string(count));
             }
@@ -33,34 +52,40 @@ void PrintCounts(const Difference& difference) {
     PrintAligned(rows);
 }
 
-std::string Identifiers(const Difference& difference) {
-    std::string text = "other identifiers (reused: an old one is that of another now): ";
-    const char* separator = "";
-    for (const auto& [what, changed, reused] : difference.renumberings) {
-        text += Concat(separator, changed.size(), " ", Several(what), ", reused ", reused);
-        separator = "; ";
+std::string DescribeRenumbering(const Difference& difference) {
+    std::string kinds;
+    std::size_t reused = 0;
+    for (const Renumbering& renumbering : difference.renumberings) {
+        const std::size_t count = renumbering.changed.size();
+        reused += renumbering.reused;
+        if (count > 0) {
+            kinds += Concat(kinds.empty() ? "" : ", ", count, " ",
+                            count == 1 ? One(renumbering.kind) : Several(renumbering.kind));
+        }
     }
-    return text;
+    return Concat("renumbered: ", kinds.empty() ? "nothing" : kinds, "; ", reused,
+                  reused == 1 ? " old number now means" : " old numbers now mean",
+                  " something else");
 }
 
 // In one line: what is added or gone has one value, what is changed two.
 std::string Describe(const Change& change) {
-    std::string text = One(change.what);
-    if (change.what == What::kNumberKey) {
+    std::string text = One(change.kind);
+    if (change.kind == Kind::kNumberKey) {
         text += " " + change.name;  // digits
     } else if (!change.name.empty()) {
         text += " " + Quoted(change.name);
     }
-    const bool added = change.kind == Kind::kAdded;
-    if (change.movedAcross) {
-        text += (added ? ", before of " : ", now of ") + Quoted(change.otherHolder);
+    const bool added = change.action == Action::kAdded;
+    if (change.hasMoved) {
+        text += (added ? ", before of " : ", now of ") + Quoted(change.otherOwner);
     }
     const char* separator = ": ";
     for (const Value& value : change.values) {
         // The title has the name already.
-        if (change.kind == Kind::kChanged || value.name != vel::schema::kName) {
+        if (change.action == Action::kChanged || value.name != vel::schema::kName) {
             text += separator + value.name + " ";
-            text += change.kind == Kind::kChanged
+            text += change.action == Action::kChanged
                         ? Quoted(value.before) + " -> " + Quoted(value.after)
                         : Quoted(added ? value.after : value.before);
             separator = ", ";
@@ -71,26 +96,27 @@ std::string Describe(const Change& change) {
 
 void PrintChange(const Change& change, std::size_t depth) {
     constexpr char kSigns[] = {'+', '-', '~'};
-    std::cout << std::string(2 * depth, ' ') << kSigns[static_cast<std::size_t>(change.kind)] << " "
-              << Describe(change) << "\n";
+    std::cout << std::string(2 * depth, ' ') << kSigns[static_cast<std::size_t>(change.action)]
+              << " " << Describe(change) << "\n";
     for (const Change& part : change.parts) {
         PrintChange(part, depth + 1);
     }
 }
 
-// Over networks the country, over other things what they are.
+// Networks have one heading for each country, other kinds one each.
 std::string Heading(const Change& change) {
-    return change.what != What::kNetwork ? Several(change.what)
-           : change.country.empty()      ? "networks without a country"
-                                         : "networks of " + Quoted(change.country);
-}
-
-const char* Name(Kind kind) {
-    return kind == Kind::kAdded ? "added" : kind == Kind::kGone ? "gone" : "changed";
+    if (change.kind != Kind::kNetwork) {
+        return Several(change.kind);
+    }
+    return change.country.empty() ? "networks without a country"
+                                  : "networks of " + Quoted(change.country);
 }
 
 Json DescribeChange(const Change& change) {
-    Json json = {{"change", Name(change.kind)}, {"what", One(change.what)}, {"name", change.name}};
+    constexpr const char* kActions[] = {"added", "gone", "changed"};
+    Json json = {{"change", kActions[static_cast<std::size_t>(change.action)]},
+                 {"what", One(change.kind)},
+                 {"name", change.name}};
     const auto add = [&json](const char* member, const std::string& text) {
         if (!text.empty()) {
             json[member] = text;
@@ -99,15 +125,15 @@ Json DescribeChange(const Change& change) {
     add("country", change.country);
     add("old-id", change.oldId);
     add("new-id", change.newId);
-    if (change.movedAcross) {
-        json[change.kind == Kind::kAdded ? "before-of" : "now-of"] = change.otherHolder;
+    if (change.hasMoved) {
+        json[change.action == Action::kAdded ? "before-of" : "now-of"] = change.otherOwner;
     }
     for (const Value& value : change.values) {
         Json described = {{"name", value.name}};
-        if (change.kind != Kind::kAdded) {
+        if (change.action != Action::kAdded) {
             described["old"] = value.before;
         }
-        if (change.kind != Kind::kGone) {
+        if (change.action != Action::kGone) {
             described["new"] = value.after;
         }
         json["values"].push_back(described);
@@ -123,13 +149,13 @@ Json DescribeChange(const Change& change) {
 void PrintDifference(const Difference& difference) {
     if (difference.changes.empty()) {
         std::cout << (difference.Empty() ? std::string("The same.")
-                                         : "The same, but " + Identifiers(difference))
+                                         : "The same, but " + DescribeRenumbering(difference))
                   << "\n";
         return;
     }
     PrintCounts(difference);
     if (!difference.renumberings.empty()) {
-        std::cout << Identifiers(difference) << "\n";
+        std::cout << DescribeRenumbering(difference) << "\n";
     }
     std::string last;
     for (const Change& change : difference.changes) {
@@ -146,19 +172,19 @@ Json DescribeDifference(const Difference& difference) {
     Json counts = Json::object();
     for (std::size_t i = 0; i < difference.counts.size(); ++i) {
         const auto& [before, after, added, gone, changed] = difference.counts[i];
-        counts[kWhat[i].second] = {{"old", before},
-                                   {"new", after},
-                                   {"added", added},
-                                   {"gone", gone},
-                                   {"changed", changed}};
+        counts[kNames[i].second] = {{"old", before},
+                                    {"new", after},
+                                    {"added", added},
+                                    {"gone", gone},
+                                    {"changed", changed}};
     }
     Json identifiers = Json::object();
-    for (const auto& [what, changed, reused] : difference.renumberings) {
+    for (const auto& [kind, changed, reused] : difference.renumberings) {
         Json pairs = Json::array();
         for (const auto& [before, after] : changed) {
             pairs.push_back({{"old", before}, {"new", after}});
         }
-        identifiers[Several(what)] = {{"changed", pairs}, {"reused", reused}};
+        identifiers[Several(kind)] = {{"changed", pairs}, {"reused", reused}};
     }
     Json changes = Json::array();
     for (const Change& change : difference.changes) {

@@ -3,9 +3,9 @@
 
 #include <set>
 
-#include "catalogue/identifiers.h"
 #include "catalogue/source_writer.h"
 #include "dun/setting_columns.h"
+#include "session/schema.h"
 
 namespace tool {
 
@@ -28,83 +28,59 @@ std::string JoinWithBlanks(const std::set<std::string>& texts) {
     return joined;
 }
 
-// Writes the tables of the catalogue.
-class ImportWriter {
+// Collects the tables of the catalogue.
+class CatalogueMaker {
   public:
-    ImportWriter(const std::string& path, const InputCatalogue& phones,
-                 const Identifiers& identifiers, ImportReport& report)
-        : phones_(phones),
-          ids_(identifiers),
-          report_(report),
-          writer_(path, phones.Tables().name.empty() ? "Imported" : phones.Tables().name,
-                  phones.Tables().version.empty() ? "1" : phones.Tables().version) {}
+    CatalogueMaker(const InputCatalogue& phones, ImportReport& report)
+        : phones_(phones), report_(report) {
+        result_.name = phones.Tables().name.empty() ? "Imported" : phones.Tables().name;
+        result_.version = phones.Tables().version.empty() ? "1" : phones.Tables().version;
+    }
 
-    void Copy(const char* table) { writer_.AddTable(phones_.Get(table)); }
+    void Copy(const char* table) { result_.tables.push_back(phones_.Get(table)); }
 
-    // The variables of the phones' source, and the highest identifiers.
     void AddVariables() {
         const CatalogueTable& table = phones_.Get(schema::kGeneralVariables);
-        const int name = phones_.Column(table, schema::kVariable);
+        phones_.Column(table, schema::kVariable);
         phones_.Column(table, schema::kValue);
-        std::set<std::string> own;
-        for (const auto& entry : ids_.highest) {
-            own.insert(HighestVariable(entry.first));
-        }
-        writer_.BeginTable(table.name, table.columns);
-        for (const CatalogueRow& row : table.rows) {
-            if (own.count(row.Cell(name)) == 0) {
-                writer_.AddRow(row.cells);
-            }
-        }
-        for (const auto& [numbered, highest] : ids_.highest) {
-            writer_.AddRow(InColumns(table.columns, {{schema::kVariable, HighestVariable(numbered)},
-                                                     {schema::kValue, std::to_string(highest)}}));
-        }
-        writer_.EndTable();
+        Copy(schema::kGeneralVariables);
     }
 
     void AddCountries(const std::vector<Country>& countries) {
-        writer_.BeginTable(schema::kCountries, {schema::kID, schema::kName});
+        Begin(schema::kCountries, {schema::kID, schema::kName});
         for (const Country& country : countries) {
-            writer_.AddRow({ids_.countries.at(country.code), country.name});
+            Add({country.code, country.name});
         }
-        writer_.EndTable();
     }
 
     void AddNetworks(const std::vector<Network>& networks) {
-        writer_.BeginTable(schema::kNetworks, {schema::kID, schema::kName, schema::kNetworkType});
+        Begin(schema::kNetworks, {schema::kID, schema::kName, schema::kNetworkType});
         for (std::size_t i = 0; i < networks.size(); ++i) {
-            writer_.AddRow({ids_.networks[i], networks[i].name, kImportedType});
+            Add({IdOf(i), networks[i].name, kImportedType});
         }
-        writer_.EndTable();
     }
 
     void AddKeys(const std::vector<NetworkKey>& keys) {
-        writer_.BeginTable(schema::kNetworkIdentification,
-                           {schema::kNetworkResponse, schema::kNetworkID});
+        Begin(schema::kNetworkIdentification, {schema::kNetworkResponse, schema::kNetworkID});
         for (const NetworkKey& key : keys) {
-            writer_.AddRow({key.text, ids_.networks[key.network]});
+            Add({key.text, IdOf(key.network)});
         }
-        writer_.EndTable();
     }
 
-    // When a phone has two rows for a network type, the library uses neither: write only the first.
+    // When a phone has two rows for a network type, the library uses neither: take only the first.
     void AddPhoneRows() {
-        writer_.BeginTable(schema::kBasicDUNForPhone,
-                           {schema::kPhoneID, schema::kNetworkType, schema::kDialString,
-                            schema::kInitializationString});
+        Begin(schema::kBasicDUNForPhone, {schema::kPhoneID, schema::kNetworkType,
+                                          schema::kDialString, schema::kInitializationString});
         std::set<std::string> dialsImportedType = CopyPhoneRows();
         const CatalogueTable& phones = phones_.Get(schema::kPhones);
         const int id = phones_.Column(phones, schema::kID);
         report_.phones += phones.rows.size();
         for (const CatalogueRow& phone : phones.rows) {
             if (dialsImportedType.insert(phone.Cell(id)).second) {
-                writer_.AddRow(
-                    {phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
+                Add({phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
                 ++report_.phonesWithDefault;
             }
         }
-        writer_.EndTable();
     }
 
     void AddSettings(const std::vector<Network>& networks) {
@@ -113,15 +89,15 @@ class ImportWriter {
             columns.emplace_back(column.name);
         }
         columns.emplace_back(kNumbers);
-        writer_.BeginTable(schema::kBasicDUNSettings, columns);
+        Begin(schema::kBasicDUNSettings, columns);
+        std::size_t count = 0;
         for (std::size_t i = 0; i < networks.size(); ++i) {
-            for (std::size_t j = 0; j < networks[i].offers.size(); ++j) {
-                const Offer& offer = networks[i].offers[j];
+            for (const Offer& offer : networks[i].offers) {
                 const AccessPoint* const point = offer.point;
+                const bool isFirst = &offer == &networks[i].offers.front();
                 const bool needsUser = !point->user.empty() || !point->password.empty();
-                writer_.AddRow(
-                    InColumns(columns, {{schema::kID, ids_.settings[i][j]},
-                                        {schema::kNetworkID, ids_.networks[i]},
+                Add(InColumns(columns, {{schema::kID, IdOf(count++)},
+                                        {schema::kNetworkID, IdOf(i)},
                                         {schema::kAPN, point->apn},
                                         {schema::kNUM, kContext},
                                         {schema::kGatewayIP, point->gateway},
@@ -129,20 +105,29 @@ class ImportWriter {
                                         {schema::kDNS2, point->dns2},
                                         {schema::kName, point->displayName},
                                         {schema::kContractType, point->contract},
-                                        {schema::kDefault, j == 0 ? "Y" : "N"},
-                                        {schema::kCountryID, ids_.countries.at(point->country)},
+                                        {schema::kDefault, isFirst ? "Y" : "N"},
+                                        {schema::kCountryID, point->country},
                                         {schema::kUser, point->user},
                                         {schema::kPassword, point->password},
                                         {schema::kRequiresUser, needsUser ? "Y" : "N"},
                                         {kNumbers, JoinWithBlanks(offer.numbers)}}));
             }
         }
-        writer_.EndTable();
     }
 
-    std::string Finish() { return writer_.Finish(); }
+    Catalogue Take() { return std::move(result_); }
 
   private:
+    static std::string IdOf(std::size_t index) { return std::to_string(index + 1); }
+
+    void Begin(const char* table, std::vector<std::string> columns) {
+        result_.tables.push_back({table, 0, 0, std::move(columns), {}});
+    }
+
+    void Add(std::vector<std::string> cells) {
+        result_.tables.back().rows.push_back({0, std::move(cells)});
+    }
+
     // Returns the phones with a row for the imported type.
     std::set<std::string> CopyPhoneRows() {
         std::set<std::string> dialsImportedType;
@@ -160,7 +145,7 @@ class ImportWriter {
                 ++report_.phoneRowsRepeated;
                 continue;
             }
-            writer_.AddRow({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});
+            Add({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});
             if (row.Cell(type) == kImportedType) {
                 dialsImportedType.insert(row.Cell(phone));
             }
@@ -169,32 +154,30 @@ class ImportWriter {
     }
 
     const InputCatalogue& phones_;
-    const Identifiers& ids_;
     ImportReport& report_;
-    SourceWriter writer_;
+    Catalogue result_;
 };
 
 }  // namespace
 
-std::string WriteImport(const std::string& path, const InputCatalogue& phones,
-                        const Providers& providers, const Networks& networks,
-                        const Identifiers& identifiers, ImportReport& report) {
-    ImportWriter writer(path, phones, identifiers, report);
-    writer.AddVariables();
+Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers,
+                        const Networks& networks, ImportReport& report) {
+    CatalogueMaker maker(phones, report);
+    maker.AddVariables();
     for (const char* table :
          {schema::kManufacturerRecipe, schema::kPhoneRecipe, schema::kNetworkRecipe}) {
-        writer.Copy(table);
+        maker.Copy(table);
     }
-    writer.AddCountries(providers.countries);
+    maker.AddCountries(providers.countries);
     for (const char* table : {schema::kManufacturers, schema::kManufacturerIdentification,
                               schema::kPhones, schema::kPhoneIdentification}) {
-        writer.Copy(table);
+        maker.Copy(table);
     }
-    writer.AddNetworks(networks.networks);
-    writer.AddKeys(networks.keys);
-    writer.AddPhoneRows();
-    writer.AddSettings(networks.networks);
-    return writer.Finish();
+    maker.AddNetworks(networks.networks);
+    maker.AddKeys(networks.keys);
+    maker.AddPhoneRows();
+    maker.AddSettings(networks.networks);
+    return maker.Take();
 }
 
 }  // namespace tool

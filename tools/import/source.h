@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
-#include "import/identifiers.h"
+#include "import/input_catalogue.h"
+#include "import/networks.h"
 
 namespace tool {
 
-// Makes the catalogue source from the phones' source and the operators' data. Throws a ToolError
-// when the phones' source lacks a table or column, or when a value cannot be written. `path`: the
-// file of the result, for error messages.
-std::string WriteImport(const std::string& path, const InputCatalogue& phones,
-                        const Providers& providers, const Networks& networks,
-                        const Identifiers& identifiers, ImportReport& report);
+// Makes the catalogue from the phones' source and the operators' data. Its networks and settings
+// are numbered from 1; the identifier of a country is its code. Throws a ToolError when the phones'
+// source lacks a table or column.
+Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers,
+                        const Networks& networks, ImportReport& report);
 
 }  // namespace tool

@@ -2,6 +2,7 @@
 #include "catalogue/identity/content.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "catalogue/identifiers.h"
@@ -29,169 +30,196 @@ Fields ReadFields(const CatalogueTable& table, const CatalogueRow& row, const Co
     return fields;
 }
 
-Things ReadThings(const CatalogueTable& table, const Columns& references = {}) {
-    Columns without{kID};
-    without.insert(without.end(), references.begin(), references.end());
-    Things things;
-    const int id = table.Column(kID);
-    const int name = table.Column(kName);
-    for (const CatalogueRow& row : table.rows) {
-        const std::string named = row.Cell(name);
-        things.Add({row.Cell(id), named, named, ReadFields(table, row, without)});
+// Reads a catalogue, table by table. A table comes after those that its rows refer to.
+class ContentReader {
+  public:
+    ContentReader(const Catalogue& catalogue, std::array<Items, Index(Kind::kCount)>& items)
+        : catalogue_(catalogue), items_(items) {}
+
+    void Read() {
+        Of(Kind::kCatalogue)
+            .Add({"", "", "", {{"name", catalogue_.name}, {"version", catalogue_.version}}});
+        ReadNamed(Kind::kCountry, kCountries, {});
+        ReadNamed(Kind::kManufacturer, kManufacturers, {});
+        ReadNamed(Kind::kNetwork, kNetworks, {});
+        ReadPhones();
+        ReadKeys(kManufacturerIdentification, kManufacturerResponse, kManufacturerID,
+                 Kind::kManufacturer);
+        ReadKeys(kPhoneIdentification, kPhoneResponse, kPhoneID, Kind::kPhone);
+        ReadKeys(kNetworkIdentification, kNetworkResponse, kNetworkID, Kind::kNetwork);
+        ReadDialRows();
+        ReadSettings();
+        ReadVariables(Kind::kVariable, kGeneralVariables, "");
+        for (const char* recipe : {kManufacturerRecipe, kPhoneRecipe, kNetworkRecipe}) {
+            ReadVariables(Kind::kRecipe, recipe, std::string(recipe) + ": ");
+        }
+        ReadOtherRows();
     }
-    return things;
-}
 
-int ReferOrNone(Things& things, const std::string& id) {
-    return id.empty() ? Matching::kNone : things.Refer(id);
-}
+  private:
+    Items& Of(Kind kind) { return items_[Index(kind)]; }
 
-std::vector<Key> ReadKeys(const CatalogueTable& table, const char* text, const char* holder,
-                          Things& holders, Things* makers) {
-    const int textColumn = table.Column(text);
-    const int holderColumn = table.Column(holder);
-    const int makerColumn = makers == nullptr ? -1 : table.Column(kManufacturerID);
-    std::set<std::pair<std::string, std::string>> known;
-    std::vector<Key> keys;
-    for (const CatalogueRow& row : table.rows) {
-        const std::string maker = row.Cell(makerColumn);
-        if (known.emplace(row.Cell(textColumn), maker).second) {
-            keys.push_back({row.Cell(textColumn), holders.Refer(row.Cell(holderColumn)),
-                            makers == nullptr ? Matching::kNone : ReferOrNone(*makers, maker)});
+    const CatalogueTable& Table(const char* name) {
+        read_.insert(name);
+        return catalogue_.Table(name);
+    }
+
+    int ReferOrNone(Kind kind, const std::string& id) {
+        return id.empty() ? kNoItem : Of(kind).Refer(id);
+    }
+
+    // The field of a reference.
+    Field Reference(const char* column, Kind kind, int item) {
+        return {column, Of(kind)[item].title, kind, item};
+    }
+
+    const CatalogueTable& ReadNamed(Kind kind, const char* name, Columns references) {
+        const CatalogueTable& table = Table(name);
+        references.push_back(kID);
+        for (const CatalogueRow& row : table.rows) {
+            const std::string named = row.Cell(table.Column(kName));
+            Of(kind).Add(
+                {row.Cell(table.Column(kID)), named, named, ReadFields(table, row, references)});
+        }
+        return table;
+    }
+
+    void ReadPhones() {
+        const CatalogueTable& table = ReadNamed(Kind::kPhone, kPhones, {kManufacturerID});
+        for (std::size_t i = 0; i < table.rows.size(); ++i) {
+            Item& phone = Of(Kind::kPhone).At(i);
+            phone.maker =
+                ReferOrNone(Kind::kManufacturer, table.rows[i].Cell(table.Column(kManufacturerID)));
+            if (phone.maker != kNoItem) {
+                const Field maker = Reference(kManufacturerID, Kind::kManufacturer, phone.maker);
+                phone.title = maker.text + ": " + phone.name;
+                phone.fields.push_back(maker);
+            }
         }
     }
-    return keys;
-}
 
-// A missing variable and an empty one are the same, and the first of several counts.
-std::vector<Thing> ReadVariables(const CatalogueTable& table, const std::string& before) {
-    std::vector<Thing> variables;
-    std::set<std::string> known;
-    for (const CatalogueRow& row : table.rows) {
-        const std::string name = row.Cell(table.Column(kVariable));
-        const std::string value = row.Cell(table.Column(kValue));
-        if (known.insert(name).second && !value.empty()) {
-            variables.push_back({name, name, before + name, {{kValue, value}}});
+    // Reads the texts by which the library recognises items of a kind. It compares a phone's answer
+    // only with those of the manufacturer that it has recognised before.
+    void ReadKeys(const char* name, const char* text, const char* owner, Kind owners) {
+        const CatalogueTable& table = Table(name);
+        const int maker = owners == Kind::kPhone ? table.Column(kManufacturerID) : -1;
+        std::set<std::pair<std::string, std::string>> known;
+        for (const CatalogueRow& row : table.rows) {
+            Item key{"", row.Cell(table.Column(text))};
+            const std::string makerId = row.Cell(maker);
+            if (known.emplace(key.name, makerId).second) {
+                key.owner = Of(owners).Refer(row.Cell(table.Column(owner)));
+                key.maker = ReferOrNone(Kind::kManufacturer, makerId);
+                key.title = key.maker == kNoItem
+                                ? key.name
+                                : Of(Kind::kManufacturer)[key.maker].title + ": " + key.name;
+                Of(KeyOf(owners, key.name)).Add(key);
+            }
         }
     }
-    return variables;
-}
+
+    static Kind KeyOf(Kind owners, const std::string& text) {
+        if (owners == Kind::kNetwork) {
+            return IsDigits(text) ? Kind::kNumberKey : Kind::kNameKey;
+        }
+        return owners == Kind::kPhone ? Kind::kAnswer : Kind::kPattern;
+    }
+
+    // The library uses none of several rows for one phone and network type.
+    void ReadDialRows() {
+        const CatalogueTable& table = Table(kBasicDUNForPhone);
+        std::map<std::pair<std::string, std::string>, std::vector<const CatalogueRow*>> rows;
+        for (const CatalogueRow& row : table.rows) {
+            rows[{row.Cell(table.Column(kPhoneID)), row.Cell(table.Column(kNetworkType))}]
+                .push_back(&row);
+        }
+        for (const auto& [key, same] : rows) {
+            if (same.size() == 1) {
+                Of(Kind::kDialRow)
+                    .Add({"", key.second, key.second,
+                          ReadFields(table, *same[0], {kPhoneID, kNetworkType}),
+                          Of(Kind::kPhone).Refer(key.first)});
+            }
+        }
+    }
+
+    void ReadSettings() {
+        const CatalogueTable& table =
+            ReadNamed(Kind::kSetting, kBasicDUNSettings, {kNetworkID, kCountryID});
+        for (std::size_t i = 0; i < table.rows.size(); ++i) {
+            const CatalogueRow& row = table.rows[i];
+            Item& setting = Of(Kind::kSetting).At(i);
+            setting.title += " (" + row.Cell(table.Column(kAPN)) + ")";
+            setting.owner = Of(Kind::kNetwork).Refer(row.Cell(table.Column(kNetworkID)));
+            const int country = ReferOrNone(Kind::kCountry, row.Cell(table.Column(kCountryID)));
+            if (country != kNoItem) {
+                setting.fields.push_back(Reference(kCountryID, Kind::kCountry, country));
+            }
+        }
+    }
+
+    // A missing variable and an empty one are the same, and the first of several counts.
+    void ReadVariables(Kind kind, const char* name, const std::string& before) {
+        const CatalogueTable& table = Table(name);
+        std::set<std::string> known;
+        for (const NumberedTable& numbered : kNumberedTables) {
+            known.insert(numbered.variable);
+        }
+        for (const CatalogueRow& row : table.rows) {
+            const std::string variable = row.Cell(table.Column(kVariable));
+            Field value{kValue, row.Cell(table.Column(kValue))};
+            if (!known.insert(variable).second || value.text.empty()) {
+                continue;
+            }
+            const int phone = Of(Kind::kPhone).Find(value.text);
+            if (kind == Kind::kVariable && variable == kUnknownPhone && phone != kNoItem) {
+                value = Reference(kValue, Kind::kPhone, phone);
+            }
+            Of(kind).Add({variable, variable, before + variable, {value}});
+        }
+    }
+
+    void ReadOtherRows() {
+        for (const CatalogueTable& table : catalogue_.tables) {
+            for (const CatalogueRow& row : table.rows) {
+                if (read_.count(table.name) == 0) {
+                    std::string text;
+                    for (const Field& field : ReadFields(table, row, {})) {
+                        text.append(text.empty() ? "" : ", ")
+                            .append(field.column + " " + field.text);
+                    }
+                    Of(Kind::kRow).Add({"", "", table.name + ": " + text});
+                }
+            }
+        }
+    }
+
+    const Catalogue& catalogue_;
+    std::array<Items, Index(Kind::kCount)>& items_;
+    std::set<std::string> read_;  // names of tables
+};
 
 }  // namespace
 
-int Things::Refer(const std::string& id) {
-    const auto found = byId.find(id);
-    if (found != byId.end()) {
-        return found->second;
-    }
-    Add({id, "", "identifier " + id, {{"missing", "a row with this identifier"}}});
-    return static_cast<int>(all.size()) - 1;
+void Items::Add(Item item) {
+    byId_.emplace(item.id, static_cast<int>(all_.size()));
+    all_.push_back(std::move(item));
 }
 
-Content::Content(const Catalogue& catalogue)
-    : marker{{"name", catalogue.name}, {"version", catalogue.version}},
-      countries(ReadThings(catalogue.Table(kCountries))),
-      manufacturers(ReadThings(catalogue.Table(kManufacturers))),
-      networks(ReadThings(catalogue.Table(kNetworks))) {
-    AddPhones(catalogue);
-    patterns = ReadKeys(catalogue.Table(kManufacturerIdentification), kManufacturerResponse,
-                        kManufacturerID, manufacturers, nullptr);
-    answers = ReadKeys(catalogue.Table(kPhoneIdentification), kPhoneResponse, kPhoneID, phones,
-                       &manufacturers);
-    keys = ReadKeys(catalogue.Table(kNetworkIdentification), kNetworkResponse, kNetworkID, networks,
-                    nullptr);
-    AddDialRows(catalogue.Table(kBasicDUNForPhone));
-    AddSettings(catalogue.Table(kBasicDUNSettings));
-    AddVariables(catalogue);
-    for (const CatalogueTable& table : catalogue.tables) {
-        AddOtherRows(table);
-    }
+int Items::Find(const std::string& id) const {
+    const auto found = byId_.find(id);
+    return found == byId_.end() ? kNoItem : found->second;
 }
 
-void Content::AddPhones(const Catalogue& catalogue) {
-    const CatalogueTable& table = catalogue.Table(kPhones);
-    phones = ReadThings(table, {kManufacturerID});
-    for (std::size_t i = 0; i < table.rows.size(); ++i) {
-        Thing& phone = phones.all[i];
-        phone.owner = ReferOrNone(manufacturers, table.rows[i].Cell(table.Column(kManufacturerID)));
-        if (phone.owner != Matching::kNone) {
-            const std::string& maker = manufacturers[phone.owner].title;
-            phone.title = maker + ": " + phone.name;
-            phone.fields.push_back({kManufacturerID, maker, phone.owner});
-        }
+int Items::Refer(const std::string& id) {
+    if (Find(id) == kNoItem) {
+        Add({id, "", "identifier " + id, {{"missing", "a row with this identifier"}}});
     }
+    return Find(id);
 }
 
-// The library uses none of several rows for one phone and network type.
-void Content::AddDialRows(const CatalogueTable& table) {
-    std::map<std::pair<std::string, std::string>, std::vector<const CatalogueRow*>> rows;
-    for (const CatalogueRow& row : table.rows) {
-        rows[{row.Cell(table.Column(kPhoneID)), row.Cell(table.Column(kNetworkType))}].push_back(
-            &row);
-    }
-    for (const auto& [key, same] : rows) {
-        if (same.size() == 1) {
-            const Fields fields = ReadFields(table, *same[0], {kPhoneID, kNetworkType});
-            dialRows.push_back({"", key.second, key.second, fields, phones.Refer(key.first)});
-        }
-    }
-}
-
-void Content::AddSettings(const CatalogueTable& table) {
-    settings = ReadThings(table, {kNetworkID, kCountryID});
-    for (std::size_t i = 0; i < table.rows.size(); ++i) {
-        const CatalogueRow& row = table.rows[i];
-        Thing& setting = settings.all[i];
-        setting.title += " (" + row.Cell(table.Column(kAPN)) + ")";
-        setting.owner = networks.Refer(row.Cell(table.Column(kNetworkID)));
-        const int country = ReferOrNone(countries, row.Cell(table.Column(kCountryID)));
-        if (country != Matching::kNone) {
-            setting.fields.push_back({kCountryID, countries[country].title, country});
-        }
-    }
-}
-
-void Content::AddVariables(const Catalogue& catalogue) {
-    variables = ReadVariables(catalogue.Table(kGeneralVariables), "");
-    // What remembers identifiers says nothing about phones and networks.
-    for (const char* table : {kCountries, kNetworks, kBasicDUNSettings, kPhones}) {
-        variables.erase(std::remove_if(variables.begin(), variables.end(),
-                                       [&](const Thing& variable) {
-                                           return variable.name == HighestVariable(table);
-                                       }),
-                        variables.end());
-    }
-    for (Thing& variable : variables) {
-        const auto phone = phones.byId.find(variable.fields[0].text);
-        if (variable.name == kUnknownPhone && phone != phones.byId.end()) {
-            variable.fields[0].text = phones[phone->second].title;
-            variable.fields[0].target = phone->second;
-        }
-    }
-    for (const char* table : {kManufacturerRecipe, kPhoneRecipe, kNetworkRecipe}) {
-        const std::vector<Thing> more =
-            ReadVariables(catalogue.Table(table), std::string(table) + ": ");
-        recipes.insert(recipes.end(), more.begin(), more.end());
-    }
-}
-
-void Content::AddOtherRows(const CatalogueTable& table) {
-    for (const char* known :
-         {kCountries, kManufacturers, kManufacturerIdentification, kPhones, kPhoneIdentification,
-          kNetworks, kNetworkIdentification, kBasicDUNForPhone, kBasicDUNSettings,
-          kGeneralVariables, kManufacturerRecipe, kPhoneRecipe, kNetworkRecipe}) {
-        if (table.name == known) {
-            return;
-        }
-    }
-    std::vector<std::string>& rows = otherRows[table.name];
-    for (const CatalogueRow& row : table.rows) {
-        std::string text;
-        for (const Field& field : ReadFields(table, row, {})) {
-            text.append(text.empty() ? "" : ", ").append(field.column + " " + field.text);
-        }
-        rows.push_back(text);
-    }
+Content::Content(const Catalogue& catalogue) {
+    ContentReader(catalogue, items_).Read();
 }
 
 }  // namespace tool

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
+#include <array>
 #include <unordered_map>
 
 #include "catalogue/catalogue.h"
@@ -9,64 +9,80 @@
 
 namespace tool {
 
-// A value under a column. That of a reference is the title of the thing that it refers to.
+// The kinds of items in a catalogue, in the order in which a comparison reports them.
+enum class Kind {
+    kCatalogue,  // its name and version
+    kVariable,
+    kRecipe,  // a variable of a recipe
+    kCountry,
+    kManufacturer,
+    kPattern,  // part of a manufacturer's answer
+    kPhone,
+    kAnswer,  // a phone's
+    kDialRow,
+    kRow,  // of a table that the library does not read
+    kNetwork,
+    kNumberKey,
+    kNameKey,
+    kSetting,
+    kCount
+};
+
+constexpr std::size_t Index(Kind kind) {
+    return static_cast<std::size_t>(kind);
+}
+
+// A value under a column. The value of a reference is the title of an item.
 struct Field {
     std::string column;
     std::string text;
-    int target = Matching::kNone;  // index of that thing
+    Kind kind = Kind::kCount;  // of that item
+    int item = kNoItem;        // its index
 };
 
 using Fields = std::vector<Field>;
 
-// What a row says: a thing with an identifier, a dial-up row, or a variable.
-struct Thing {
-    std::string id;
+// What a row says.
+struct Item {
+    std::string id;  // empty when its kind has no identifiers
     std::string name;
-    std::string title;            // for people
-    Fields fields;                // without identifiers and empty values
-    int owner = Matching::kNone;  // of a setting the network, of a phone the manufacturer
+    std::string title = {};  // for people
+    Fields fields = {};      // without identifiers and empty values
+    int owner = kNoItem;     // of what it is a part
+    int maker = kNoItem;     // of a phone, or of an answer: the manufacturer
 };
 
-// The things of a table.
-struct Things {
-    std::vector<Thing> all;
-    std::unordered_map<std::string, int> byId;
-
-    void Add(Thing thing) {
-        byId.emplace(thing.id, static_cast<int>(all.size()));
-        all.push_back(std::move(thing));
-    }
-    // The first thing with the identifier. When there is none, adds a thing that says so.
+// The items of a kind, in the order of the catalogue.
+class Items {
+  public:
+    void Add(Item item);
+    // The first item with the identifier, or kNoItem.
+    int Find(const std::string& id) const;
+    // The same. Adds an item that says so when there is none.
     int Refer(const std::string& id);
-    const Thing& operator[](int index) const { return all[static_cast<std::size_t>(index)]; }
-    const Thing& operator[](std::size_t index) const { return all[index]; }
-};
 
-// A text by which something is recognised.
-struct Key {
-    std::string text;
-    int holder = Matching::kNone;  // what is recognised
-    int maker = Matching::kNone;   // of an answer of a phone: the manufacturer that was recognised
-};
-
-// What a catalogue says, with references in the place of identifiers. Rows that the library never
-// finds because of a row before them are left out.
-struct Content {
-    explicit Content(const Catalogue& catalogue);
-
-    Fields marker;  // name and version
-    Things countries, manufacturers, phones, networks, settings;
-    std::vector<Thing> dialRows;  // their owners are the phones
-    std::vector<Thing> variables, recipes;
-    std::vector<Key> patterns, answers, keys;
-    std::map<std::string, std::vector<std::string>> otherRows;  // of tables of other names
+    std::size_t size() const { return all_.size(); }
+    auto begin() const { return all_.begin(); }
+    auto end() const { return all_.end(); }
+    Item& At(std::size_t index) { return all_[index]; }
+    const Item& operator[](std::size_t index) const { return all_[index]; }
+    const Item& operator[](int index) const { return all_[static_cast<std::size_t>(index)]; }
 
   private:
-    void AddPhones(const Catalogue& catalogue);
-    void AddDialRows(const CatalogueTable& table);
-    void AddSettings(const CatalogueTable& table);
-    void AddVariables(const Catalogue& catalogue);
-    void AddOtherRows(const CatalogueTable& table);
+    std::vector<Item> all_;
+    std::unordered_map<std::string, int> byId_;
+};
+
+// What a catalogue says, with references instead of identifiers. Rows that the library never finds
+// because of a row before them are left out, and so are the variables that remember identifiers.
+class Content {
+  public:
+    explicit Content(const Catalogue& catalogue);
+
+    const Items& operator[](Kind kind) const { return items_[Index(kind)]; }
+
+  private:
+    std::array<Items, Index(Kind::kCount)> items_;
 };
 
 }  // namespace tool

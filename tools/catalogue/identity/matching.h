@@ -6,41 +6,33 @@
 
 namespace tool {
 
-// Pairs the things of two lists, an old and a new one. Each call pairs more of them; what has a
-// partner keeps it. So the strictest rule comes first.
+constexpr int kNoItem = -1;  // the index of no item
+
+// Pairs the items of an old list with those of a new one. Each call pairs more of them; an item
+// keeps its partner. So the strictest rule comes first.
 class Matching {
   public:
     Matching(std::size_t oldCount, std::size_t newCount)
-        : newOf_(oldCount, kNone), oldOf_(newCount, kNone) {}
+        : newOf_(oldCount, kNoItem), oldOf_(newCount, kNoItem) {}
 
-    static constexpr int kNone = -1;
-    using Texts = std::vector<std::string>;
-    // The texts that each thing holds. At most one thing of a list holds a text.
-    using Holdings = std::vector<Texts>;
+    using Texts = std::vector<std::string>;  // of each item
 
-    // The partner of a thing, or kNone.
+    // The partner of an item, or kNoItem.
     int NewOf(std::size_t old) const { return newOf_[old]; }
     int OldOf(std::size_t fresh) const { return oldOf_[fresh]; }
-    // A text that both partners of a pair have, and no other thing.
+    // A text that both partners of a pair have, and no other item.
     std::string TokenOfOld(int old) const;
     std::string TokenOfNew(int fresh) const;
 
-    // Pairs things with the same key, in their order when there are several. A thing whose key is
+    // Pairs items with the same text, in their order when several have it. An item whose text is
     // empty takes no part.
-    void PairByKey(const Texts& oldKeys, const Texts& newKeys);
-    // Pairs things that hold the same texts, the pairs with most of them first: when it is at least
-    // half of what either holds, or when they have the same name.
-    void PairByHoldings(const Holdings& oldTexts, const Texts& oldNames, const Holdings& newTexts,
-                        const Texts& newNames);
-
-  private:
+    void PairByText(const Texts& oldTexts, const Texts& newTexts);
+    // Pairs two items unless one of them has a partner.
     void Pair(int old, int fresh);
 
+  private:
     std::vector<int> newOf_;
     std::vector<int> oldOf_;
 };
-
-// Which of the places keep their order: a longest rising row of them. The others have moved.
-std::vector<bool> KeepOrder(const std::vector<int>& places);
 
 }  // namespace tool

@@ -1,181 +1,222 @@
 // SPDX-License-Identifier: MIT
+//
+// Hosts remember identifiers. So an import gives an item the identifier that it had, and a
+// comparison tells when another catalogue does not. Both ask here which items are the same.
+//
+// The hard case is the network. Its identifier stands for subscribers, and its keys say for which:
+// a host that remembers it wants the network that serves these subscribers now. So the share of the
+// old keys decides. A network may take over any number of further keys: if it were another one
+// then, its subscribers would lose their settings because others joined them. When a network is
+// split, the part with most of its keys goes on; among equal parts the one with its name. When
+// networks are merged, the result is the one that brings most keys. A network has many names, one
+// after the other, as the operators on it change. So its name alone says nothing, and the name keys
+// say less than the number keys: a name stops being a key when an operator of another network takes
+// it.
+//
+// docs/import.md has the rules for all kinds.
 #include "catalogue/identity/same.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
 
+#include "catalogue/identifiers.h"
 #include "session/schema.h"
 
 namespace tool {
 namespace {
 
-using Texts = Matching::Texts;
-using Holdings = Matching::Holdings;
+// One of the two catalogues.
+struct Side {
+    const Content& content;
+    const std::vector<Matching>& matchings;
+    bool isNew;
 
-template <class MakeText>
-Texts TextsOf(const Things& things, const MakeText& make) {
-    Texts texts;
-    for (const Thing& thing : things.all) {
-        texts.push_back(make(thing, texts.size()));
+    // A text that an item and its partner have, and no other item.
+    std::string Token(Kind kind, int item) const {
+        const Matching& matching = matchings[Index(kind)];
+        return isNew ? matching.TokenOfNew(item) : matching.TokenOfOld(item);
     }
-    return texts;
+};
+
+// Makes the text by which an item is compared. Items without a text are not compared.
+using MakeText = std::string (*)(const Item& item, const Side& side);
+
+std::string Title(const Item& item, const Side& /*side*/) {
+    return "=" + item.title;  // an empty title is one too
 }
 
-Texts Names(const Things& things) {
-    return TextsOf(things, [](const Thing& thing, std::size_t) { return thing.name; });
+// An identifier of two letters is the code of a country.
+std::string CountryCode(const Item& item, const Side& /*side*/) {
+    return IsCountryCode(item.id) ? item.id : "";
 }
 
-Holdings HoldingsOf(const Things& things, const std::vector<Key>& keys) {
-    Holdings holdings(things.all.size());
-    for (const Key& key : keys) {
-        holdings[static_cast<std::size_t>(key.holder)].push_back(key.text);
-    }
-    return holdings;
+std::string NameOfMaker(const Item& item, const Side& side) {
+    return side.Token(Kind::kManufacturer, item.maker) + "\n" + item.name;
 }
 
-// The names with the texts that each holds, in any order.
-Texts NamesAndTexts(const Texts& names, Holdings holdings) {
-    Texts result;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        std::sort(holdings[i].begin(), holdings[i].end());
-        result.push_back("=" + names[i]);  // a key is not empty
-        for (const std::string& text : holdings[i]) {
-            result.back() += "\n" + text;
+std::string NameOfMakerAndId(const Item& item, const Side& side) {
+    return NameOfMaker(item, side) + "\n" + item.id;
+}
+
+std::string TitleOfPhone(const Item& item, const Side& side) {
+    return side.Token(Kind::kPhone, item.owner) + "\n" + item.title;
+}
+
+std::string OfNetwork(const Item& item, const Side& side, const std::string& text) {
+    return text.empty() ? "" : side.Token(Kind::kNetwork, item.owner) + "\n" + text;
+}
+
+// What a phone dials with: not the rank of the setting, nor whom it serves.
+std::string DialledValuesOfNetwork(const Item& item, const Side& side) {
+    std::set<std::string> values;  // tables can have their columns in any order
+    for (const auto& [column, value, kind, reference] : item.fields) {
+        if (column != vel::schema::kDefault && column != kNumbers && reference == kNoItem) {
+            values.insert(column + "\n" + value);
         }
     }
-    return result;
-}
-
-std::string Text(const Thing& thing, const char* column) {
-    for (const Field& field : thing.fields) {
-        if (field.column == column) {
-            return field.text;
-        }
+    std::string text = "=";
+    for (const std::string& value : values) {
+        text += "\n" + value;
     }
-    return "";
+    return OfNetwork(item, side, text);
 }
 
-Matching Sized(const Things& old, const Things& fresh) {
-    return {old.all.size(), fresh.all.size()};
+std::string TitleOfNetwork(const Item& item, const Side& side) {
+    return OfNetwork(item, side, item.title);
 }
 
-Matching MatchManufacturers(const Content& old, const Content& fresh) {
-    Matching matching = Sized(old.manufacturers, fresh.manufacturers);
-    const Texts oldNames = Names(old.manufacturers), newNames = Names(fresh.manufacturers);
-    const Holdings oldTexts = HoldingsOf(old.manufacturers, old.patterns);
-    const Holdings newTexts = HoldingsOf(fresh.manufacturers, fresh.patterns);
-    matching.PairByKey(NamesAndTexts(oldNames, oldTexts), NamesAndTexts(newNames, newTexts));
-    matching.PairByHoldings(oldTexts, oldNames, newTexts, newNames);
-    matching.PairByKey(oldNames, newNames);
-    return matching;
-}
-
-Matching MatchPhones(const Content& old, const Content& fresh, const Matching& makers) {
-    Matching matching = Sized(old.phones, fresh.phones);
-    const auto named = [](const Things& phones, const auto& token) {
-        return TextsOf(phones, [&](const Thing& phone, std::size_t) {
-            return phone.name.empty() ? "" : token(phone.owner) + "\n" + phone.name;
-        });
-    };
-    const Texts oldKeys = named(old.phones, [&](int i) { return makers.TokenOfOld(i); });
-    const Texts newKeys = named(fresh.phones, [&](int i) { return makers.TokenOfNew(i); });
-    matching.PairByKey(NamesAndTexts(oldKeys, HoldingsOf(old.phones, old.answers)),
-                       NamesAndTexts(newKeys, HoldingsOf(fresh.phones, fresh.answers)));
-    matching.PairByKey(oldKeys, newKeys);
-    // Several manufacturers can have one name.
-    const auto title = [](const Thing& phone, std::size_t) { return phone.title; };
-    matching.PairByKey(TextsOf(old.phones, title), TextsOf(fresh.phones, title));
-    return matching;
-}
-
-// A network is the same while it holds most of the same keys. One without keys has only its name
-// and its settings.
-Matching MatchNetworks(const Content& old, const Content& fresh) {
-    Matching matching = Sized(old.networks, fresh.networks);
-    const Texts oldNames = Names(old.networks), newNames = Names(fresh.networks);
-    const Holdings oldKeys = HoldingsOf(old.networks, old.keys);
-    const Holdings newKeys = HoldingsOf(fresh.networks, fresh.keys);
-    matching.PairByHoldings(oldKeys, oldNames, newKeys, newNames);
-    const auto offers = [](const Content& content) {
-        Holdings holdings(content.networks.all.size());
-        for (const Thing& setting : content.settings.all) {
-            holdings[static_cast<std::size_t>(setting.owner)].push_back(setting.title);
-        }
-        return holdings;
-    };
-    const auto keyless = [](const Texts& names, const Holdings& keys) {
-        Texts result = names;
-        for (std::size_t i = 0; i < names.size(); ++i) {
-            result[i] = keys[i].empty() ? names[i] : "";
-        }
-        return result;
-    };
-    const Texts oldOffers = NamesAndTexts(oldNames, offers(old));
-    const Texts newOffers = NamesAndTexts(newNames, offers(fresh));
-    matching.PairByKey(keyless(oldOffers, oldKeys), keyless(newOffers, newKeys));
-    matching.PairByKey(keyless(oldNames, oldKeys), newNames);
-    matching.PairByKey(oldNames, keyless(newNames, newKeys));
-    return matching;
-}
-
-Matching MatchSettings(const Content& old, const Content& fresh, const Matching& networks) {
-    Matching matching = Sized(old.settings, fresh.settings);
-    const auto pair = [&](const auto& text) {
-        const auto key = [&](const std::string& network, const Thing& setting) {
-            const std::string rest = text(setting);
-            return rest.empty() ? "" : network + "\n" + rest;
-        };
-        matching.PairByKey(TextsOf(old.settings,
-                                   [&](const Thing& setting, std::size_t) {
-                                       return key(networks.TokenOfOld(setting.owner), setting);
-                                   }),
-                           TextsOf(fresh.settings, [&](const Thing& setting, std::size_t) {
-                               return key(networks.TokenOfNew(setting.owner), setting);
-                           }));
-    };
-    pair([](const Thing& setting) {
-        std::string all = "=";  // also without values
-        for (const Field& field : setting.fields) {
-            all.append("\n").append(field.column).append("\n").append(field.text);
-        }
-        return all;
+std::string AccessPointOfNetwork(const Item& item, const Side& side) {
+    const auto found = std::find_if(item.fields.begin(), item.fields.end(), [](const Field& field) {
+        return field.column == vel::schema::kAPN;
     });
-    pair([](const Thing& setting) { return setting.title; });  // both
-    pair([](const Thing& setting) { return Text(setting, vel::schema::kAPN); });
-    pair([](const Thing& setting) { return setting.name; });
-    return matching;
+    return found == item.fields.end() ? "" : OfNetwork(item, side, found->text);
 }
 
-Matching MatchCountries(const Content& old, const Content& fresh, const Matching& settings) {
-    Matching matching = Sized(old.countries, fresh.countries);
-    const Texts oldNames = Names(old.countries), newNames = Names(fresh.countries);
-    matching.PairByKey(oldNames, newNames);
-    // One with another name has the same settings.
-    const auto offers = [](const Content& content, const auto& token) {
-        Holdings holdings(content.countries.all.size());
-        for (std::size_t i = 0; i < content.settings.all.size(); ++i) {
-            for (const Field& field : content.settings[i].fields) {
-                if (field.target != Matching::kNone) {
-                    holdings[static_cast<std::size_t>(field.target)].push_back(
-                        token(static_cast<int>(i)));
+std::string NameOfNetwork(const Item& item, const Side& side) {
+    return OfNetwork(item, side, item.name);
+}
+
+// Pairs the items of all kinds.
+class Pairing {
+  public:
+    Pairing(const Content& old, const Content& fresh, std::vector<Matching>& matchings)
+        : old_{old, matchings, false}, new_{fresh, matchings, true}, matchings_(matchings) {}
+
+    void PairAll() {
+        for (const Kind kind : {Kind::kCatalogue, Kind::kVariable, Kind::kRecipe, Kind::kRow}) {
+            PairByText(kind, Title);
+        }
+        PairByText(Kind::kCountry, CountryCode);
+        PairByText(Kind::kCountry, Title);
+
+        PairByText(Kind::kPattern, Title);
+        PairByParts(Kind::kManufacturer, {Kind::kPattern});
+        PairByText(Kind::kManufacturer, Title);
+
+        PairByText(Kind::kAnswer, NameOfMaker);
+        PairByText(Kind::kPhone, NameOfMakerAndId);
+        PairByText(Kind::kPhone, NameOfMaker);
+        PairByText(Kind::kPhone, Title);  // several manufacturers can have the same name
+        PairByParts(Kind::kPhone, {Kind::kAnswer});
+        PairByText(Kind::kDialRow, TitleOfPhone);
+
+        PairByText(Kind::kNumberKey, Title);
+        PairByText(Kind::kNameKey, Title);
+        PairByParts(Kind::kNetwork, {Kind::kNumberKey});
+        PairByParts(Kind::kNetwork, {Kind::kNumberKey, Kind::kNameKey});
+        PairNetworksWithoutKeys();
+
+        PairByText(Kind::kSetting, DialledValuesOfNetwork);
+        PairByText(Kind::kSetting, TitleOfNetwork);
+        PairByText(Kind::kSetting, AccessPointOfNetwork);
+        PairByText(Kind::kSetting, NameOfNetwork);
+    }
+
+  private:
+    using Kinds = std::vector<Kind>;
+    using Texts = Matching::Texts;
+
+    Matching& Of(Kind kind) { return matchings_[Index(kind)]; }
+
+    static Texts TextsOf(const Side& side, Kind kind, MakeText make) {
+        Texts texts;
+        texts.reserve(side.content[kind].size());
+        for (const Item& item : side.content[kind]) {
+            texts.push_back(make(item, side));
+        }
+        return texts;
+    }
+
+    static std::vector<std::size_t> CountParts(const Side& side, Kind whole, const Kinds& parts) {
+        std::vector<std::size_t> counts(side.content[whole].size());
+        for (const Kind kind : parts) {
+            for (const Item& part : side.content[kind]) {
+                ++counts[static_cast<std::size_t>(part.owner)];
+            }
+        }
+        return counts;
+    }
+
+    void PairByText(Kind kind, MakeText make) {
+        Of(kind).PairByText(TextsOf(old_, kind, make), TextsOf(new_, kind, make));
+    }
+
+    // Pairs items that have parts in common, those with most of them first: when these are at least
+    // half of the old item's parts, or when the names are the same.
+    void PairByParts(Kind whole, const Kinds& parts) {
+        std::map<std::pair<int, int>, std::size_t> common;  // of an old and a new item
+        for (const Kind kind : parts) {
+            for (std::size_t i = 0; i < new_.content[kind].size(); ++i) {
+                const int old = Of(kind).OldOf(i);
+                if (old != kNoItem) {
+                    ++common[{old_.content[kind][old].owner, new_.content[kind][i].owner}];
                 }
             }
         }
-        return holdings;
-    };
-    matching.PairByHoldings(offers(old, [&](int i) { return settings.TokenOfOld(i); }), oldNames,
-                            offers(fresh, [&](int i) { return settings.TokenOfNew(i); }), newNames);
-    matching.PairByKey(NamesAndTexts(oldNames, Holdings(oldNames.size())),
-                       NamesAndTexts(newNames, Holdings(newNames.size())));  // without a name
-    return matching;
-}
+        const std::vector<std::size_t> counts = CountParts(old_, whole, parts);
+        std::vector<std::tuple<long, bool, int, int>> ranks;
+        for (const auto& [pair, count] : common) {
+            const auto& [old, fresh] = pair;
+            const bool renamed = old_.content[whole][old].name != new_.content[whole][fresh].name;
+            if (!renamed || 2 * count >= counts[static_cast<std::size_t>(old)]) {
+                ranks.emplace_back(-static_cast<long>(count), renamed, old, fresh);
+            }
+        }
+        std::sort(ranks.begin(), ranks.end());
+        for (const auto& [count, renamed, old, fresh] : ranks) {
+            Of(whole).Pair(old, fresh);
+        }
+    }
+
+    // Where one of the two networks has no keys, only the names are left to compare.
+    void PairNetworksWithoutKeys() {
+        const auto withoutKeys = [](const Side& side, Texts titles) {
+            const auto keys = CountParts(side, Kind::kNetwork, {Kind::kNumberKey, Kind::kNameKey});
+            for (std::size_t i = 0; i < titles.size(); ++i) {
+                titles[i] = keys[i] == 0 ? titles[i] : "";
+            }
+            return titles;
+        };
+        const Texts oldTitles = TextsOf(old_, Kind::kNetwork, Title);
+        const Texts newTitles = TextsOf(new_, Kind::kNetwork, Title);
+        Of(Kind::kNetwork).PairByText(withoutKeys(old_, oldTitles), newTitles);
+        Of(Kind::kNetwork).PairByText(oldTitles, withoutKeys(new_, newTitles));
+    }
+
+    const Side old_, new_;
+    std::vector<Matching>& matchings_;
+};
 
 }  // namespace
 
-Same::Same(const Content& old, const Content& fresh)
-    : manufacturers(MatchManufacturers(old, fresh)),
-      phones(MatchPhones(old, fresh, manufacturers)),
-      networks(MatchNetworks(old, fresh)),
-      settings(MatchSettings(old, fresh, networks)),
-      countries(MatchCountries(old, fresh, settings)) {}
+Same::Same(const Content& old, const Content& fresh) {
+    for (std::size_t i = 0; i < Index(Kind::kCount); ++i) {
+        const auto kind = static_cast<Kind>(i);
+        matchings_.emplace_back(old[kind].size(), fresh[kind].size());
+    }
+    Pairing(old, fresh, matchings_).PairAll();
+}
 
 }  // namespace tool

@@ -5,12 +5,16 @@
 
 namespace tool {
 
-// Which things of two catalogues are the same. Identifiers say nothing about it, because an import
-// may give all of them anew.
-struct Same {
+// Which items of two catalogues are the same. Only the identifiers of phones, and of countries that
+// are codes, count: an import may give all others anew.
+class Same {
+  public:
     Same(const Content& old, const Content& fresh);
 
-    Matching manufacturers, phones, networks, settings, countries;
+    const Matching& operator[](Kind kind) const { return matchings_[Index(kind)]; }
+
+  private:
+    std::vector<Matching> matchings_;  // by kind
 };
 
 }  // namespace tool
