@@ -4,22 +4,10 @@
 #include <algorithm>
 #include <iterator>
 
+#include "country_codes.h"
 #include "support/texts.h"
 
 namespace tool {
-namespace {
-
-// A mobile country code and its country.
-struct CountryCode {
-    int mcc;
-    const char* country;
-};
-
-constexpr CountryCode kCountryCodes[] = {
-#include "mcc.inc"
-};
-
-}  // namespace
 
 std::string CountryOfMcc(const std::string& digits) {
     const std::string code = digits.substr(0, 3);
