@@ -117,7 +117,8 @@ VELMOR_EXPORT void Velmor_DeInitialise(void);
  * without a session. */
 VELMOR_EXPORT long Velmor_GetVersionDatabase(long aHandle);
 
-/* Returns the version of the library and its interface, 150 for 1.50. Needs no session. */
+/* Returns the version of the library and its interface: 100 times the number before the point, plus
+ * the number after it. Needs no session. */
 VELMOR_EXPORT long Velmor_GetVersionLibrary(void);
 
 /* Returns the number of countries in the catalogue, 0 without a session. */

@@ -4,13 +4,7 @@
 
 using namespace vel;
 
-namespace {
-
-constexpr long kLibraryVersion = 150;
-
-}  // namespace
-
 long Velmor_GetVersionLibrary(void) {
-    return Framed("Velmor_GetVersionLibrary", kLibraryVersion,
-                  [](CallFrame&) -> long { return kLibraryVersion; });
+    return Framed("Velmor_GetVersionLibrary", VELMOR_VERSION,
+                  [](CallFrame&) -> long { return VELMOR_VERSION; });
 }

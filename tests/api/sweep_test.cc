@@ -72,7 +72,7 @@ const struct {
     STEP(-1, Velmor_GetNrDetectedDUNSettings(0, &a.number)),
     STEP(-1, Velmor_GetDetectedDUNSettingByIndex(0, 0, &a.setting)),
     STEP(-1, Velmor_GetDUNSetting(0, 10, 1, &a.setting)),
-    STEP(150, Velmor_GetVersionLibrary()),
+    STEP(VELMOR_VERSION, Velmor_GetVersionLibrary()),
     STEP(-1, Velmor_GetVersionDatabase(0)),
     STEP(0, Velmor_GetNrCountries(0)),
     STEP(-1, Velmor_GetCountryByIndex(0, 1, a.first, 16)),

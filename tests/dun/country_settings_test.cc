@@ -91,7 +91,8 @@ TEST_F(CountrySettings, TraceOfASession) {
     Velmor_GetCountryBasicDUNSettingByIndex(0, 2, 0, &setting);
     OnNetworkListnetworks();
     long id = Velmor_GetNrOfPhones(0);
-    Velmor_GetPhoneByIndex(Velmor_GetVersionLibrary(), 0, &id, name, sizeof name);
+    Velmor_GetVersionLibrary();
+    Velmor_GetPhoneByIndex(15, 0, &id, name, sizeof name);
     const auto address = reinterpret_cast<std::intptr_t>(name);
     EXPECT_NE(ReadFile(vel::kTraceLogPath).find(std::to_string(address)), std::string::npos);
     Velmor_DeInitialise();

@@ -61,7 +61,8 @@ long (*const kCalls[])(X& x) = {
     [](X& x) { return Trace(x.name == nullptr ? nullptr : x.text.c_str()), 0L; },
 };
 // The highest result that each may have. The lowest is -1.
-constexpr long kMost[] = {0, 0, 7, 150, 3, 0, 3, 0, 3, 0, 0, 0, 20, 0, 0, 0, 1, 0, 0, 0, 0};
+constexpr long kMost[] = {0, 0, 7, VELMOR_VERSION, 3, 0, 3, 0, 3, 0, 0, 0, 20, 0, 0, 0, 1, 0,
+                          0, 0, 0};
 
 // Writes the sample with no line hidden, the same with tracing, and the same without a table.
 bool WriteCatalogues() {

@@ -126,7 +126,7 @@ static void session(const char* from, int answers) {
     expect(answers, 0, -1, CALL(Velmor_GetDUNSetting)(0, 10, 1, &setting));
     expect(answers, 1, -1, setting.aBasicDUNSettingId);
     expect(answers, 'i', '\0', setting.APN[0]);
-    expect(answers, 150, 150, CALL(Velmor_GetVersionLibrary)());
+    expect(answers, VELMOR_VERSION, VELMOR_VERSION, CALL(Velmor_GetVersionLibrary)());
     expect(answers, 7, -1, CALL(Velmor_GetVersionDatabase)(0));
     expect(answers, 3, 0, CALL(Velmor_GetNrCountries)(0));
     expect(answers, 0, -1, CALL(Velmor_GetCountryByIndex)(0, 1, name, size));
