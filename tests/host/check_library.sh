@@ -37,6 +37,7 @@ echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack p
 
 # The compiler's own start. Where the C++ runtime is shared, what prepares the loading thread too. On
 # 64-bit Arm the linked-in runtime asks for the processor's atomic instructions.
+# shellcheck disable=SC2046 # two words
 set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
 constructors=$((0x$1 / 0x$2))
 if built sanitized; then

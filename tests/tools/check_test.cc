@@ -192,11 +192,12 @@ TEST(Check, AllowsWarningsOnly) {
 // Two parts of a catalogue give a whole one; the second has only the columns that a test needs.
 TEST(Check, FindsNothingInTheDataOfTheTree) {
     const std::string allowed = "E#ALLOWED-WARNINGS#";
-    const std::string phones = Replaced(ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                                            ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"),
-                                        allowed, allowed + "BasicDUNSettings:missing-column ");
-    for (const std::string& source : {kBegin + "\n" + phones + kEnd, SampleSource().text(),
-                                      ReadFile(VELMOR_DATA_DIR "/operators.source")}) {
+    std::string phones = kBegin;
+    phones += "\n" + ReadFile(VELMOR_DATA_DIR "/phones.source");
+    phones += ReadFile(VELMOR_TESTS_DIR "/detection/networks.source") + kEnd;
+    phones = Replaced(phones, allowed, allowed + "BasicDUNSettings:missing-column ");
+    for (const std::string& source :
+         {phones, SampleSource().text(), ReadFile(VELMOR_DATA_DIR "/operators.source")}) {
         EXPECT_EQ(Show(CheckCatalogue(source).findings), "");
     }
 }
