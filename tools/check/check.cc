@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <iterator>
 #include <sstream>
+#include <string_view>
 #include <tuple>
 
 #include "session/schema.h"
@@ -14,59 +15,23 @@ namespace {
 
 namespace schema = vel::schema;
 
-// The variable of GeneralVariables with the warnings that the keeper of the catalogue has looked at
-// and wants no more: TABLE:FINDING, separated by blanks. A new warning would not be noticed among
-// old ones. The library does not read it.
+// The variable of GeneralVariables with the warnings that are intended: TABLE:FINDING, separated by
+// blanks. Among intended warnings a new one is not noticed. The library does not read the variable.
 constexpr char kAllowedWarnings[] = "ALLOWED-WARNINGS";
 
-// All identifiers, in the order in which the findings of one line are shown: faults of the line
-// itself, of the structure, of the columns, and then of the values. So a cause precedes its
-// effects.
-constexpr const char* kOrder[] = {
-    "nul-byte",
-    "not-enciphered",
-    "mixed-forms",
-    "skipped-line",
-    "text-before-record",
-    "text-after-record",
-    "lone-separator",
-    "empty-record",
-    "stray-record",
-    "no-database",
-    "table-before-database",
-    "several-databases",
-    "cut-off-table",
-    "no-database-end",
-    "after-end",
-    "marker-in-table",
-    "unnamed-table",
-    "repeated-table",
-    "row-width",
-    "wrong-encoding",
-    "missing-table",
-    "missing-column",
-    "repeated-column",
-    "key-column",
-    "bad-identifier",
-    "repeated-key",
-    "dangling-key",
-    "unknown-phone",
-    "unused-network-type",
-    "unmatchable-key",
-    "long-network-key",
-    "empty-key",
-    "hidden-row",
-    "ambiguous-phone-row",
-    "unknown-placeholder",
-    "empty-placeholder",
-    "endless-value",
-    "long-value",
-    "many-retries",
-    "unused-allowance",
-};
+// All identifiers, in the order of the findings of a line: faults of the line itself, of the
+// structure, of the columns, and then of the values. So a cause precedes its effects.
+constexpr std::string_view kOrder =
+    " nul-byte not-enciphered mixed-forms skipped-line text-before-record text-after-record"
+    " lone-separator empty-record stray-record no-database table-before-database several-"
+    " databases cut-off-table no-database-end after-end marker-in-table unnamed-table"
+    " repeated-table row-width wrong-encoding missing-table missing-column repeated-column"
+    " key-column bad-identifier repeated-key dangling-key unknown-phone unused-network-type"
+    " unmatchable-key long-network-key empty-key hidden-row ambiguous-phone-row unknown-"
+    " placeholder empty-placeholder endless-value long-value many-retries unused-allowance ";
 
-const char* const* Rank(const Finding& finding) {
-    return std::find(std::begin(kOrder), std::end(kOrder), finding.id);
+std::size_t Rank(const Finding& finding) {
+    return kOrder.find(" " + finding.id + " ");
 }
 
 void SortByLine(Findings& findings) {

@@ -18,7 +18,7 @@ bool CanYield(const vel::Recipe& recipe, const std::string& key) {
 }
 
 // Whether a key of digits can be the number of an operator, which a phone may give instead of its
-// name (3GPP TS 27.007, AT+COPS): five or six digits, alone or after those of the IMSI.
+// name (3GPP TS 27.007, AT+COPS): five or six digits, alone or after the digits of the IMSI.
 bool CanHoldOperator(const std::string& key) {
     const std::size_t digits = key.size();
     return digits == 6 || digits == vel::kImsiDigits + 5 || digits == vel::kImsiDigits + 6;
@@ -36,7 +36,7 @@ class IdentificationCheck {
           recipe_(ReadRecipe(catalogue.Find(recipe))),
           findings_(findings) {}
 
-    // The library looks for the key inside the answer, so a short key hides longer ones after it.
+    // The library looks for the key inside the answer, so a short key hides longer keys after it.
     void CheckManufacturers() {
         const std::vector<const CatalogueRow*> rows = ReachableRows();
         for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -59,14 +59,14 @@ class IdentificationCheck {
             if (key.size() > vel::kImsiDigits && IsDigits(key) && !CanHoldOperator(key)) {
                 AddError(findings_, "long-network-key", table_.At(*row), "the key has ", key.size(),
                          " digits; the library looks up only the first five digits of a"
-                         " subscriber's number, and an operator that the phone gives as a number"
-                         " of five or six digits: use one of these");
+                         " subscriber's number, or the five or six digits of an operator's number:"
+                         " use such a key");
             }
         }
     }
 
   private:
-    // The rows whose key an answer can become. Adds a finding for each other row.
+    // The rows whose key an answer can become. Adds a finding for every other row.
     std::vector<const CatalogueRow*> ReachableRows() {
         std::vector<const CatalogueRow*> rows;
         if (response_ < 0) {
@@ -98,7 +98,7 @@ class IdentificationCheck {
             if (row->Cell(response_).empty()) {
                 AddWarning(findings_, "empty-key", table_.At(*row),
                            "an empty key; the library uses the row for a phone that gives no"
-                           " answer: remove the row unless you want this");
+                           " answer: remove the row, or allow this warning");
             }
         }
     }

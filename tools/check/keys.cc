@@ -63,23 +63,25 @@ void CheckRelation(const Catalogue& catalogue, const Relation& relation, Finding
     }
 }
 
-// The phone like which others are dialled must exist and have a way to dial.
+// The fallback phone must be in Phones and have a dial-up row.
 void CheckUnknownPhone(const Catalogue& catalogue, Findings& findings) {
     const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
-    const CatalogueTable& dialled = catalogue.Table(kBasicDUNForPhone);
+    const std::pair<const char*, const char*> needed[] = {{kPhones, kID},
+                                                          {kBasicDUNForPhone, kPhoneID}};
     for (const CatalogueRow& row : variables.rows) {
         const std::string id = row.Cell(variables.Column(kValue));
         if (row.Cell(variables.Column(kVariable)) != kUnknownPhone || id.empty()) {
             continue;
         }
-        const char* missing = ColumnTexts(catalogue.Table(kPhones), 0).count(id) == 0 ? kPhones
-                              : ColumnTexts(dialled, dialled.Column(kPhoneID)).count(id) == 0
-                                  ? kBasicDUNForPhone
-                                  : nullptr;
-        if (missing != nullptr) {
-            AddError(findings, "unknown-phone", variables.At(row), kUnknownPhone, " is ",
-                     InQuotes(id), ", which is not in ", missing,
-                     "; a phone that is not known cannot be dialled: correct it, or add the row");
+        for (const auto& [name, column] : needed) {
+            const CatalogueTable& table = catalogue.Table(name);
+            if (ColumnTexts(table, table.Column(column)).count(id) == 0) {
+                AddError(findings, "unknown-phone", variables.At(row), kUnknownPhone, " is ",
+                         InQuotes(id), ", which is not in ", name,
+                         "; an unknown phone cannot be dialled: correct the identifier, or add the"
+                         " row");
+                break;
+            }
         }
     }
 }

@@ -73,7 +73,7 @@ void CheckColumns(const CatalogueTable& table, const Names& columns, Severity mi
 void CheckKeyColumn(const CatalogueTable& table, Findings& findings) {
     if (table.Column(kID) > 0) {
         AddError(findings, "key-column", {table.name, table.line},
-                 "the column \"ID\" is not the first one; the library looks for identifiers in"
+                 "the column \"ID\" is not the first; the library looks for identifiers in"
                  " the first column: move \"ID\" there");
     }
 }
@@ -83,17 +83,17 @@ void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
         if (table.Column(table.columns[i]) < static_cast<int>(i)) {
             AddWarning(findings, "repeated-column", {table.name, table.line}, "a second column ",
                        InQuotes(table.columns[i]),
-                       "; the library reads only the first one: rename this column");
+                       "; the library reads only the first: rename this column");
         }
     }
 }
 
-// Hosts are told that the texts are UTF-8: the library itself copies bytes.
+// Hosts expect UTF-8. The library copies the bytes as they are.
 void CheckEncoding(const CatalogueTable& table, Findings& findings) {
     for (const CatalogueRow& row : table.rows) {
         if (!IsUtf8(row.text)) {
             AddWarning(findings, "wrong-encoding", table.At(row),
-                       "a text is not UTF-8, as which hosts show it: convert it");
+                       "a text is not UTF-8; hosts will show it garbled: convert it");
         }
     }
 }

@@ -17,7 +17,7 @@ using namespace vel::schema;
 constexpr int kManyRetries = 1000;
 const std::vector<const char*> kTemplates = {kDialString, kInitializationString};
 
-// The values of one column that replace a placeholder, in the DUN settings of one network type.
+// The values that replace a placeholder in the settings of a network type.
 struct Filling {
     int emptyCount = 0;
     int emptyLine = 0;  // of the first empty value
@@ -101,12 +101,12 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
         if (text.find(placeholder) != std::string::npos && filling.emptyCount > 0) {
             AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
                        " has no value in ", filling.emptyCount,
-                       " setting(s) of this network type; the library inserts nothing: fill the"
-                       " column ",
+                       " setting(s) of this network type; the library inserts nothing: fill"
+                       " in the column ",
                        name, ", first in line ", filling.emptyLine);
         }
     }
-    // A text that is too long by itself has its own finding.
+    // A text that is too long without values has another finding.
     if (text.size() < VELMOR_TEXT_SIZE && longest >= VELMOR_TEXT_SIZE) {
         AddWarning(findings, "long-value", place, column, " can have ", longest,
                    " bytes when values replace its placeholders; the library cuts it after 256"
@@ -114,8 +114,8 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
     }
 }
 
-// By network type and dial or initialisation string: its most bytes when values replace
-// placeholders.
+// By network type and dial or initialisation string: the longest text in bytes that replaced
+// placeholders can make.
 using Longest = std::map<std::pair<std::string, std::string>, std::size_t>;
 
 // The text with the values of a setting; throws std::bad_alloc where the library refuses it.
@@ -167,11 +167,10 @@ void CheckRetries(const Catalogue& catalogue, Findings& findings) {
         const std::string value = row.Cell(table.Column(kValue));
         if (row.Cell(table.Column(kVariable)) == kAtRetry &&
             vel::ReadNumber(value.c_str(), -1) > kManyRetries) {
-            AddWarning(
-                findings, "many-retries", table.At(row), kAtRetry, " is ", value,
-                "; the library repeats each failed read so often, and a silent phone can keep"
-                " it busy for minutes: use at most ",
-                kManyRetries);
+            AddWarning(findings, "many-retries", table.At(row), kAtRetry, " is ", value,
+                       "; the library repeats each failed read that often, and a silent phone can"
+                       " keep it busy for minutes: use at most ",
+                       kManyRetries);
         }
     }
 }
@@ -187,7 +186,7 @@ void CheckPhoneRows(const Catalogue& catalogue, const Longest& longest, Findings
         if (!isNew) {
             AddError(findings, "ambiguous-phone-row", table.At(row), "another row for phone ",
                      InQuotes(phone), " and network type ", InQuotes(type), " is in line ",
-                     first->second, "; the library uses none of them: keep only one");
+                     first->second, "; the library uses none of these rows: keep only one");
         }
         for (const char* column : kTemplates) {
             const std::string text = row.Cell(table.Column(column));
