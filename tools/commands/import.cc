@@ -10,6 +10,7 @@
 #include "import/android.h"
 #include "import/country_names.h"
 #include "import/identifiers.h"
+#include "import/print.h"
 #include "import/source.h"
 #include "session/schema.h"
 #include "support/error.h"
@@ -49,7 +50,7 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
             country.name = found->second;
             continue;
         }
-        ++report.countriesNotInIso;
+        ++report[ReportLine::kCountriesNotInIso];
         if (country.name.empty()) {
             country.name = country.code;
         }
@@ -71,7 +72,7 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
             served.insert(offer.point->country);
         }
     }
-    report.countriesWithoutAccess += providers.countries.size() - served.size();
+    report[ReportLine::kCountriesWithoutAccess] += providers.countries.size() - served.size();
 }
 
 int Import(const Options& options) {
@@ -90,10 +91,10 @@ int Import(const Options& options) {
         providers = ReadProviders(options.providers, report);
     }
     if (!options.previous.empty()) {
-        report.Show(ImportReport::Part::kPrevious);
+        report.parts.insert(ReportPart::kPrevious);
     }
     if (!options.android.empty()) {
-        report.Show(ImportReport::Part::kAndroid);
+        report.parts.insert(ReportPart::kAndroid);
         AddAndroidList(options.android, providers, report);
     }
     NameCountries(providers.countries, options.iso, report);
@@ -107,7 +108,7 @@ int Import(const Options& options) {
     GiveIdentifiers(previous ? &*previous : nullptr, options.phones, catalogue, report);
     output.Write(WriteSource(options.output, catalogue));
     output.Commit();
-    report.Print(std::cout);
+    PrintReport(report);
     return kExitOk;
 }
 

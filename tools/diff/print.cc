@@ -5,8 +5,8 @@
 #include <iostream>
 
 #include "session/schema.h"
-#include "support/utf8.h"
 #include "support/texts.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

@@ -87,10 +87,10 @@ class AndroidPlan {
         // By their access points: numbers that offer the same share networks.
         std::map<std::vector<AccessPoint>, std::size_t> known;
         for (auto& [number, points] : PointsOfNumbers()) {
-            ++report_.androidNumbers;
+            ++report_[ReportLine::kAndroidNumbers];
             const auto [entry, isNew] = known.emplace(points, providers_.operators.size());
             if (isNew) {
-                ++report_.androidOperators;
+                ++report_[ReportLine::kAndroidOperators];
                 Operator owner;
                 const std::string& carrier = points.front().displayName;
                 const std::string name = OperatorNameIn(carrier);
@@ -108,7 +108,7 @@ class AndroidPlan {
         for (const Country& country : providers_.countries) {
             countries_.erase(country.code);
         }
-        report_.androidCountries += countries_.size();
+        report_[ReportLine::kAndroidCountries] += countries_.size();
         for (const std::string& code : countries_) {
             providers_.countries.push_back({code, ""});
         }
@@ -120,33 +120,26 @@ class AndroidPlan {
         std::map<std::string, std::vector<AccessPoint>> result;
         std::map<std::string, std::set<AccessPoint>> known;
         for (const AndroidRow& row : rows_) {
-            if (!row.forInternet || !MayBeAdded(row)) {
+            if (!row.forInternet) {
                 continue;
             }
-            if (!known[row.number].insert(row.point).second) {
-                ++report_.androidRepeated;
-                continue;
+            const std::string first = FirstDigits(row.number);
+            const bool isNew = known[row.number].insert(row.point).second;
+            const ReportLine line =
+                report_.CountFirst({{ReportLine::kAndroidHeld, held_.count(first) > 0},
+                                    {ReportLine::kAndroidNoCountry, row.point.country.empty()},
+                                    {ReportLine::kAndroidOtherNumber,
+                                     first != row.number && numbers_.count(first) > 0},
+                                    {ReportLine::kAndroidRepeated, !isNew},
+                                    {ReportLine::kAndroidAdded, true}});
+            if (line == ReportLine::kAndroidAdded) {
+                report_[ReportLine::kAndroidAuthTypes] += row.authType ? 1 : 0;
+                report_[ReportLine::kAndroidProtocols] += row.protocol ? 1 : 0;
+                report_[ReportLine::kAndroidProxies] += row.proxy ? 1 : 0;
+                result[row.number].push_back(row.point);
             }
-            ++report_.androidAdded;
-            report_.androidAuthTypes += row.authType ? 1 : 0;
-            report_.androidProtocols += row.protocol ? 1 : 0;
-            report_.androidProxies += row.proxy ? 1 : 0;
-            result[row.number].push_back(row.point);
         }
         return result;
-    }
-
-    bool MayBeAdded(const AndroidRow& row) {
-        const std::string first = FirstDigits(row.number);
-        std::size_t* const rule = held_.count(first) > 0      ? &report_.androidHeld
-                                  : row.point.country.empty() ? &report_.androidNoCountry
-                                  : first != row.number && numbers_.count(first) > 0
-                                      ? &report_.androidOtherNumber
-                                      : nullptr;
-        if (rule != nullptr) {
-            ++*rule;
-        }
-        return rule == nullptr;
     }
 
     const std::vector<AndroidRow>& rows_;

@@ -70,7 +70,7 @@ class AndroidReader {
         XmlFile file(path, kRoot, kWhat);
         file.RequireUtf8();
         for (const pugi::xml_node& node : file.Root().children("apn")) {
-            ++report_.androidRows;
+            ++report_[ReportLine::kAndroidRows];
             AndroidRow row = ReadRow(node);
             const std::string fault = FindFault(node, row);
             if (fault.empty()) {
@@ -80,7 +80,7 @@ class AndroidReader {
                 }
                 rows_.push_back(std::move(row));
             } else {
-                ++report_.androidMalformed;
+                ++report_[ReportLine::kAndroidMalformed];
                 report_.remarks.push_back(
                     Concat(path, ":", file.Line(node), ": left out: ", fault));
             }
@@ -133,17 +133,16 @@ class AndroidReader {
         const std::string country = node.attribute("mcc").value();
         const std::string name = InSmallLetters(apn);
         const Types types = ReadTypes(node.attribute("type").value());
-        std::size_t* const rule =
-            country == "001" || country == "999"                 ? &report_.androidTest
-            : *node.attribute("mvno_type").value() != '\0'       ? &report_.androidVirtual
-            : Clean(node, "carrier_enabled") == "false"          ? &report_.androidDisabled
-            : types.any && !types.internet                       ? &report_.androidOtherUse
-            : types.mms && name.find("mms") != std::string::npos ? &report_.androidMms
-            : name.compare(0, 3, "wap") == 0 && *node.attribute("proxy").value() != '\0'
-                ? &report_.androidWap
-                : nullptr;
-        *(rule == nullptr ? &report_.androidForInternet : rule) += 1;
-        return rule == nullptr;
+        const ReportLine line = report_.CountFirst(
+            {{ReportLine::kAndroidTest, country == "001" || country == "999"},
+             {ReportLine::kAndroidVirtual, *node.attribute("mvno_type").value() != '\0'},
+             {ReportLine::kAndroidDisabled, Clean(node, "carrier_enabled") == "false"},
+             {ReportLine::kAndroidOtherUse, types.any && !types.internet},
+             {ReportLine::kAndroidMms, types.mms && name.find("mms") != std::string::npos},
+             {ReportLine::kAndroidWap,
+              name.compare(0, 3, "wap") == 0 && *node.attribute("proxy").value() != '\0'},
+             {ReportLine::kAndroidForInternet, true}});
+        return line == ReportLine::kAndroidForInternet;
     }
 
     ImportReport& report_;

@@ -122,16 +122,22 @@ class Renewal {
     }
 
     void CountKept(ImportReport& report) const {
-        const std::pair<Kind, ImportReport::Renewed&> counts[] = {
-            {Kind::kCountry, report.countriesRenewed},
-            {Kind::kNetwork, report.networksRenewed},
-            {Kind::kSetting, report.settingsRenewed},
-            {Kind::kPhone, report.phonesRenewed}};
-        for (const auto& [kind, count] : counts) {
+        constexpr struct {
+            Kind kind;
+            ReportLine kept, added, gone;
+        } kCounts[] = {{Kind::kCountry, ReportLine::kCountriesKept, ReportLine::kCountriesNew,
+                        ReportLine::kCountriesGone},
+                       {Kind::kNetwork, ReportLine::kNetworksKept, ReportLine::kNetworksNew,
+                        ReportLine::kNetworksGone},
+                       {Kind::kSetting, ReportLine::kSettingsKept, ReportLine::kSettingsNew,
+                        ReportLine::kSettingsGone},
+                       {Kind::kPhone, ReportLine::kPhonesKept, ReportLine::kPhonesNew,
+                        ReportLine::kPhonesGone}};
+        for (const auto& [kind, kept, added, gone] : kCounts) {
             for (std::size_t i = 0; i < new_[kind].size(); ++i) {
-                ++(same_[kind].OldOf(i) == kNoItem ? count.added : count.kept);
+                ++report[same_[kind].OldOf(i) == kNoItem ? added : kept];
             }
-            count.gone = old_[kind].size() - count.kept;
+            report[gone] = old_[kind].size() - report[kept];
         }
     }
 

@@ -54,7 +54,8 @@ class NetworkPlan {
                 }
             }
             if (ranks.empty() || onlyResellers) {
-                ++(ranks.empty() ? report_.numberKeysWithoutAccess : report_.numberKeysOfResellers);
+                ++(ranks.empty() ? report_[ReportLine::kNumberKeysWithoutAccess]
+                                 : report_[ReportLine::kNumberKeysOfResellers]);
                 continue;
             }
             std::sort(ranks.begin(), ranks.end());
@@ -63,8 +64,8 @@ class NetworkPlan {
             for (const auto& rank : ranks) {
                 owners.push_back(std::get<std::size_t>(rank));
             }
-            ++report_.numberKeys;
-            report_.numberKeysShared += owners.size() > 1 ? 1 : 0;
+            ++report_[ReportLine::kNumberKeys];
+            report_[ReportLine::kNumberKeysShared] += owners.size() > 1 ? 1 : 0;
             const std::size_t network = NetworkOf(owners);
             AddKey(key, network);
             AddNumbers(holders, network);
@@ -77,7 +78,7 @@ class NetworkPlan {
         for (const auto& [number, network] : networkOfNumber_) {
             const std::string key = MakeKey(recipe_, number);
             if (!key.empty() && texts_.count(key) == 0) {
-                ++report_.wholeNumberKeys;
+                ++report_[ReportLine::kWholeNumberKeys];
                 AddKey(key, network);
             }
         }
@@ -91,11 +92,11 @@ class NetworkPlan {
                 continue;
             }
             if (name.empty()) {
-                ++report_.namesEmpty;
+                ++report_[ReportLine::kNamesEmpty];
             } else if (bearers.networks.size() > 1 || bearers.others || texts_.count(name) > 0) {
-                ++report_.namesShared;
+                ++report_[ReportLine::kNamesShared];
             } else {
-                ++report_.nameKeys;
+                ++report_[ReportLine::kNameKeys];
                 AddKey(name, *bearers.networks.begin());
             }
         }
@@ -132,7 +133,7 @@ class NetworkPlan {
             }
         }
         keys.erase("");  // the recipe may remove digits
-        report_.numbers += numbers.size();
+        report_[ReportLine::kNetworkNumbers] += numbers.size();
         return keys;
     }
 
@@ -171,7 +172,7 @@ class NetworkPlan {
     std::size_t NetworkOf(const std::vector<std::size_t>& owners) {
         const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
         if (isNew) {
-            ++report_.networks;
+            ++report_[ReportLine::kNetworks];
             result_.networks.emplace_back();
             numbers_.emplace_back();
             owners_.push_back(&entry->first);
@@ -201,7 +202,8 @@ class NetworkPlan {
                 const std::set<std::string>& numbers = numbers_[i][owner];
                 for (const AccessPoint& point : operators_[owner].accessPoints) {
                     const auto [entry, isNew] = known.emplace(&point, network.offers.size());
-                    ++(isNew ? report_.settings : report_.settingsRepeated);
+                    ++(isNew ? report_[ReportLine::kSettings]
+                             : report_[ReportLine::kSettingsRepeated]);
                     if (isNew) {
                         network.offers.push_back({&point, {}});
                     }

@@ -21,15 +21,15 @@ class ProvidersReader {
         const std::string name = Name(node);
         const auto [known, isNew] = countries_.emplace(code, providers_.countries.size());
         if (isNew) {
-            ++report_.countries;
+            ++report_[ReportLine::kCountries];
             providers_.countries.push_back({code, name});
         } else {
-            ++report_.countriesRepeated;
+            ++report_[ReportLine::kCountriesRepeated];
             std::string& first = providers_.countries[known->second].name;
             first = first.empty() ? name : first;
         }
-        report_.emergencyNumbers += Count(node, "emergency-numbers");
-        report_.cellBroadcasts += Count(node, "cbs");
+        report_[ReportLine::kEmergencyNumbers] += Count(node, "emergency-numbers");
+        report_[ReportLine::kCellBroadcasts] += Count(node, "cbs");
         for (const pugi::xml_node& provider : node.children("provider")) {
             ReadOperator(provider, code);
         }
@@ -49,19 +49,19 @@ class ProvidersReader {
         result.primary = node.attribute("primary").as_bool();
         const pugi::xml_node gsm = node.child("gsm");
         result.reseller = !gsm.child("gid1").empty();
-        report_.operatorsResold += result.reseller ? 1 : 0;
+        report_[ReportLine::kOperatorsResold] += result.reseller ? 1 : 0;
         ReadNumbers(gsm, result);
         ReadAccessPoints(gsm, country, result);
         if (!gsm) {
-            ++report_.operatorsCdma;
+            ++report_[ReportLine::kOperatorsCdma];
         } else if (result.numbers.empty()) {
-            ++report_.operatorsWithoutNumber;
-            report_.accessOfLeftOut += result.accessPoints.size();
+            ++report_[ReportLine::kOperatorsWithoutNumber];
+            report_[ReportLine::kAccessOfLeftOut] += result.accessPoints.size();
         } else if (result.accessPoints.empty()) {
-            ++report_.operatorsWithoutAccess;
+            ++report_[ReportLine::kOperatorsWithoutAccess];
         } else {
-            ++report_.operators;
-            report_.accessPoints += result.accessPoints.size();
+            ++report_[ReportLine::kOperators];
+            report_[ReportLine::kAccessPoints] += result.accessPoints.size();
         }
         providers_.operators.push_back(std::move(result));
     }
@@ -74,7 +74,7 @@ class ProvidersReader {
                 IsDigits(country + network)) {
                 result.numbers.insert(country + network);
             } else {
-                ++report_.numbersMalformed;
+                ++report_[ReportLine::kNumbersMalformed];
                 report_.remarks.push_back(
                     Concat(result.name, ": malformed number ", country, " ", network));
             }
@@ -91,7 +91,7 @@ class ProvidersReader {
             if (known.insert(point).second) {
                 result.accessPoints.push_back(std::move(point));
             } else {
-                ++report_.accessRepeated;
+                ++report_[ReportLine::kAccessRepeated];
             }
         }
     }
@@ -104,14 +104,13 @@ class ProvidersReader {
         if (usage == "internet") {
             return true;
         }
-        if (usage.empty() || usage.find("internet") != std::string::npos) {
-            ++(usage.empty() ? report_.accessUnmarked : report_.accessCombined);
-            return true;
-        }
-        ++(usage == "mms"   ? report_.accessMms
-           : usage == "wap" ? report_.accessWap
-                            : report_.accessOther);
-        return false;
+        const ReportLine line = report_.CountFirst(
+            {{ReportLine::kAccessUnmarked, usage.empty()},
+             {ReportLine::kAccessCombined, usage.find("internet") != std::string::npos},
+             {ReportLine::kAccessMms, usage == "mms"},
+             {ReportLine::kAccessWap, usage == "wap"},
+             {ReportLine::kAccessOther, true}});
+        return line == ReportLine::kAccessUnmarked || line == ReportLine::kAccessCombined;
     }
 
     AccessPoint ReadAccessPoint(const pugi::xml_node& apn, const std::string& country,
@@ -124,12 +123,12 @@ class ProvidersReader {
         point.user = Clean(apn.child_value("username"));
         point.password = Clean(apn.child_value("password"));
         point.gateway = values_.Address(Clean(apn.child_value("gateway")));
-        report_.authentications += Count(apn, "authentication");
+        report_[ReportLine::kAuthentications] += Count(apn, "authentication");
         std::vector<std::string> servers;
         for (const pugi::xml_node& server : apn.children("dns")) {
             servers.push_back(Clean(server.child_value()));
         }
-        report_.nameServersBeyond += servers.size() > 2 ? servers.size() - 2 : 0;
+        report_[ReportLine::kNameServersBeyond] += servers.size() > 2 ? servers.size() - 2 : 0;
         servers.resize(2);
         point.dns1 = servers[0];
         point.dns2 = servers[1];

@@ -74,11 +74,11 @@ class CatalogueMaker {
         std::set<std::string> dialsImportedType = CopyPhoneRows();
         const CatalogueTable& phones = phones_.Get(schema::kPhones);
         const int id = phones_.Column(phones, schema::kID);
-        report_.phones += phones.rows.size();
+        report_[ReportLine::kPhones] += phones.rows.size();
         for (const CatalogueRow& phone : phones.rows) {
             if (dialsImportedType.insert(phone.Cell(id)).second) {
                 Add({phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
-                ++report_.phonesWithDefault;
+                ++report_[ReportLine::kPhonesWithDefault];
             }
         }
     }
@@ -142,7 +142,7 @@ class CatalogueMaker {
         std::set<std::pair<std::string, std::string>> known;
         for (const CatalogueRow& row : rows->rows) {
             if (!known.emplace(row.Cell(phone), row.Cell(type)).second) {
-                ++report_.phoneRowsRepeated;
+                ++report_[ReportLine::kPhoneRowsRepeated];
                 continue;
             }
             Add({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});

@@ -20,11 +20,11 @@ std::string ValueReader::Clean(const char* value) {
     const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
     const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
     if (end - begin < text.size()) {
-        ++report_.trimmed;
+        ++report_[ReportLine::kTrimmed];
         text = text.substr(begin, end - begin);
     }
     if (std::any_of(text.begin(), text.end(), IsControl)) {
-        ++report_.controlCharacters;
+        ++report_[ReportLine::kControlCharacters];
         std::replace_if(text.begin(), text.end(), IsControl, ' ');
     }
     return text;
@@ -35,7 +35,7 @@ std::string ValueReader::Address(const std::string& value) {
     if (value.empty() || inet_pton(AF_INET, value.c_str(), &address) == 1) {
         return value;
     }
-    ++report_.gatewaysNoAddress;
+    ++report_[ReportLine::kGatewaysNoAddress];
     return "";
 }
 
@@ -48,7 +48,7 @@ void ValueReader::CheckLengths(const AccessPoint& point, const std::string& oper
                                                                 {"name server", point.dns2}};
     for (const auto& [what, text] : texts) {
         if (text.size() >= VELMOR_TEXT_SIZE) {
-            ++report_.tooLong;
+            ++report_[ReportLine::kTooLong];
             report_.remarks.push_back(
                 Concat(operatorName, ": ", what, " of ", text.size(), " bytes"));
         }
