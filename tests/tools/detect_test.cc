@@ -160,7 +160,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kStranger, "velmor detect ../numbers --device $device", 1, "\nE#42#N1#"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,
-         "not known; dialled like Acme: X100; the answer is N1"},
+         "not known; dialled with the rows of Acme: X100; the answer is N1"},
         {kStranger, "velmor detect ../generic --device $device --json", 0,
          "\"dialled_as\": {\n    \"id\": 20,\n    \"name\": \"Brontel: Swift 5\"\n  }"},
         {kStranger, "velmor detect ../generic --device $device --format wvdial", 0,

@@ -4,6 +4,8 @@
 
 #include <random>
 
+#include "phone/profile_writer.h"
+#include "phone/redaction.h"
 #include "support/error.h"
 #include "tests/support/scripted_phone.h"
 #include "tests/support/shell.h"
@@ -179,27 +181,27 @@ TEST(ProfileWriter, KeepsEveryByte) {
         "<",  " ",  "\\",   "\"", "\xC3",  "A",      "*",      "\r\nOK\r\n", std::string(1, '\0')};
     std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same every time
     for (int round = 0; round < 3000; ++round) {
-        std::vector<Turn> turns;
+        std::vector<Exchange> exchanges;
         for (auto count = random() % 4 + 1; count > 0; --count) {
-            Turn turn{random() % 2 == 0 ? "AT+X\r" : "AT+Y\r", ""};
-            turn.answer = round % 2 == 0 ? turn.command + "\r\n" : "";
+            Exchange exchange{random() % 2 == 0 ? "AT+X\r" : "AT+Y\r", ""};
+            exchange.answer = round % 2 == 0 ? exchange.command + "\r\n" : "";
             for (auto length = random() % 6; length > 0; --length) {
-                turn.answer += pieces[random() % std::size(pieces)];
+                exchange.answer += pieces[random() % std::size(pieces)];
             }
-            turns.push_back(turn);
+            exchanges.push_back(exchange);
         }
-        const std::string profile = WriteProfile(turns, "");
+        const std::string profile = WriteProfile(exchanges, "");
         ScriptedPhone::Play(profile);
         ScriptedPhone::phone->Receive("ATE1\r");
         for (char byte = 0; ScriptedPhone::Read(&byte, 1, 0) == 1;) {
         }
-        for (const Turn& turn : turns) {
-            ScriptedPhone::phone->Receive(turn.command);
+        for (const Exchange& exchange : exchanges) {
+            ScriptedPhone::phone->Receive(exchange.command);
             std::string said;
             for (char byte = 0; ScriptedPhone::Read(&byte, 1, 0) == 1;) {
                 said += byte;
             }
-            ASSERT_EQ(said, turn.answer) << profile;
+            ASSERT_EQ(said, exchange.answer) << profile;
         }
     }
 }

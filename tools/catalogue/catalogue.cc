@@ -178,6 +178,15 @@ int CatalogueTable::Column(const std::string& column) const {
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
+std::string CatalogueTable::LookUp(const std::string& column, const std::string& value,
+                                   const std::string& wanted) const {
+    const int index = Column(column);
+    const auto row = std::find_if(rows.begin(), rows.end(), [&](const CatalogueRow& candidate) {
+        return index >= 0 && candidate.Cell(index) == value;
+    });
+    return row == rows.end() ? "" : row->Cell(Column(wanted));
+}
+
 const CatalogueTable* Catalogue::Find(const std::string& table) const {
     const auto found =
         std::find_if(tables.begin(), tables.end(),

@@ -24,6 +24,10 @@ struct CatalogueTable {
 
     // Index of the first column of that name, or -1.
     int Column(const std::string& column) const;
+    // The cell in the column `wanted` of the first row whose other column holds the value; empty
+    // when there is no such row.
+    std::string LookUp(const std::string& column, const std::string& value,
+                       const std::string& wanted) const;
     // The place of a finding about a row.
     Place At(const CatalogueRow& row) const { return {name, row.line}; }
 };

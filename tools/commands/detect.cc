@@ -13,6 +13,7 @@
 #include "host/private_copy.h"
 #include "phone/player.h"
 #include "phone/profile_writer.h"
+#include "support/utf8.h"
 #include "support/error.h"
 #include "support/interruption.h"
 #include "support/output_file.h"
@@ -38,7 +39,8 @@ struct Options {
 };
 
 void WriteForDialer(const Detection& found, const DialerLink& link, const Options& options) {
-    const Detection::Setting* setting = found.Find(options.setting);
+    const Detection::Setting* setting =
+        options.setting == 0 ? found.FirstReady() : found.FindSetting(options.setting);
     if (setting == nullptr) {
         throw ToolError(options.setting == 0
                             ? "no setting is ready to dial; --format text says why"
@@ -52,14 +54,10 @@ void WriteForDialer(const Detection& found, const DialerLink& link, const Option
 }
 
 // The questions of the library, and those about the SIM card: the last ones.
-std::string RecordingOf(const std::vector<Exchange>& exchanges, const SimCard& card, bool gone) {
-    std::vector<Turn> turns;
-    for (const std::vector<Exchange>* part : {&exchanges, &card.questions}) {
-        for (const Exchange& exchange : *part) {
-            turns.push_back({exchange.command, exchange.answer});
-        }
-    }
-    return WriteProfile(turns, "velmor detect --record", gone);
+std::string RecordingOf(const Detection& found, bool gone) {
+    std::vector<Exchange> exchanges = found.dialogue;
+    exchanges.insert(exchanges.end(), found.card.questions.begin(), found.card.questions.end());
+    return WriteProfile(exchanges, "velmor detect --record", gone);
 }
 
 // Takes the device that answers. Returns whether there is one.
@@ -92,6 +90,8 @@ int RunDetect(const Options& options) {
         link.device = phone.emplace(options.profile).device();
     }
     const PrivateSession session(options.catalogue, Dialogue::Read, Dialogue::Send);
+    Findings ignored;
+    const Catalogue catalogue = ReadCatalogue(session.bytes(), ignored);
     if (options.like != 0 && PhoneDescription(options.like).empty()) {
         throw ToolError("--like ", options.like, ": ", options.catalogue, " has no such phone");
     }
@@ -106,27 +106,32 @@ int RunDetect(const Options& options) {
     Detection found;
     {  // the device gets its parameters back before anything is printed
         SerialLine line(link.device, link.baud);
-        Dialogue dialogue(line, options.timeout, !options.verbose && isatty(STDERR_FILENO) == 0);
+        Dialogue dialogue(line, catalogue, options.timeout,
+                          !options.verbose && isatty(STDERR_FILENO) == 0);
         if (options.probe == 0 || dialogue.Probe(options.probe)) {
-            found = Detect(dialogue, {options.catalogue, options.like, pin ? &*pin : nullptr});
+            found = Detect(dialogue, {catalogue, options.like, pin ? &*pin : nullptr});
         }
-        if (Interruption::Signal() != 0) {
+        if (!found.pinProblem.empty()) {
+            std::cerr << "velmor: " << Visible(found.pinProblem) << "\n";
+        }
+        const DialogueState state = dialogue.State();
+        if (state == DialogueState::kInterrupted) {
             std::cerr << "velmor: interrupted\n";
             return 128 + Interruption::Signal();  // as shells report a signal
         }
         if (record) {
-            record->Write(RecordingOf(dialogue.exchanges(), found.card, line.Gone()));
+            record->Write(RecordingOf(found, line.IsGone()));
             record->Commit();
         }
-        if (line.Gone()) {
+        if (state == DialogueState::kDeviceGone) {
             throw ToolError(link.device, ": the device is gone");
         }
-        if (dialogue.WasAbandoned()) {
+        if (state == DialogueState::kAbandoned) {
             throw ToolError(options.catalogue,
                             ": the library repeats failed reads too often; velmor check tells why");
         }
     }
-    found.Keep(options.choice);
+    found.SelectSettings(options.choice);
     if (options.format.name == "text") {
         PrintDetection(found);
     } else if (options.format.name == "json") {

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "commands/command.h"
+#include "phone/profile_writer.h"
 #include "support/error.h"
 #include "support/input_file.h"
 #include "support/output_file.h"
@@ -56,11 +57,11 @@ bool Warn(const TraceLog& log, const Options& options) {
 }
 
 std::string ProfileOf(const TraceCall& detection, const Options& options) try {
-    const std::vector<Turn> turns = DialogueOf(detection);
-    if (turns.empty()) {
+    const std::vector<Exchange> exchanges = DialogueOf(detection);
+    if (exchanges.empty()) {
         throw std::runtime_error("the detection has no answers; --detection chooses another one");
     }
-    return WriteProfile(turns, "velmor trace");
+    return WriteProfile(exchanges, "velmor trace");
 } catch (const std::runtime_error& error) {
     throw ToolError(options.log, ": ", error.what());
 }

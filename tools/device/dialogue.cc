@@ -5,8 +5,6 @@
 
 #include "foundation/number.h"
 #include "session/schema.h"
-#include "session/session.h"
-#include "session/setting.h"
 #include "support/interruption.h"
 
 namespace tool {
@@ -39,12 +37,12 @@ double WaitOf(long timeout) {
     return (timeout < 0 ? kDefaultWait : static_cast<double>(timeout)) / 1000;
 }
 
-// How long the library of this session waits for a byte.
-double Patience() {
-    const Velmor::Table variables = Velmor::getVelmor()->FetchTable(vel::schema::kGeneralVariables);
-    const vel::Setting setting(variables.get());
-    const auto number = [&](const char* name) {
-        return vel::ReadNumber(setting.get_Setting(name).c_str(), -1);
+// How long the library waits for a byte with this catalogue.
+double PatienceOf(const Catalogue& catalogue) {
+    const auto number = [&](const char* variable) {
+        using namespace vel::schema;
+        const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
+        return vel::ReadNumber(variables.LookUp(kVariable, variable, kValue).c_str(), -1);
     };
     return (1.0 + std::max(number(vel::schema::kAtRetry), 0)) *
            WaitOf(number(vel::schema::kAtTimeOut));
@@ -69,8 +67,9 @@ bool IsFinal(const std::string& answer) {
 
 }  // namespace
 
-Dialogue::Dialogue(SerialLine& line, double secondsPerCommand, bool silent)
-    : line_(line), limit_(secondsPerCommand), patience_(Patience()), log_(silent) {
+Dialogue::Dialogue(SerialLine& line, const Catalogue& catalogue, double secondsPerCommand,
+                   bool silent)
+    : line_(line), limit_(secondsPerCommand), patience_(PatienceOf(catalogue)), log_(silent) {
     current = this;
 }
 
@@ -78,8 +77,14 @@ Dialogue::~Dialogue() {
     current = nullptr;
 }
 
-bool Dialogue::IsOver() const {
-    return Interruption::Signal() != 0 || line_.Gone();
+DialogueState Dialogue::State() const {
+    if (Interruption::Signal() != 0) {
+        return DialogueState::kInterrupted;
+    }
+    if (line_.IsGone()) {
+        return DialogueState::kDeviceGone;
+    }
+    return abandoned_ ? DialogueState::kAbandoned : DialogueState::kOpen;
 }
 
 bool Dialogue::Write(const std::string& command) {
@@ -88,7 +93,7 @@ bool Dialogue::Write(const std::string& command) {
 
 bool Dialogue::Await(char& byte, double seconds, double total) {
     const double start = log_.Seconds();
-    for (double passed = 0; !IsOver(); passed = log_.Seconds() - start) {
+    for (double passed = 0; IsOpen(); passed = log_.Seconds() - start) {
         const double left = seconds - passed;
         if (line_.Read(byte, static_cast<int>(std::clamp(left, 0.0, kStep) * 1000))) {
             return true;
@@ -112,7 +117,7 @@ bool Dialogue::Listen(double seconds, double total) {
 
 void Dialogue::Pause(double seconds) {
     const double end = log_.Seconds() + seconds;
-    while (log_.Seconds() < end && !IsOver()) {
+    while (log_.Seconds() < end && IsOpen()) {
         Listen(end - log_.Seconds(), 0);
     }
     log_.EndAnswer();
@@ -142,7 +147,7 @@ std::string Dialogue::Ask(const std::string& command, double seconds, const char
 bool Dialogue::Probe(double seconds) {
     const std::string command = "AT\r";
     bool answered = false;
-    for (int i = 0; i < kProbes && !answered && !IsOver(); ++i) {
+    for (int i = 0; i < kProbes && !answered && IsOpen(); ++i) {
         log_.Command(command);
         Write(command);
         // A line can send back the echo although nothing takes commands.
@@ -178,7 +183,7 @@ bool Dialogue::ReadByte(char& byte, long timeout) {
     Exchange& exchange = exchanges_.back();
     const double now = log_.Seconds();
     const double left = exchange.sent + limit_ - now;
-    if (left <= 0 || exchange.answer.size() >= kMostBytes || IsOver()) {
+    if (left <= 0 || exchange.answer.size() >= kMostBytes || !IsOpen()) {
         overSince_ = overSince_ < 0 ? now : overSince_;
         abandoned_ = Interruption::Signal() != 0 || now - overSince_ > kPatience;
         if (abandoned_) {
@@ -197,7 +202,7 @@ bool Dialogue::ReadByte(char& byte, long timeout) {
 }
 
 bool Dialogue::SendCommand(const std::string& command) {
-    if (IsOver()) {
+    if (!IsOpen()) {
         return false;
     }
     overSince_ = -1;

@@ -3,17 +3,19 @@
 
 #include <vector>
 
+#include "catalogue/catalogue.h"
 #include "device/dialogue_log.h"
+#include "device/exchange.h"
 #include "device/serial_line.h"
 
 namespace tool {
 
-// A command of the library and the bytes of the phone's answer.
-struct Exchange {
-    std::string command;
-    std::string answer;
-    double sent = 0;      // in seconds since the start
-    double answered = 0;  // when the last byte came
+// Why a dialogue has ended.
+enum class DialogueState {
+    kOpen,         // it has not
+    kInterrupted,  // a signal came
+    kDeviceGone,
+    kAbandoned,  // the library went on with a command that was over
 };
 
 // The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. Only one may
@@ -21,8 +23,8 @@ struct Exchange {
 // command, whatever the phone sends and the catalogue says.
 class Dialogue {
   public:
-    // The line must outlive the dialogue.
-    Dialogue(SerialLine& line, double secondsPerCommand, bool silent);
+    // The line must outlive the dialogue. The catalogue says how long the library waits for a byte.
+    Dialogue(SerialLine& line, const Catalogue& catalogue, double secondsPerCommand, bool silent);
     ~Dialogue();
     Dialogue(const Dialogue&) = delete;
     Dialogue& operator=(const Dialogue&) = delete;
@@ -41,17 +43,15 @@ class Dialogue {
     // the exchanges.
     std::string Ask(const std::string& command, double seconds, const char* shown = nullptr);
 
-    // Reads what arrives in these seconds, of no use for anything.
+    // Reads and discards what arrives in these seconds.
     void Pause(double seconds);
     double Seconds() const { return log_.Seconds(); }
-    // Whether the detection has to end: a signal came, or the device is gone.
-    bool IsOver() const;
+    DialogueState State() const;
+    bool IsOpen() const { return State() == DialogueState::kOpen; }
 
     // Shows the rest of the last answer.
     void End() { log_.EndAnswer(); }
     const std::vector<Exchange>& exchanges() const { return exchanges_; }
-    // Whether the detection was ended because the library went on with a command that was over.
-    bool WasAbandoned() const { return abandoned_; }
 
   private:
     bool ReadByte(char& byte, long timeout);

@@ -48,7 +48,7 @@ PortState AskAt(SerialLine& line) {
         const Clock::time_point end = start + std::chrono::milliseconds(question * kWait);
         line.Write(std::string(kQuestion) + "\r", kWait);
         std::string answer;
-        while (Clock::now() < end && !line.Gone() && Interruption::Signal() == 0) {
+        while (Clock::now() < end && !line.IsGone() && Interruption::Signal() == 0) {
             const auto left =
                 std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
             char byte = 0;
@@ -82,8 +82,8 @@ std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& se
     try {
         SerialLine line(port.device, search.baud);
         const PortState state = AskAt(line);
-        return line.Gone() ? std::pair(PortState::kUnusable, std::string("the device is gone"))
-                           : std::pair(state, std::string());
+        return line.IsGone() ? std::pair(PortState::kUnusable, std::string("the device is gone"))
+                             : std::pair(state, std::string());
     } catch (const DeviceInUse& error) {  // by a process that this user does not see
         return {PortState::kBusy, reason(error)};
     } catch (const ToolError& error) {

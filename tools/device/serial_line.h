@@ -30,7 +30,7 @@ class SerialLine {
     // Discards what was received, then writes. Returns the bytes written within `milliseconds`.
     std::size_t Write(const std::string& bytes, int milliseconds);
     // Whether the device has vanished or its other end has hung up. Reads and writes then fail.
-    bool Gone() const { return gone_; }
+    bool IsGone() const { return gone_; }
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -1,4 +1,13 @@
 // SPDX-License-Identifier: MIT
+// The lines that make a catalogue know a phone and a network.
+//
+// The library takes the first manufacturer whose pattern occurs in a key, then the phone whose
+// manufacturer and key are equal to those found. So an unknown model needs a row of its own even
+// where its manufacturer is known, and a new pattern must stand before a shorter one that it
+// contains. A row without a key catches phones that name no model; it belongs to a manufacturer of
+// its own, or it would catch all models of a known manufacturer.
+//
+// Hosts remember identifiers. A new row gets a number above all that the catalogue ever used.
 #include "diagnosis/advice.h"
 
 #include <algorithm>
@@ -8,101 +17,56 @@
 #include "catalogue/identifiers.h"
 #include "catalogue/mcc.h"
 #include "catalogue/source_writer.h"
-#include "database/rows.h"
 #include "session/schema.h"
-#include "session/session.h"
-#include "session/setting.h"
 #include "storage/catalogue_format.h"
-#include "support/input_file.h"
-#include "support/texts.h"
 
 namespace tool {
 
-namespace schema = vel::schema;
+using namespace vel::schema;
 
 namespace {
 
-// A table of the session; none when the catalogue lacks it.
-Velmor::Table Table(const char* name) {
-    return Velmor::getVelmor()->FetchTable(name);
-}
-
-std::vector<vel::RowView> RowList(const char* table) {
-    std::vector<vel::RowView> list;
-    const Velmor::Table rows = Table(table);
-    const int count = vel::CountOf(rows);
-    list.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        list.push_back(vel::RowAt(rows, i));
-    }
-    return list;
-}
-
-std::string Cell(const vel::RowView& row, const char* column) {
-    return FromLibrary(row.Text(column));
-}
-
-// A number that is not yet an identifier in the table, and never was one as far as the catalogue
-// remembers: it is above all others, if a higher one exists.
-std::string FreeId(const char* table) {
-    std::set<std::string> taken;
-    std::int64_t highest = 0;
-    for (const auto& row : RowList(table)) {
-        taken.insert(Cell(row, schema::kID));
-        highest = std::max(highest, IdentifierNumber(Cell(row, schema::kID)));
-    }
-    if (const char* variable = HighestVariable(table)) {
-        const Velmor::Table variables = Table(schema::kGeneralVariables);
-        const vel::String value = vel::Setting(variables.get()).get_Setting(variable);
-        highest = std::max(highest, IdentifierNumber(FromLibrary(value)));
-    }
-    std::int64_t id = highest < kHighestIdentifier ? highest + 1 : 1;
-    while (taken.count(std::to_string(id)) != 0) {
-        ++id;
-    }
-    return std::to_string(id);
-}
-
-// A readable name from an answer such as `+CGMM: "X100"`, `Manufacturer: Acme` or
+// A readable name from a response such as `+CGMM: "X100"`, `Manufacturer: Acme` or
 // `"GSM900","GSM1800","MODEL=X100"`.
-std::string NameFrom(std::string answer) {
+std::string NameFrom(std::string response) {
     const std::string label = "MODEL=";
-    const std::size_t model = answer.find(label);
-    const std::size_t colon = answer.find(": ");
+    const std::size_t model = response.find(label);
+    const std::size_t colon = response.find(": ");
     if (model != std::string::npos) {
-        answer.erase(0, model + label.size());
-        answer.erase(std::min(answer.find_first_of("\","), answer.size()));
+        response.erase(0, model + label.size());
+        response.erase(std::min(response.find_first_of("\","), response.size()));
     } else if (colon != std::string::npos &&
-               (answer[0] == '+' || answer.compare(0, colon, "Manufacturer") == 0)) {
-        answer.erase(0, colon + 2);
+               (response[0] == '+' || response.compare(0, colon, "Manufacturer") == 0)) {
+        response.erase(0, colon + 2);
     }
-    answer.erase(std::remove(answer.begin(), answer.end(), '"'), answer.end());
-    return answer;
+    response.erase(std::remove(response.begin(), response.end(), '"'), response.end());
+    return response;
 }
 
 // Collects the advised lines.
 class Adviser {
   public:
-    Adviser(const Velmor& session, const Identification& found, const std::string& catalogue)
-        : session_(session), found_(found), catalogue_(catalogue) {}
+    Adviser(const Identification& found, const Catalogue& catalogue)
+        : found_(found), catalogue_(catalogue) {}
 
     std::vector<AdvisedLine> Lines() {
-        std::string phoneId = FromLibrary(session_.detectedPhoneId);
+        std::string phoneId = found_.phoneId;
         if (found_.phone.IsUsable() && (phoneId.empty() || IsModelHidden())) {
-            phoneId = AddPhone();
+            phoneId = AddPhoneWithModel();
         } else if (phoneId.empty() && found_.manufacturer.IsUsable()) {
             phoneId = AddPhoneWithoutModel();
         }
-        std::string networkId = FromLibrary(session_.detectedNetworkId);
+        std::string networkId = found_.networkId;
         if (networkId.empty() && found_.network.IsUsable()) {
             networkId = AddNetwork();
         }
-        if (!networkId.empty() && vel::CountOf(session_.detectedSettings) == 0) {
-            Add(schema::kBasicDUNSettings, {{schema::kID, FreeId(schema::kBasicDUNSettings)},
-                                            {schema::kNetworkID, networkId},
-                                            {schema::kName, NetworkName()},
-                                            {schema::kAPN, kAdvisedApn},
-                                            {schema::kCountryID, Country()}});
+        const std::vector<std::string> owners = Cells(kBasicDUNSettings, kNetworkID);
+        if (!networkId.empty() && std::count(owners.begin(), owners.end(), networkId) == 0) {
+            Add(kBasicDUNSettings, {{kID, FreeId(kBasicDUNSettings)},
+                                    {kNetworkID, networkId},
+                                    {kName, NetworkName()},
+                                    {kAPN, kAdvisedApn},
+                                    {kCountryID, Country()}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);
@@ -114,32 +78,68 @@ class Adviser {
     }
 
   private:
+    std::vector<std::string> Cells(const char* name, const char* column) const {
+        const CatalogueTable& table = catalogue_.Table(name);
+        std::vector<std::string> cells;
+        for (const CatalogueRow& row : table.rows) {
+            cells.push_back(row.Cell(table.Column(column)));
+        }
+        return cells;
+    }
+
+    // The cell of the table's first row; empty when there is none.
+    std::string First(const char* table, const char* column) const {
+        const std::vector<std::string> cells = Cells(table, column);
+        return cells.empty() ? "" : cells[0];
+    }
+
+    // A number that is not an identifier in the table. It is above all others that the catalogue
+    // has or remembers, if there is a higher one.
+    std::string FreeId(const char* table) const {
+        const std::vector<std::string> taken = Cells(table, kID);
+        std::int64_t highest = 0;
+        for (const std::string& id : taken) {
+            highest = std::max(highest, IdentifierNumber(id));
+        }
+        if (const char* variable = HighestVariable(table)) {
+            const CatalogueTable& variables = catalogue_.Table(kGeneralVariables);
+            highest =
+                std::max(highest, IdentifierNumber(variables.LookUp(kVariable, variable, kValue)));
+        }
+        std::int64_t id = highest < kHighestIdentifier ? highest + 1 : 1;
+        while (std::count(taken.begin(), taken.end(), std::to_string(id)) != 0) {
+            ++id;
+        }
+        return std::to_string(id);
+    }
+
     // Adds a row with these values, in the order of the table's columns.
     void Add(const char* name, const Values& values, const std::string& before = "") {
-        const Velmor::Table table = Table(name);
+        const CatalogueTable* table = catalogue_.Find(name);
         std::vector<std::string> columns;
-        if (table) {
-            columns = ColumnNames(*table);
+        if (table != nullptr) {
+            columns = table->columns;
         } else {
             for (const auto& value : values) {
                 columns.push_back(value.first);
             }
         }
         const std::string row = SourceLine(InColumns(columns, values));
-        if (!table && begun_.insert(name).second) {
+        if (table == nullptr && begun_.insert(name).second) {
             columns.insert(columns.begin(), {vel::kTableBegin, name});
             lines_.push_back({name, SourceLine(columns), ""});
         }
         lines_.push_back({name, row, before});
     }
 
-    // Whether the phone was found by a row without an answer, although it named a model that has no
+    // Whether the phone was found by a row without a key, although it named a model that has no
     // row: after a model that is not known, a command without an answer finds that row.
     bool IsModelHidden() const {
+        const CatalogueTable& table = catalogue_.Table(kPhoneIdentification);
         bool hidden = false;
-        for (const auto& row : RowList(schema::kPhoneIdentification)) {
-            if (Cell(row, schema::kManufacturerID) == found_.manufacturerId) {
-                const std::string key = Cell(row, schema::kPhoneResponse);
+        for (const CatalogueRow& row : table.rows) {
+            if (row.Cell(table.Column(kManufacturerID)) == found_.manufacturerId) {
+                const std::string key = row.Cell(table.Column(kPhoneResponse));
                 if (key == found_.phone.key) {
                     return false;
                 }
@@ -149,70 +149,66 @@ class Adviser {
         return hidden;
     }
 
-    std::string AddPhone() {
-        std::string phoneId = FreeId(schema::kPhones);
-        std::string manufacturerId = found_.manufacturerId;
-        if (manufacturerId.empty()) {
-            manufacturerId = FreeId(schema::kManufacturers);
-            const bool named = found_.manufacturer.IsUsable();
-            Add(schema::kManufacturers,
-                {{schema::kID, manufacturerId},
-                 {schema::kName, named ? NameFrom(found_.manufacturer.answer) : "Unknown"}});
-            if (named) {
-                Add(schema::kManufacturerIdentification,
-                    {{schema::kManufacturerResponse, found_.manufacturer.key},
-                     {schema::kManufacturerID, manufacturerId}});
-            }
+    std::string AddManufacturer(const std::string& name, const std::string& pattern,
+                                const std::string& before = "") {
+        std::string id = FreeId(kManufacturers);
+        Add(kManufacturers, {{kID, id}, {kName, name}});
+        if (!pattern.empty()) {
+            Add(kManufacturerIdentification,
+                {{kManufacturerResponse, pattern}, {kManufacturerID, id}}, before);
         }
-        Add(schema::kPhones, {{schema::kID, phoneId},
-                              {schema::kName, NameFrom(found_.phone.answer)},
-                              {schema::kManufacturerID, manufacturerId}});
-        const bool identified = found_.manufacturer.IsUsable() || !found_.manufacturerId.empty();
-        Add(schema::kPhoneIdentification,
-            {{schema::kManufacturerID, identified ? manufacturerId : ""},
-             {schema::kPhoneResponse, found_.phone.key},
-             {schema::kPhoneID, phoneId}});
-        return phoneId;
+        return id;
     }
 
-    // A row without an answer finds a phone that named only its maker. It belongs to a manufacturer
-    // of its own where the line says more than the pattern that it matched: a model, or a label.
-    // There the whole line is a pattern and has to come first.
+    // `searched`: the manufacturer whose phones the library searches for the key.
+    std::string AddPhone(const std::string& name, const std::string& manufacturer,
+                         const std::string& searched, const std::string& key) {
+        std::string id = FreeId(kPhones);
+        Add(kPhones, {{kID, id}, {kName, name}, {kManufacturerID, manufacturer}});
+        Add(kPhoneIdentification,
+            {{kManufacturerID, searched}, {kPhoneResponse, key}, {kPhoneID, id}});
+        return id;
+    }
+
+    std::string AddPhoneWithModel() {
+        std::string manufacturer = found_.manufacturerId;
+        std::string searched = manufacturer;
+        if (manufacturer.empty()) {
+            const bool named = found_.manufacturer.IsUsable();
+            manufacturer = AddManufacturer(named ? NameFrom(found_.manufacturer.text) : "Unknown",
+                                           found_.manufacturer.key);
+            searched = named ? manufacturer : "";
+        }
+        return AddPhone(NameFrom(found_.phone.text), manufacturer, searched, found_.phone.key);
+    }
+
+    // The phone named only its manufacturer. Where that line says more than the pattern that
+    // matched it, as a model or a label, the whole line becomes the pattern of a new manufacturer.
     std::string AddPhoneWithoutModel() {
         const std::string& key = found_.manufacturer.key;
-        const std::string name = NameFrom(found_.manufacturer.answer);
+        const std::string name = NameFrom(found_.manufacturer.text);
         const std::size_t digit = name.find_first_of("0123456789");
         const std::size_t blank = name.rfind(' ', digit);
         const bool hasModel = digit != std::string::npos && blank != std::string::npos;
         const auto [pattern, line] = MatchedPattern();
-        std::string maker = found_.manufacturerId;
-        std::string phoneMaker = maker;
-        if (maker.empty() || (key != pattern && (hasModel || name != found_.manufacturer.answer))) {
-            maker = FreeId(schema::kManufacturers);
-            const auto known = vel::RowById(session_.manufacturers, ToLibrary(phoneMaker));
-            Add(schema::kManufacturers,
-                {{schema::kID, maker},
-                 {schema::kName, known ? Cell(known, schema::kName)
-                                       : name.substr(0, hasModel ? blank : name.size())}});
-            Add(schema::kManufacturerIdentification,
-                {{schema::kManufacturerResponse, key}, {schema::kManufacturerID, maker}}, line);
-            phoneMaker = phoneMaker.empty() ? maker : phoneMaker;
+        std::string manufacturer = found_.manufacturerId;
+        std::string searched = manufacturer;
+        if (manufacturer.empty() ||
+            (key != pattern && (hasModel || name != found_.manufacturer.text))) {
+            const std::string known =
+                catalogue_.Table(kManufacturers).LookUp(kID, manufacturer, kName);
+            const std::string maker = name.substr(0, hasModel ? blank : name.size());
+            searched = AddManufacturer(known.empty() ? maker : known, key, line);
+            manufacturer = manufacturer.empty() ? searched : manufacturer;
         }
-        std::string phoneId = FreeId(schema::kPhones);
-        Add(schema::kPhones, {{schema::kID, phoneId},
-                              {schema::kName, hasModel ? name.substr(blank + 1) : "unnamed model"},
-                              {schema::kManufacturerID, phoneMaker}});
-        Add(schema::kPhoneIdentification,
-            {{schema::kManufacturerID, maker}, {schema::kPhoneID, phoneId}});
-        return phoneId;
+        return AddPhone(hasModel ? name.substr(blank + 1) : "unnamed model", manufacturer, searched,
+                        "");
     }
 
     // The pattern that found the manufacturer, and its line; empty when none did.
     std::pair<std::string, std::string> MatchedPattern() const {
-        Findings ignored;
-        const Catalogue catalogue = ReadCatalogue(ReadInput(catalogue_), ignored);
-        const CatalogueTable& table = catalogue.Table(schema::kManufacturerIdentification);
-        const int column = table.Column(schema::kManufacturerResponse);
+        const CatalogueTable& table = catalogue_.Table(kManufacturerIdentification);
+        const int column = table.Column(kManufacturerResponse);
         for (const CatalogueRow& row : table.rows) {
             if (found_.manufacturer.key.find(row.Cell(column)) != std::string::npos) {
                 return {row.Cell(column), row.text};
@@ -222,24 +218,25 @@ class Adviser {
     }
 
     std::string AddNetwork() {
-        std::string networkId = FreeId(schema::kNetworks);
-        Add(schema::kNetworks, {{schema::kID, networkId}, {schema::kNetworkType, CommonType()}});
-        Add(schema::kNetworkIdentification,
-            {{schema::kNetworkResponse, found_.network.key}, {schema::kNetworkID, networkId}});
+        std::string networkId = FreeId(kNetworks);
+        Add(kNetworks, {{kID, networkId}, {kNetworkType, CommonType()}});
+        Add(kNetworkIdentification,
+            {{kNetworkResponse, found_.network.key}, {kNetworkID, networkId}});
         return networkId;
     }
 
     // Adds a row for each network type without one. The phone dials there as most other phones do.
     void AddDialStrings(const std::string& phoneId) {
-        std::set<std::string> types = {CommonType()};
-        for (const auto& row : RowList(schema::kNetworks)) {
-            types.insert(Cell(row, schema::kNetworkType));
-        }
+        const std::vector<std::string> known = Cells(kNetworks, kNetworkType);
+        std::set<std::string> types(known.begin(), known.end());
+        types.insert(CommonType());
+        const CatalogueTable& table = catalogue_.Table(kBasicDUNForPhone);
         std::map<std::pair<std::string, std::string>, int> uses;
-        for (const auto& row : RowList(schema::kBasicDUNForPhone)) {
-            ++uses[{Cell(row, schema::kDialString), Cell(row, schema::kInitializationString)}];
-            if (Cell(row, schema::kPhoneID) == phoneId) {
-                types.erase(Cell(row, schema::kNetworkType));
+        for (const CatalogueRow& row : table.rows) {
+            ++uses[{row.Cell(table.Column(kDialString)),
+                    row.Cell(table.Column(kInitializationString))}];
+            if (row.Cell(table.Column(kPhoneID)) == phoneId) {
+                types.erase(row.Cell(table.Column(kNetworkType)));
             }
         }
         // For a catalogue without such rows.
@@ -248,48 +245,46 @@ class Adviser {
             std::max_element(uses.begin(), uses.end(),
                              [](const auto& a, const auto& b) { return a.second < b.second; });
         for (const std::string& type : types) {
-            Add(schema::kBasicDUNForPhone, {{schema::kPhoneID, phoneId},
-                                            {schema::kNetworkType, type},
-                                            {schema::kDialString, most->first.first},
-                                            {schema::kInitializationString, most->first.second}});
+            Add(kBasicDUNForPhone, {{kPhoneID, phoneId},
+                                    {kNetworkType, type},
+                                    {kDialString, most->first.first},
+                                    {kInitializationString, most->first.second}});
         }
     }
 
-    // The country of the network's number. A number of no country, and a name, give the first one.
+    // The country of the network's number. A network without a number gets the first country.
     std::string Country() {
-        std::string code = CountryOfMcc(found_.network.answer);
-        const Velmor::Table countries = Table(schema::kCountries);
+        std::string code = CountryOfMcc(found_.network.text);
         if (code.empty()) {
-            return Cell(vel::RowAt(countries, 0), schema::kID);
+            return First(kCountries, kID);
         }
-        if (!vel::RowById(countries, ToLibrary(code))) {
-            Add(schema::kCountries, {{schema::kID, code}, {schema::kName, code}});
+        const std::vector<std::string> known = Cells(kCountries, kID);
+        if (std::count(known.begin(), known.end(), code) == 0) {
+            Add(kCountries, {{kID, code}, {kName, code}});
         }
         return code;
     }
 
     // The type of the first network. Most catalogues have only one type.
     std::string CommonType() const {
-        const auto row = vel::RowAt(Table(schema::kNetworks), 0);
-        return row ? Cell(row, schema::kNetworkType) : "GPRS";
+        const std::string type = First(kNetworks, kNetworkType);
+        return catalogue_.Table(kNetworks).rows.empty() ? "GPRS" : type;
     }
 
     std::string NetworkName() const {
-        return found_.operatorName.empty() ? "Network " + found_.network.answer
-                                           : found_.operatorName;
+        return found_.operatorName.empty() ? "Network " + found_.network.text : found_.operatorName;
     }
 
-    const Velmor& session_;
     const Identification& found_;
-    const std::string& catalogue_;
+    const Catalogue& catalogue_;
     std::vector<AdvisedLine> lines_;
     std::set<std::string> begun_;  // the missing tables that have their first marker
 };
 
 }  // namespace
 
-std::vector<AdvisedLine> Advise(const Identification& found, const std::string& catalogue) {
-    return Adviser(*Velmor::getVelmor(), found, catalogue).Lines();
+std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue) {
+    return Adviser(found, catalogue).Lines();
 }
 
 }  // namespace tool

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "catalogue/catalogue.h"
 #include "diagnosis/identification.h"
 
 namespace tool {
@@ -11,15 +12,14 @@ namespace tool {
 struct AdvisedLine {
     std::string table;
     std::string line;
-    std::string before;  // the line that it has to precede, as in the source; empty: any place
+    std::string before;  // the line of the source that must come after it; empty: none
 };
 
 // The access point of an advised setting. The user must replace it, because no phone reports it.
 constexpr char kAdvisedApn[] = "access-point-name";
 
-// The lines that the catalogue of the session lacks to know the phone and network of the last
-// detection, with free identifiers. None for what it knows, and none without a usable answer.
-// `catalogue` is the path of the session's catalogue.
-std::vector<AdvisedLine> Advise(const Identification& found, const std::string& catalogue);
+// The lines that the catalogue lacks to know the phone and the network, with free identifiers. None
+// for what it knows, and none without a usable response.
+std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue);
 
 }  // namespace tool

@@ -4,52 +4,38 @@
 #include <algorithm>
 #include <sstream>
 
-#include "catalogue/catalogue.h"
-#include "database/rows.h"
 #include "foundation/number.h"
 #include "host/setting_format.h"
 #include "session/schema.h"
-#include "session/session.h"
-#include "session/setting.h"
 #include "support/error.h"
 #include "support/texts.h"
 
 namespace tool {
 
-namespace schema = vel::schema;
+using namespace vel::schema;
 
 namespace {
+
+bool StartsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
 
 // The limit of the answer to a command that prepares the phone, in seconds.
 constexpr double kPreparation = 3;
 
-// Adds what the exported functions do not tell: the network, and the manufacturer of a phone that
-// is not in the catalogue.
-void AddFromSession(Detection& found) {
-    const Velmor& session = *Velmor::getVelmor();
-    if (found.manufacturer.empty()) {
-        const vel::String id = ToLibrary(found.identification.manufacturerId);
-        found.manufacturer =
-            FromLibrary(vel::RowById(session.manufacturers, id).Text(schema::kName));
-    }
-    found.networkId = FromLibrary(session.detectedNetworkId);
-    const auto network = vel::RowById(session.networks, session.detectedNetworkId);
-    found.networkType = FromLibrary(network.Text(schema::kNetworkType));
+// The identifier of the catalogue's fallback phone; -1 when it names none.
+long FallbackPhone(const Catalogue& catalogue) {
+    const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
+    return vel::ReadNumber(variables.LookUp(kVariable, kUnknownPhone, kValue).c_str(), -1);
 }
 
-// The phone like which the catalogue dials others; -1 when it names none.
-long UnknownPhone() {
-    const Velmor::Table variables = Velmor::getVelmor()->FetchTable(schema::kGeneralVariables);
-    return vel::ReadNumber(vel::Setting(variables.get()).get_Setting(kUnknownPhone).c_str(), -1);
-}
-
-// Fetches the settings that are not ready for another phone, by their identifiers.
-void DialLike(Detection& found, long phoneId) {
-    found.dialledAs = PhoneDescription(phoneId);
-    if (found.dialledAs.empty()) {
+// Fetches the settings that are not ready for the fallback phone, by their identifiers.
+void UseFallback(Detection& found, long phoneId) {
+    found.fallback = PhoneDescription(phoneId);
+    if (found.fallback.empty()) {
         return;
     }
-    found.dialledAsId = phoneId;
+    found.fallbackId = phoneId;
     for (Detection::Setting& setting : found.settings) {
         if (!setting.ready) {
             const long id = setting.values.aBasicDUNSettingId;
@@ -59,25 +45,18 @@ void DialLike(Detection& found, long phoneId) {
     }
 }
 
-// The longest number among those that a setting serves with which the subscriber's begins.
-std::string OwnNumber(const Detection::Setting& setting, const std::string& digits) {
-    const vel::String id = vel::String::FromLong(setting.values.aBasicDUNSettingId);
-    const auto row = vel::RowById(Velmor::getVelmor()->basicDUNSettings, id);
-    std::istringstream numbers(FromLibrary(row.Text(kNumbers)));
-    std::string longest;
-    for (std::string number; numbers >> number;) {
-        if (number.size() > longest.size() && digits.compare(0, number.size(), number) == 0) {
-            longest = number;
-        }
-    }
-    return longest;
-}
-
 // Operators can share a network's key, the first digits. The settings for the whole number come
-// first.
-void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& digits) {
+// first: those whose longest number is the longest beginning of the subscriber's.
+void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& digits,
+                 const CatalogueTable& table) {
     for (Detection::Setting& setting : settings) {
-        setting.number = OwnNumber(setting, digits);
+        const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
+        std::istringstream numbers(table.LookUp(kID, id, kNumbers));
+        for (std::string number; numbers >> number;) {
+            if (number.size() > setting.number.size() && StartsWith(digits, number)) {
+                setting.number = number;
+            }
+        }
     }
     std::stable_sort(settings.begin(), settings.end(),
                      [](const Detection::Setting& a, const Detection::Setting& b) {
@@ -95,15 +74,13 @@ bool IsWanted(const Velmor_DUNSetting& setting, const Choice& choice) {
 }
 
 // Puts the phone into the state that the library needs. Without echo it reads no line of ATI, and a
-// line such as +CME ERROR: 11 does not end an answer for it.
-void Prepare(Dialogue& dialogue, const PinFile* pin) {
+// line such as +CME ERROR: 11 does not end an answer for it. Returns what was wrong with the PIN.
+std::string Prepare(Dialogue& dialogue, const PinFile* pin) {
     if (dialogue.Ask("ATE1", kPreparation).empty()) {
-        return;
+        return {};
     }
     dialogue.Ask("AT+CMEE=0", kPreparation);
-    if (pin != nullptr) {
-        UnlockSimCard(dialogue, *pin);
-    }
+    return pin == nullptr ? "" : UnlockSimCard(dialogue, *pin);
 }
 
 // Whether the phone sent more than the echo of the command.
@@ -127,45 +104,49 @@ std::string PhoneDescription(long id) {
 }
 
 bool Detection::IsComplete() const {
-    return (phoneId >= 0 || dialledAsId >= 0) && Find(0) != nullptr;
+    return (phoneId >= 0 || fallbackId >= 0) && FirstReady() != nullptr;
 }
 
-const Detection::Setting* Detection::Find(long id) const {
-    const auto setting = std::find_if(settings.begin(), settings.end(), [&](const Setting& s) {
-        return id == 0 ? s.ready : s.values.aBasicDUNSettingId == id;
-    });
+const Detection::Setting* Detection::FirstReady() const {
+    const auto setting = std::find_if(settings.begin(), settings.end(),
+                                      [](const Setting& candidate) { return candidate.ready; });
     return setting == settings.end() ? nullptr : &*setting;
 }
 
-void Detection::Keep(const Choice& choice) {
-    std::string others;
-    for (const Detection::Setting& setting : settings) {
-        const std::string contract = HostText(setting.values.ContractType);
-        others += Concat(others.empty() ? "" : ", ", HostText(setting.values.APN),
-                         contract.empty() ? "" : " (" + contract + ")");
-    }
-    settings.erase(std::remove_if(settings.begin(), settings.end(),
-                                  [&](const Detection::Setting& setting) {
-                                      return !IsWanted(setting.values, choice);
-                                  }),
-                   settings.end());
-    if (settings.empty() && !others.empty()) {
-        throw ToolError("no setting of this network fits --apn or --contract; it has ", others);
-    }
+const Detection::Setting* Detection::FindSetting(long id) const {
+    const auto setting = std::find_if(
+        settings.begin(), settings.end(),
+        [&](const Setting& candidate) { return candidate.values.aBasicDUNSettingId == id; });
+    return setting == settings.end() ? nullptr : &*setting;
 }
 
-Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
+void Detection::SelectSettings(const Choice& choice) {
+    std::string offered;
+    std::vector<Setting> wanted;
+    for (const Setting& setting : settings) {
+        const std::string contract = HostText(setting.values.ContractType);
+        offered += Concat(offered.empty() ? "" : ", ", HostText(setting.values.APN),
+                          contract.empty() ? "" : " (" + contract + ")");
+        if (IsWanted(setting.values, choice)) {
+            wanted.push_back(setting);
+        }
+    }
+    if (wanted.empty() && !settings.empty()) {
+        throw ToolError("no setting of this network fits --apn or --contract; it has ", offered);
+    }
+    settings = std::move(wanted);
+}
+
+Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPlan& plan) {
     Detection found;
-    char maker[1024];
+    found.dialogue = dialogue;
+    found.answered = std::any_of(dialogue.begin(), dialogue.end(), SaysMore);
+    char manufacturer[1024];
     char phone[1024];
-    Prepare(dialogue, plan.pin);
-    Velmor_DetectPhoneAndNetwork(0, maker, sizeof maker, phone, sizeof phone);
-    dialogue.End();
-    found.dialogue = dialogue.exchanges();
-    found.answered = std::any_of(found.dialogue.begin(), found.dialogue.end(), SaysMore);
-    found.phoneId = Velmor_GetDetectedPhone(0, phone, sizeof phone, maker, sizeof maker);
+    found.phoneId =
+        Velmor_GetDetectedPhone(0, phone, sizeof phone, manufacturer, sizeof manufacturer);
     found.phone = HostText(phone);
-    found.manufacturer = HostText(maker);
+    found.manufacturer = HostText(manufacturer);
     long count = 0;
     Velmor_GetNrDetectedDUNSettings(0, &count);
     for (long i = 0; i < count; ++i) {
@@ -174,15 +155,30 @@ Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
         found.settings.push_back(std::move(setting));
     }
     if (found.phoneId < 0 && !found.settings.empty()) {
-        DialLike(found, plan.like == 0 ? UnknownPhone() : plan.like);
+        UseFallback(found, plan.fallbackId == 0 ? FallbackPhone(plan.catalogue) : plan.fallbackId);
     }
-    found.identification = Identify(found.dialogue);
-    PutOwnFirst(found.settings, found.identification.digits);
-    AddFromSession(found);
-    if (found.answered && found.networkId.empty() && !dialogue.IsOver()) {
+    found.identification = Identify(dialogue);
+    const Identification& said = found.identification;
+    PutOwnFirst(found.settings, said.digits, plan.catalogue.Table(kBasicDUNSettings));
+    // What the exported functions do not tell.
+    if (found.manufacturer.empty()) {
+        found.manufacturer =
+            plan.catalogue.Table(kManufacturers).LookUp(kID, said.manufacturerId, kName);
+    }
+    found.networkType = plan.catalogue.Table(kNetworks).LookUp(kID, said.networkId, kNetworkType);
+    found.advice = Advise(said, plan.catalogue);
+    return found;
+}
+
+Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
+    const std::string pinProblem = Prepare(dialogue, plan.pin);
+    Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
+    dialogue.End();
+    Detection found = LastDetection(dialogue.exchanges(), plan);
+    found.pinProblem = pinProblem;
+    if (found.answered && found.identification.networkId.empty() && dialogue.IsOpen()) {
         found.card = AskSimCard(dialogue);
     }
-    found.advice = Advise(found.identification, plan.catalogue);
     return found;
 }
 

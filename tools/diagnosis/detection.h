@@ -29,34 +29,42 @@ struct Detection {
     long phoneId = -1;
     std::string phone;
     std::string manufacturer;
-    std::string networkId;
     std::string networkType;
     std::vector<Setting> settings;
-    long dialledAsId = -1;  // the phone like which a phone that is not known is dialled, or -1
-    std::string dialledAs;
+    long fallbackId = -1;  // the phone with whose rows an unknown phone is dialled, or -1
+    std::string fallback;  // its description
     Identification identification;
     SimCard card;  // asked for only when the network is not known
+    std::string
+        pinProblem;  // why the PIN did not unlock the card; empty: it did, or none was given
     std::vector<AdvisedLine> advice;
     std::vector<Exchange> dialogue;
 
-    // Whether a setting is ready to dial, for the phone or for the one like which it is dialled.
+    // Whether a setting is ready to dial, for the phone or for the fallback phone.
     bool IsComplete() const;
-    // Drops the settings that are not wanted. Throws a ToolError when none is left.
-    void Keep(const Choice& choice);
-    // The setting with this identifier; 0: the first one that is ready. Null when there is none.
-    const Setting* Find(long id) const;
+    // Keeps only the settings that are wanted. Throws a ToolError when none of them is.
+    void SelectSettings(const Choice& choice);
+    // The first setting that is ready to dial; null when there is none.
+    const Setting* FirstReady() const;
+    // The setting with this identifier; null when there is none.
+    const Setting* FindSetting(long id) const;
 };
 
 // How a detection goes.
 struct DetectionPlan {
-    std::string catalogue;  // the path, for the places of advised lines
-    long like = 0;          // dials a phone that is not known like this one; 0: the catalogue's
+    const Catalogue& catalogue;    // that of the session
+    long fallbackId = 0;           // the fallback phone; 0: that of the catalogue
     const PinFile* pin = nullptr;  // unlocks the SIM card first; null: not
 };
 
 // Detects the phone at the other end of the dialogue, and ends the dialogue. Needs a session with
-// the callbacks of Dialogue. The settings for the subscriber's own network come first.
+// the callbacks of Dialogue.
 Detection Detect(Dialogue& dialogue, const DetectionPlan& plan);
+
+// What the session's last detection found with this dialogue, except for the SIM card. The settings
+// for the subscriber's own network come first.
+Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPlan& plan);
+
 // The description of the phone with this identifier; empty when the catalogue has none.
 std::string PhoneDescription(long id);
 

@@ -74,13 +74,13 @@ bool IsMakerLabel(const std::string& line, const vel::Question& question) {
 }
 
 // The first usable answer. The later commands are for phones that do not know the first one.
-Clue FirstClue(const vel::Question& question, const std::vector<Exchange>& dialogue) {
+Response FirstResponse(const vel::Question& question, const std::vector<Exchange>& dialogue) {
     for (const vel::Attempt& attempt : question.attempts) {
         const Answer answer = AnswerTo(attempt, dialogue);
-        Clue clue = {answer.line, KeyOf(answer.line, question.recipe)};
-        if (answer.ok && clue.IsUsable() && SaysSomething(answer.line, attempt.command) &&
+        Response response = {answer.line, KeyOf(answer.line, question.recipe)};
+        if (answer.ok && response.IsUsable() && SaysSomething(answer.line, attempt.command) &&
             !IsUnsolicited(answer.line, question) && !IsMakerLabel(answer.line, question)) {
-            return clue;
+            return response;
         }
     }
     return {};
@@ -134,9 +134,11 @@ void IdentifyNetwork(Identification& found, const std::vector<Exchange>& dialogu
 
 Identification Identify(const std::vector<Exchange>& dialogue) {
     Identification found;
-    found.manufacturer = FirstClue(vel::kManufacturerQuestion, dialogue);
+    found.manufacturer = FirstResponse(vel::kManufacturerQuestion, dialogue);
     found.manufacturerId = ManufacturerId(dialogue);
-    found.phone = FirstClue(vel::kPhoneQuestion, dialogue);
+    found.phone = FirstResponse(vel::kPhoneQuestion, dialogue);
+    found.phoneId = FromLibrary(Velmor::getVelmor()->detectedPhoneId);
+    found.networkId = FromLibrary(Velmor::getVelmor()->detectedNetworkId);
     IdentifyNetwork(found, dialogue);
     return found;
 }

@@ -2,25 +2,30 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "device/dialogue.h"
+#include "device/exchange.h"
 
 namespace tool {
 
-// An answer that identifies a phone or network, and its key.
-struct Clue {
-    std::string answer;
+// The line with which a phone names itself or its network, and the key that a catalogue has for it.
+struct Response {
+    std::string text;
     std::string key;  // empty: the phone gave no usable answer
 
     bool IsUsable() const { return !key.empty(); }
 };
 
-// What the phone said about itself and its network. The catalogue need not know it.
+// What the phone said about itself and its network, and the rows of the catalogue that were found.
 struct Identification {
-    Clue manufacturer;
-    std::string manufacturerId;  // empty: not in the catalogue
-    Clue phone;
-    Clue network;
+    Response manufacturer;
+    Response phone;
+    Response network;
+    // Empty: not in the catalogue.
+    std::string manufacturerId;
+    std::string phoneId;
+    std::string networkId;
+
     std::string operatorName;  // may be empty
     std::string digits;        // up to six of the IMSI, else of an operator told as a number
 };

@@ -10,16 +10,17 @@
 namespace tool {
 namespace {
 
-TextRow KnownRow(const char* label, const std::string& text, const Clue& clue,
-                 const std::string& dialledAs = "") {
+// What was found, or what the phone said instead.
+TextRow KnownRow(const char* label, const std::string& text, const Response& response,
+                 const std::string& fallback = "") {
     if (!text.empty()) {
         return {label, text};
     }
-    const std::string said = clue.IsUsable()
-                                 ? "the answer is " + clue.answer + ", its key is " + clue.key
-                                 : "the phone gave no usable answer";
-    return {label,
-            "not known; " + (dialledAs.empty() ? "" : "dialled like " + dialledAs + "; ") + said};
+    return {label, Concat("not known; ",
+                          fallback.empty() ? "" : "dialled with the rows of " + fallback + "; ",
+                          response.IsUsable()
+                              ? "the answer is " + response.text + ", its key is " + response.key
+                              : "the phone gave no usable answer")};
 }
 
 void PrintAdvice(const Detection& found) {
@@ -27,7 +28,7 @@ void PrintAdvice(const Detection& found) {
         std::cout
             << "\nThe phone answered nothing. Is it on? Is this the device that takes commands?\n"
                "Many phones have several devices.\n";
-    } else if (!found.identification.network.IsUsable() && found.networkId.empty() &&
+    } else if (!found.identification.network.IsUsable() && found.identification.networkId.empty() &&
                (found.card.words.empty() || found.card.IsReady())) {
         std::cout << "\nThe phone did not name its network. "
                   << (found.card.IsReady() ? "" : "Is the SIM card inserted and unlocked?\n")
@@ -61,22 +62,22 @@ void PrintAdvice(const Detection& found) {
     }
 }
 
-Json DescribeClue(const Clue& clue) {
-    return {{"answer", clue.answer}, {"key", clue.key}};
+Json DescribeResponse(const Response& response) {
+    return {{"answer", response.text}, {"key", response.key}};
 }
 
 }  // namespace
 
 void PrintDetection(const Detection& found) {
     const Identification& identification = found.identification;
+    const std::string& networkId = identification.networkId;
     const bool phone = found.phoneId >= 0;
     std::vector<TextRow> rows = {
         KnownRow("Manufacturer", found.manufacturer, identification.manufacturer),
         KnownRow("Phone",
                  phone ? found.phone + " (" + std::to_string(found.phoneId) + ")" : std::string(),
-                 identification.phone, found.dialledAs),
-        KnownRow("Network",
-                 found.networkId.empty() ? "" : found.networkType + " (" + found.networkId + ")",
+                 identification.phone, found.fallback),
+        KnownRow("Network", networkId.empty() ? "" : found.networkType + " (" + networkId + ")",
                  identification.network),
     };
     if (!found.card.words.empty()) {
@@ -102,22 +103,22 @@ void PrintDetection(const Detection& found) {
 void PrintDetectionJson(const Detection& found) {
     const Identification& identification = found.identification;
     Json json = {{"complete", found.IsComplete()}};
-    json["manufacturer"] = DescribeClue(identification.manufacturer);
+    json["manufacturer"] = DescribeResponse(identification.manufacturer);
     json["manufacturer"]["name"] = found.manufacturer;
-    json["phone"] = DescribeClue(identification.phone);
+    json["phone"] = DescribeResponse(identification.phone);
     json["phone"]["name"] = found.phone;
     json["phone"]["id"] = found.phoneId;
     json["phone"]["known"] = found.phoneId >= 0;
-    if (found.dialledAsId >= 0) {
-        json["dialled_as"] = {{"id", found.dialledAsId}, {"name", found.dialledAs}};
+    if (found.fallbackId >= 0) {
+        json["dialled_as"] = {{"id", found.fallbackId}, {"name", found.fallback}};
     }
-    json["network"] = DescribeClue(identification.network);
-    json["network"]["id"] = found.networkId;
+    json["network"] = DescribeResponse(identification.network);
+    json["network"]["id"] = identification.networkId;
     json["network"]["type"] = found.networkType;
     json["network"]["operator"] = identification.operatorName;
     if (!found.card.words.empty()) {
         json["sim"] = {
-            {"state", found.card.state}, {"answer", found.card.answer}, {"text", found.card.words}};
+            {"state", found.card.state}, {"answer", found.card.line}, {"text", found.card.words}};
     }
     json["settings"] = Json::array();
     for (const Detection::Setting& setting : found.settings) {

@@ -1,8 +1,16 @@
 // SPDX-License-Identifier: MIT
+// What a phone says about its SIM card, and the PIN.
+//
+// The third wrong PIN blocks a card, and then only its PUK helps. So a PIN goes out only when the
+// card asks for it, once for each version of the file, and never again without a sign that the card
+// took it or did not see it. A mark beside the file remembers this from before the PIN goes out: a
+// command that starts whenever the power returns must not count as three attempts.
+//
+// The state is asked with AT+CPIN?, but many phones tell an error there or at the next question
+// only. So the last question that says anything counts.
 #include "diagnosis/sim_card.h"
 
 #include <algorithm>
-#include <iostream>
 
 #include "support/error.h"
 #include "support/texts.h"
@@ -11,13 +19,15 @@
 namespace tool {
 namespace {
 
+bool StartsWith(const std::string& text, const std::string& start) {
+    return text.compare(0, start.size(), start) == 0;
+}
+
 // The limits of answers in seconds. The card takes a moment to check a PIN.
 constexpr double kAnswer = 5;
 constexpr double kPinAnswer = 20;
 
-// How long the phone may take to read the card, at its start and after a right PIN, and how often
-// it is asked meanwhile.
-constexpr double kReading = 20;
+// The seconds between two questions while the phone reads the card.
 constexpr double kEach = 1;
 
 const char kAskState[] = "AT+CPIN?";
@@ -25,36 +35,37 @@ const char kAskSubscriber[] = "AT+CIMI";
 const char kNumberErrors[] = "AT+CMEE=1";
 const char kPlainErrors[] = "AT+CMEE=0";
 
-// What answers mean (3GPP TS 27.007: +CPIN, and the errors of section 9.2 by number and text).
+// What lines mean (3GPP TS 27.007), in small letters. An error has a number or a text. A line that
+// ends in a hyphen stands for all that begin with it.
 constexpr struct {
-    const char* answer;
+    const char* line;
     const char* text;
     const char* state;
     const char* words;
 } kMeanings[] = {
-    {"+CPIN: READY", "", "ready", "unlocked"},
-    {"+CPIN: SIM PIN2", "", "pin2",
+    {"+cpin: ready", "", "ready", "unlocked"},
+    {"+cpin: sim pin2", "", "pin2",
      "unlocked; it waits for its PIN2, which is not for the network"},
-    {"+CPIN: SIM PUK2", "", "puk2", "unlocked; PIN2 is blocked, which is not for the network"},
-    {"+CPIN: SIM PIN", "", "pin", "waits for its PIN; see --pin-file"},
-    {"+CPIN: SIM PUK", "", "puk", "blocked by wrong PINs; enter its PUK with a phone"},
-    {"+CPIN: PH-", "", "device-locked", "the device is locked to another card or operator"},
-    {"+CME ERROR: 10", "SIM not inserted", "absent", "not inserted"},
-    {"+CME ERROR: 11", "SIM PIN required", "pin", "waits for its PIN; see --pin-file"},
-    {"+CME ERROR: 12", "SIM PUK required", "puk",
+    {"+cpin: sim puk2", "", "puk2", "unlocked; PIN2 is blocked, which is not for the network"},
+    {"+cpin: sim pin", "", "pin", "waits for its PIN; see --pin-file"},
+    {"+cpin: sim puk", "", "puk", "blocked by wrong PINs; enter its PUK with a phone"},
+    {"+cpin: ph-", "", "device-locked", "the device is locked to another card or operator"},
+    {"+cme error: 10", "sim not inserted", "absent", "not inserted"},
+    {"+cme error: 11", "sim pin required", "pin", "waits for its PIN; see --pin-file"},
+    {"+cme error: 12", "sim puk required", "puk",
      "blocked by wrong PINs; enter its PUK with a phone"},
-    {"+CME ERROR: 13", "SIM failure", "failed", "does not work; take it out and clean it"},
-    {"+CME ERROR: 14", "SIM busy", "busy", "busy; try again in a moment"},
-    {"+CME ERROR: 15", "SIM wrong", "wrong", "of a kind that this device does not take"},
-    {"+CME ERROR: 16", "incorrect password", "wrong-password", "the password was wrong"},
-    {"+CME ERROR: 17", "SIM PIN2 required", "pin2", "waits for its PIN2"},
-    {"+CME ERROR: 18", "SIM PUK2 required", "puk2", "its PIN2 is blocked"},
-    {"+CME ERROR: 30", "no network service", "no-service", "the phone has no network service"},
-    {"+CME ERROR: 32", "network not allowed - emergency calls only", "not-allowed",
+    {"+cme error: 13", "sim failure", "failed", "does not work; take it out and clean it"},
+    {"+cme error: 14", "sim busy", "busy", "busy; try again in a moment"},
+    {"+cme error: 15", "sim wrong", "wrong", "of a kind that this device does not take"},
+    {"+cme error: 16", "incorrect password", "wrong-password", "the password was wrong"},
+    {"+cme error: 17", "sim pin2 required", "pin2", "waits for its PIN2"},
+    {"+cme error: 18", "sim puk2 required", "puk2", "its PIN2 is blocked"},
+    {"+cme error: 30", "no network service", "no-service", "the phone has no network service"},
+    {"+cme error: 32", "network not allowed - emergency calls only", "not-allowed",
      "the network allows this card emergency calls only"},
 };
 
-// The answer's last line that begins so; empty when there is none.
+// The answer's last line with this beginning; empty when there is none.
 std::string LineWith(std::string answer, const std::string& beginning) {
     std::replace(answer.begin(), answer.end(), '\r', '\n');
     answer.insert(0, "\n");
@@ -78,18 +89,19 @@ std::string Usual(std::string line) {
 SimCard Understand(const std::string& answer) {
     const std::string error = LineWith(answer, "+CME ERROR:");
     const std::string line = error.empty() ? LineWith(answer, "+CPIN:") : error;
+    if (line.empty()) {
+        return {};
+    }
     const std::string usual = Usual(line);
     for (const auto& meaning : kMeanings) {
-        const std::string expected = InSmallLetters(meaning.answer);
-        const bool begins =
-            expected.back() == '-' && usual.compare(0, expected.size(), expected) == 0;
-        if (usual == expected || begins ||
-            (*meaning.text != '\0' &&
-             usual == InSmallLetters(std::string("+CME ERROR: ") + meaning.text))) {
+        const std::string expected = meaning.line;
+        const std::string text = meaning.text;
+        const bool begins = expected.back() == '-' && StartsWith(usual, expected);
+        if (usual == expected || begins || (!text.empty() && usual == "+cme error: " + text)) {
             return {line, meaning.state, meaning.words, {}};
         }
     }
-    return {line, line.empty() ? "" : "unknown", line.empty() ? "" : "says " + line, {}};
+    return {line, "unknown", "says " + line, {}};
 }
 
 bool IsBusy(const std::string& answer) {
@@ -110,21 +122,21 @@ bool IsAnswered(const std::string& answer) {
            !LineWith(answer, "+CME ERROR").empty();
 }
 
-// Asks until the answer is the expected one, or the phone has had enough time.
+// Asks until the answer is the expected one, or the seconds are over.
 template <class Predicate>
-std::string AskUntil(Dialogue& dialogue, const char* command, Predicate isExpected) {
-    const double end = dialogue.Seconds() + kReading;
+std::string AskUntil(Dialogue& dialogue, const char* command, double seconds,
+                     Predicate isExpected) {
+    const double end = dialogue.Seconds() + seconds;
     std::string answer = dialogue.Ask(command, kAnswer);
-    while (!isExpected(answer) && dialogue.Seconds() < end && !dialogue.IsOver()) {
+    while (!isExpected(answer) && dialogue.Seconds() < end && dialogue.IsOpen()) {
         dialogue.Pause(kEach);
         answer = dialogue.Ask(command, kAnswer);
     }
     return answer;
 }
 
-// Sends the PIN. The mark comes first: when the power fails now, the PIN must not be sent at every
-// start, because the third wrong one blocks the card. It goes only when the card is unlocked.
-void SendPin(Dialogue& dialogue, const PinFile& pin) {
+// Sends the PIN. Returns what went wrong; empty: nothing.
+std::string SendPin(Dialogue& dialogue, const PinFile& pin, double reading) {
     pin.Mark();
     const std::string answer =
         dialogue.Ask("AT+CPIN=\"" + pin.pin() + "\"", kPinAnswer, "AT+CPIN=\"****\"");
@@ -137,15 +149,16 @@ void SendPin(Dialogue& dialogue, const PinFile& pin) {
     }
     if (IsBusy(answer)) {  // the card has not seen the PIN
         pin.RemoveMark();
-        std::cerr << "velmor: the SIM card is busy; try again in a moment\n";
-    } else if (IsOk(answer) && IsReady(AskUntil(dialogue, kAskState, IsReady))) {
-        pin.RemoveMark();
-        AskUntil(dialogue, kAskSubscriber, IsOk);
-    } else {
-        std::cerr << "velmor: " << Visible(pin.path())
-                  << ": the phone did not take the PIN; it is not sent again until the file"
-                     " changes\n";
+        return "the SIM card is busy; try again in a moment";
     }
+    if (!IsOk(answer) || !IsReady(AskUntil(dialogue, kAskState, reading, IsReady))) {
+        return pin.path() +
+               ": the phone did not take the PIN; it is not sent again until the file"
+               " changes";
+    }
+    pin.RemoveMark();
+    AskUntil(dialogue, kAskSubscriber, reading, IsOk);
+    return {};
 }
 
 }  // namespace
@@ -159,7 +172,7 @@ SimCard AskSimCard(Dialogue& dialogue) {
         if (questions.empty() || card.IsReady()) {
             const std::string answer = dialogue.Ask(command, kAnswer);
             const SimCard said = Understand(answer);
-            card = said.answer.empty() ? card : said;
+            card = said.line.empty() ? card : said;
             questions.push_back({command + std::string("\r"), answer});
         }
     }
@@ -168,22 +181,23 @@ SimCard AskSimCard(Dialogue& dialogue) {
     return card;
 }
 
-void UnlockSimCard(Dialogue& dialogue, const PinFile& pin) {
+std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, double reading) {
     dialogue.Ask(kNumberErrors, kAnswer);
-    const std::string answer =
-        AskUntil(dialogue, kAskState, [](const std::string& state) { return !IsBusy(state); });
-    const SimCard card = Understand(answer);
+    const SimCard card = Understand(AskUntil(
+        dialogue, kAskState, reading, [](const std::string& state) { return !IsBusy(state); }));
+    std::string problem;
     if (card.state == "pin" && pin.IsMarked()) {
-        std::cerr << "velmor: " << Visible(pin.path())
-                  << ": this PIN was sent before, and the phone did not take it; correct the file,"
-                     " or remove "
-                  << Visible(pin.mark()) << " to send it again\n";
-    } else if (card.state == "pin" && !dialogue.IsOver()) {
-        SendPin(dialogue, pin);
+        problem = Concat(pin.path(),
+                         ": this PIN was sent before, and the phone did not take it; correct the"
+                         " file, or remove ",
+                         pin.mark(), " to send it again");
+    } else if (card.state == "pin" && dialogue.IsOpen()) {
+        problem = SendPin(dialogue, pin, reading);
     } else if (!card.words.empty() && !card.IsReady()) {
-        std::cerr << "velmor: the PIN was not sent; SIM card: " << Visible(card.words) << "\n";
+        problem = "the PIN was not sent; SIM card: " + card.words;
     }
     dialogue.Ask(kPlainErrors, kAnswer);
+    return problem;
 }
 
 }  // namespace tool

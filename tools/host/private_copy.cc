@@ -11,8 +11,7 @@
 
 namespace tool {
 
-PrivateCopy::PrivateCopy(const std::string& catalogue) {
-    const std::string bytes = ReadInput(catalogue);
+PrivateCopy::PrivateCopy(const std::string& catalogue) : bytes_(ReadInput(catalogue)) {
     const char* const chosen = std::getenv("TMPDIR");
     const std::string parent = chosen != nullptr && *chosen != '\0' ? chosen : "/tmp";
     std::string directory = parent + "/velmor-XXXXXX";
@@ -27,13 +26,14 @@ PrivateCopy::PrivateCopy(const std::string& catalogue) {
     file_.emplace(path());
     written_.emplace(path() + ".encode");
     OutputFile copy(path(), false);
-    copy.Write(bytes);
+    copy.Write(bytes_);
     copy.Commit();
 }
 
 PrivateSession::PrivateSession(const std::string& catalogue, Velmor_ReadFunction read,
                                Velmor_SendFunction send) {
     const PrivateCopy copy(catalogue);  // the library reads it only once
+    bytes_ = copy.bytes();
     if (Velmor_Initialise(copy.path().c_str(), read, send) != 0) {
         throw ToolError(catalogue,
                         ": the library refuses it as a catalogue; velmor check says why");

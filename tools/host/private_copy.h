@@ -16,9 +16,11 @@ class PrivateCopy {
   public:
     explicit PrivateCopy(const std::string& catalogue);
 
+    const std::string& bytes() const { return bytes_; }
     std::string path() const { return directory_->path() + "/catalogue"; }
 
   private:
+    std::string bytes_;
     std::optional<Leftover> directory_;
     std::optional<Leftover> file_;
     std::optional<Leftover> written_;  // by the library
@@ -33,6 +35,12 @@ class PrivateSession {
     ~PrivateSession();
     PrivateSession(const PrivateSession&) = delete;
     PrivateSession& operator=(const PrivateSession&) = delete;
+
+    // The catalogue: a pipe can be read only once.
+    const std::string& bytes() const { return bytes_; }
+
+  private:
+    std::string bytes_;
 };
 
 }  // namespace tool

@@ -49,7 +49,7 @@ PhonePlayer::~PhonePlayer() {
 }
 
 void PhonePlayer::Play() {
-    while (Interruption::Signal() == 0 && !(phone_.Gone() && outgoing_.empty())) {
+    while (Interruption::Signal() == 0 && !(phone_.IsGone() && outgoing_.empty())) {
         FetchAnswer();
         const double wait = phone_.Pending() && outgoing_.empty() ? due_ - log_.Seconds() : kLong;
         struct pollfd line = {master_, POLLIN, 0};

@@ -33,7 +33,7 @@ SimulatedPhone::SimulatedPhone(Profile profile)
     : profile_(std::move(profile)), echo_(profile_.echo) {}
 
 std::size_t SimulatedPhone::Receive(const std::string& bytes) {
-    if (Gone()) {
+    if (IsGone()) {
         return 0;
     }
     const std::size_t accepted = std::min(bytes.size(), profile_.accepts.value_or(bytes.size()));
@@ -110,7 +110,7 @@ void SimulatedPhone::Say(const std::string& bytes) {
 }
 
 bool SimulatedPhone::Pending() const {
-    return !Gone() && (flooding_ || !queue_.empty());
+    return !IsGone() && (flooding_ || !queue_.empty());
 }
 
 std::optional<char> SimulatedPhone::Next() {

@@ -25,7 +25,7 @@ class SimulatedPhone {
     std::optional<char> Next();
     bool Pending() const;
     // Whether the phone has disconnected. It then takes and sends nothing.
-    bool Gone() const {
+    bool IsGone() const {
         return (leaving_ && queue_.empty()) ||
                (profile_.disconnect && sent_ >= *profile_.disconnect);
     }

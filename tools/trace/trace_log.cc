@@ -221,14 +221,14 @@ TraceLog ReadTraceLog(const std::string& bytes, const std::string& path) {
     return log;
 }
 
-std::vector<Turn> DialogueOf(const TraceCall& detection) {
-    std::vector<Turn> turns;
+std::vector<Exchange> DialogueOf(const TraceCall& detection) {
+    std::vector<Exchange> exchanges;
     for (const TraceCall& call : detection.calls) {
         if (call.name == kExchange && call.ended) {
-            turns.push_back({call.TextOf(Kind::kArgument, "cmd"), AnswerOf(call)});
+            exchanges.push_back({call.TextOf(Kind::kArgument, "cmd"), AnswerOf(call)});
         }
     }
-    return turns;
+    return exchanges;
 }
 
 }  // namespace tool

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "phone/profile_writer.h"
+#include "device/exchange.h"
 
 namespace tool {
 
@@ -50,6 +50,6 @@ struct TraceLog {
 TraceLog ReadTraceLog(const std::string& bytes, const std::string& path);
 
 // The commands of a detection and their answers. A command whose call did not end is left out.
-std::vector<Turn> DialogueOf(const TraceCall& detection);
+std::vector<Exchange> DialogueOf(const TraceCall& detection);
 
 }  // namespace tool

@@ -3,6 +3,8 @@
 
 #include <iostream>
 
+#include "phone/profile_writer.h"
+#include "phone/redaction.h"
 #include "support/input_file.h"
 #include "support/print.h"
 
@@ -149,9 +151,9 @@ void PrintTraceJson(const TraceLog& log) {
         json["calls"].push_back(DescribeCall(call));
         if (call.IsDetection()) {
             Json dialogue = Json::array();
-            for (const Turn& turn : DialogueOf(call)) {
-                dialogue.push_back({{"command", turn.command},
-                                    {"answer", WithoutNumbers(turn.answer, turn.command)}});
+            for (const Exchange& exchange : DialogueOf(call)) {
+                dialogue.push_back({{"command", exchange.command},
+                                    {"answer", WithoutNumbers(exchange.answer, exchange.command)}});
             }
             json["detections"].push_back({{"ended", call.IsWhole()}, {"dialogue", dialogue}});
         }
