@@ -3,19 +3,15 @@
 
 #include <cstring>
 
-#include "foundation/list.h"
-#include "storage/file.h"
-
 namespace vel {
 namespace {
 
 constexpr std::uint32_t kModulus = 2147483647;  // 2^31 - 1
 constexpr std::uint32_t kMultiplier = 48271;
-constexpr int kBlockSize = 65536;
 
 // The next state modulo 2^31 - 1, without a division: the bits above the lowest 31 are added to
-// these. It can be above the modulus by less than the multiplier. The step after it takes it as it
-// is, so that steps follow one another sooner; Reduced gives the state proper.
+// these. Lazy reduction: the result may exceed the modulus. Step accepts that, so that steps follow
+// one another sooner; other users call Reduced().
 std::uint32_t Step(std::uint32_t state) {
     const std::uint64_t product = std::uint64_t{kMultiplier} * state;
     return static_cast<std::uint32_t>((product & kModulus) + (product >> 31));
@@ -94,75 +90,6 @@ void ArrayCrypter::DecryptLine(String& line) {
         DecryptInPlace(line, 1);
         line.count = static_cast<int>(std::strlen(line.data)) + 1;
     }
-}
-
-bool ArrayCrypter::ReadStored(File& source, String& lines) {
-    if (source.readLinesBefore('E', &lines)) {
-        return true;
-    }
-    if (!source.readLine(&lines)) {
-        return false;
-    }
-    if (lines.First() == 'E') {
-        lines = Encrypt(lines);
-    }
-    lines.Append('\n');
-    return true;
-}
-
-bool ArrayCrypter::Holds(File& copy, File& source) {
-    String lines;
-    while (ReadStored(source, lines)) {
-        if (!copy.continuesWith(lines)) {
-            return false;
-        }
-    }
-    return !source.HasFailed() && copy.atEnd();
-}
-
-bool ArrayCrypter::CryptFile(const String& path, const String& target) {
-    const String name = target.IsEmpty() ? path + ".encode" : path;
-    Reset();
-    File input(path.c_str(), accessRead);
-    if (!input.openFile()) {
-        return true;
-    }
-    File copy(name.c_str(), accessRead);
-    if (copy.openFile()) {
-        const bool held = Holds(copy, input);
-        Reset();
-        if (held) {
-            return false;
-        }
-        copy.closeFile();
-        if (!input.setPosition(0, SEEK_SET)) {
-            return true;
-        }
-    }
-    // Blocks hold whole lines: a node for every line would cost three times more.
-    List<String> blocks;
-    blocks.allowDuplicates = true;
-    String lines;
-    while (ReadStored(input, lines)) {
-        if (blocks.tail == nullptr || lines.Length() > kBlockSize - blocks.tail->element.count) {
-            blocks.Add("");
-            blocks.tail->element.internalEnsureSpace(kBlockSize - 1);
-        }
-        blocks.tail->element.Append(lines.data, lines.Length());
-    }
-    Reset();
-    if (input.HasFailed()) {
-        return true;  // opening the output could lose what was not read: it may be the input
-    }
-    input.closeFile();
-    File output(name.c_str(), accessWrite);
-    if (!output.openFile()) {
-        return true;
-    }
-    for (auto* node = blocks.head; node != nullptr; node = node->next) {
-        output.writeLine(node->element);
-    }
-    return false;
 }
 
 }  // namespace vel

@@ -4,7 +4,6 @@
 #include <cstdint>
 
 #include "foundation/string.h"
-#include "storage/file.h"
 
 namespace vel {
 
@@ -48,19 +47,10 @@ class ArrayCrypter : public Crypt {
     // The same in place.
     void DecryptLine(String& line);
 
-    // Enciphers the file `path` into `path` + ".encode", or into `path` itself when `target` is not
-    // empty. A file that already holds the very bytes is left alone: that spares the flash of a
-    // device, and writing costs more than comparing. Opens the output for writing only after the
-    // input was read to its end.
-    // For compatibility returns 0 when the output holds the bytes, and 1 when a file could not be
-    // opened or the input could not be read.
+    // The file pass (file_pass.cc): enciphers the file `path` into `path` + ".encode", or into
+    // `path` itself when `target` is not empty. For compatibility returns 0 when the output holds
+    // the bytes, and 1 when a file could not be opened or the input could not be read.
     bool CryptFile(const String& path, const String& target);
-
-  private:
-    // Reads the next lines of a source, one at least, and makes them stored ones, with line feeds.
-    bool ReadStored(File& source, String& lines);
-    // Whether a file holds the stored form of a source, and nothing else.
-    bool Holds(File& copy, File& source);
 };
 
 }  // namespace vel
