@@ -1,22 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "database/table.h"
 
-#include "database/row_condition.h"
+#include "database/array_compare_with_row_condition.h"
+#include "database/multy_value_match.h"
 
 namespace vel {
-namespace {
-
-// Applies a row condition to the rows of a scan. Without a condition every row matches.
-class ArrayCompareWithRowCondition final : public _ICondition<Row*> {
-  public:
-    explicit ArrayCompareWithRowCondition(IRowCondition* condition) : condition_(condition) {}
-    bool Matches(Row* const& row) const override { return !condition_ || condition_->Matches(row); }
-
-  private:
-    Pointer<IRowCondition> condition_;
-};
-
-}  // namespace
 
 Table::Table(IDatabase* database, String name, const Array<String>& columnNames)
     : name_(std::move(name)),
@@ -101,7 +89,7 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
     Pointer<Row> row;
     for (int i = 0; i < rows_->Count(); ++i) {
         rows_->Show(i, row);
-        if (compare.Matches(row.get())) {
+        if (compare.Matches(row)) {
             matches.Append(i);
         }
     }
@@ -116,13 +104,16 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
 }
 
 int Table::FindByIndex(String column, String value, IRow*& row) {
-    const int columnIndex = IndexOfColumn(column);
-    const int index = IndexOfRow(columnIndex, value);
     row = nullptr;
-    if (index >= 0) {
-        rows_->get_Item(index, row);
+    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
+    match->Require(column, value);
+    RowsPointer found;
+    if (Find(match.get(), found.Receive()) != 0) {
+        return 1;
     }
-    return columnIndex < 0 ? 1 : 0;
+    int count = 0;
+    found->get_Count(count);
+    return count > 0 ? found->get_Item(0, row) : 0;
 }
 
 int Table::Clear() {

@@ -9,8 +9,9 @@
 namespace vel {
 namespace {
 
+// By length: a set may hold a NUL.
 bool IsIn(const String& set, char c) {
-    return c != '\0' && std::strchr(set.c_str(), c) != nullptr;
+    return std::memchr(set.c_str(), c, static_cast<std::size_t>(set.Length())) != nullptr;
 }
 
 String Without(const String& text, const String& removed) {

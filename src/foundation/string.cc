@@ -128,7 +128,12 @@ int String::FindOne(const String& what, int from) const {
 
 String String::Replace(const String& what, const String& with, int most) const {
     const int length = what.count - 1;
-    if (data == nullptr || what.data == nullptr || length < 1 || FindOne(what, 0) < 0) {
+    // Ignores a match that includes our terminator; possible if `what` contains a NUL.
+    const auto find = [&](int from) {
+        const int match = FindOne(what, from);
+        return match + length < count ? match : -1;
+    };
+    if (data == nullptr || what.data == nullptr || length < 1 || find(0) < 0) {
         return String(*this);
     }
     const int withLength =
@@ -137,10 +142,7 @@ String String::Replace(const String& what, const String& with, int most) const {
     result.Clear();
     result.growBy = growBy;
     int start = 0;
-    // `match + length < count`: a match that takes in the terminator is none; FindOne finds it when
-    // the text of `what` holds a NUL.
-    for (int match = FindOne(what, 0); match >= 0 && match + length < count;
-         match = FindOne(what, start)) {
+    for (int match = find(0); match >= 0; match = find(start)) {
         result.Append(data + start, match - start);
         result.Append(with.data, withLength);
         start = match + length;

@@ -5,7 +5,7 @@
 
 namespace vel {
 
-void FillText(char* buffer, long size, const TextView& text) {
+void FillBytes(char* buffer, long size, const TextView& text) {
     if (buffer == nullptr || size <= 0) {
         return;
     }

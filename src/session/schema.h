@@ -34,6 +34,7 @@ inline constexpr char kNUM[] = "NUM";
 inline constexpr char kVAR1[] = "VAR1";
 inline constexpr char kClientIP[] = "ClientIP";
 inline constexpr char kGatewayIP[] = "GatewayIP";
+inline constexpr char kSubnetMask[] = "SubnetMask";
 inline constexpr char kDNS1[] = "DNS1";
 inline constexpr char kDNS2[] = "DNS2";
 inline constexpr char kContractType[] = "ContractType";

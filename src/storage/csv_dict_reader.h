@@ -17,10 +17,10 @@ class CSVDictReader {
     // The dictionaries of the whole file, the last record first; the reader owns them. In a record
     // the first value of a key counts, and a last key without a value gets the empty text.
     List<Texts>* get_List();
-
-  private:
+    // Reads the rest of the file into the list.
     void internalGetList();
 
+  private:
     List<Texts> list_;
     CSVArrayReader reader_;
 };

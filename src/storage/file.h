@@ -7,7 +7,8 @@
 
 namespace vel {
 
-enum accesstype {
+// A fixed underlying type: without it, a value outside is undefined.
+enum accesstype : int {
     accessRead = 0,    // "r"
     accessWrite = 1,   // "w", truncates
     accessAppend = 2,  // "a"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include "database/array_compare_with_row_condition.h"
 #include "database/database.h"
 #include "database/multy_value_match.h"
 #include "tests/support/dump.h"
@@ -277,6 +278,7 @@ TEST_F(Model, MatchesSeveralValues) {
     EXPECT_EQ(table->FindByIndex("Name", "red", row.Receive()), 0);
     EXPECT_EQ(Value(*row, "ID"), "1");
     IRow* none = row.get();
+    EXPECT_TRUE(ArrayCompareWithRowCondition(nullptr).Matches({}));
     EXPECT_EQ(table->FindByIndex("Colour", "red", none), 1);
     EXPECT_EQ(none, nullptr);
 }

@@ -99,6 +99,7 @@ TEST(String, Replace) {
     ExpectState(String("ba").Replace(withNul, "Z"), 3, 3, "ba");
     ExpectState(String("axyb").Replace("xy", withNul), 5, 5, "aa");
     ExpectState(Null().Replace("a", "b"), 0, 0, nullptr);
+    ExpectState(String().Replace(String::FromBytes("", 1), "b"), 1, 1, "");
 }
 
 }  // namespace

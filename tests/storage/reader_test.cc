@@ -15,6 +15,7 @@ TEST(CSVDictReader, NewestFirst) {
     WriteFile("csv", ";name;Ann;city;Oslo;name;Bob;\n;\nskipped\n;;;name;\n");
     char path[] = "csv";
     CSVDictReader reader(path, ';');
+    reader.internalGetList();
     for (int i = 0; i < 2; ++i) {
         std::string all;
         auto& list = *reader.get_List();

@@ -27,7 +27,7 @@ Names SettingValues() {
     Names names;
     for (const vel::SettingColumn& column : vel::kSettingColumns) {
         const std::string name = column.name;
-        if (name != kID && name != kNetworkID && name != kCountryID) {
+        if (name != kID && name != kNetworkID && name != kCountryID && !column.isUnused) {
             names.push_back(column.name);
         }
     }

@@ -86,7 +86,9 @@ class CatalogueMaker {
     void AddSettings(const std::vector<Network>& networks) {
         std::vector<std::string> columns;
         for (const vel::SettingColumn& column : vel::kSettingColumns) {
-            columns.emplace_back(column.name);
+            if (!column.isUnused) {
+                columns.emplace_back(column.name);
+            }
         }
         columns.emplace_back(kNumbers);
         Begin(schema::kBasicDUNSettings, columns);
