@@ -3,14 +3,13 @@
 #include "session/call_frame.h"
 #include "session/host_text.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
 long Velmor_GetNrCountries(long aHandle) {
     return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        return CountOf(Velmor::getVelmor()->countries);
+        return CountOf(frame.session().countries);
     });
 }
 
@@ -21,7 +20,7 @@ long Velmor_GetCountryByIndex(long aHandle, long aCountryIndex, char* aCountryDe
         frame.In("aCountryIndex", aCountryIndex);
         frame.InAddress("aCountryDescription", aCountryDescription);
         frame.In("sizeIO", sizeIO);
-        const auto country = RowAt(Velmor::getVelmor()->countries, aCountryIndex);
+        const auto country = RowAt(frame.session().countries, aCountryIndex);
         FillText(aCountryDescription, sizeIO, country.Text(schema::kName));
         frame.Out("aCountryDescription", aCountryDescription, sizeIO);
         return country ? 0 : -1;

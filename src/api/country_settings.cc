@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dun_setting.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -9,7 +8,7 @@ long Velmor_GetCountryNrOfBasicDUNSettings(long aHandle, long aCountryIndex) {
     return Framed("Velmor_GetCountryNrOfBasicDUNSettings", -1, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
         frame.In("aCountryIndex", aCountryIndex);
-        Velmor& session = *Velmor::getVelmor();
+        Velmor& session = frame.session();
         const auto country = RowAt(session.countries, aCountryIndex);
         if (!country) {
             return -1;
@@ -36,7 +35,7 @@ long Velmor_GetCountryBasicDUNSettingByIndex(long aHandle, long aCountryIndex,
         SettingOutput output(settingIO);
 
         const bool known = Velmor_GetCountryNrOfBasicDUNSettings(aHandle, aCountryIndex) >= 0;
-        const Velmor& session = *Velmor::getVelmor();
+        const Velmor& session = frame.session();
         const auto row = known ? RowAt(session.countrySettings, aBasicDUNSettingIndex) : RowView();
         const auto country = RowNamedBy(row, schema::kCountryID, session.countries);
         FillSetting(*output, row, country.Text(schema::kName), {}, SettingId(row));

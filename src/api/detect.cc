@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "api/at_commands.h"
 #include "detection/at_command.h"
-#include "detection/at_compress.h"
 #include "detection/detection.h"
 #include "session/call_frame.h"
 #include "session/host_text.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -16,7 +15,7 @@ constexpr char kMessages[][24] = {"Manufacturer Detected !", "Phone Detected !",
 
 // A buffer of the host for the raw answers about a subject.
 struct ResponseBuffer {
-    void Fill(const TextView& text) const { FillText(bytes, size, text); }
+    void Fill(const TextView& text) const { FillBytes(bytes, size, text); }
 
     char* bytes;
     long size;
@@ -30,7 +29,7 @@ long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO, long manuR
                                   char* phoneResponseIO, long phoneResponse_sizeIO) {
     return Framed("Velmor_DetectPhoneAndNetwork", -1, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        Velmor& session = *Velmor::getVelmor();
+        Velmor& session = frame.session();
         session.ForgetDetection();
         const ResponseBuffer responses[] = {{manuResponseIO, manuResponse_sizeIO},
                                             {phoneResponseIO, phoneResponse_sizeIO},
@@ -43,19 +42,21 @@ long Velmor_DetectPhoneAndNetwork(long aHandle, char* manuResponseIO, long manuR
         }
         const auto ask = [&](Subject subject, const Attempt& attempt) {
             String answer;
-            SendATCommand(attempt.command, answer, attempt.line);
+            SendATCommand(session, attempt.command, answer, attempt.line);
             responses[static_cast<int>(subject)].Fill(answer);
             return answer;
         };
-        const auto makeKey = [](String& answer, const char* recipe) { MakeKey(answer, recipe); };
+        const auto makeKey = [&](String& answer, const char* recipe) {
+            MakeKey(session, answer, recipe);
+        };
         const auto found = [&](Subject subject, const String& id) {
             frame.Line2(kMessages[static_cast<int>(subject)], id);
         };
         Detected detected = Detect({session.manufacturerIdentification, session.phoneIdentification,
                                     session.networkIdentification, session.basicDUNSettings},
                                    {ask, makeKey, found});
-        const int count = CountOf(detected.settings);
-        frame.Line("Number of settings", String::FromLong(count).c_str());
+        const long count = CountOf(detected.settings);
+        frame.Line("Number of settings", count);
         const bool nothing = count == 0 && detected.phoneId.IsEmpty();
         session.detectedPhoneId = std::move(detected.phoneId);
         session.detectedNetworkId = std::move(detected.networkId);

@@ -4,7 +4,6 @@
 #include "session/call_frame.h"
 #include "session/host_text.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -16,16 +15,16 @@ long Velmor_GetDetectedPhone(long aHandle, char* nameIO, long name_sizeIO, char*
         frame.In("name_sizeIO", name_sizeIO);
         frame.InAddress("manuIO", manuIO);
         frame.In("manu_sizeIO", manu_sizeIO);
-        FillText(nameIO, name_sizeIO, {});
-        FillText(manuIO, manu_sizeIO, {});
-        const Velmor& session = *Velmor::getVelmor();
+        FillBytes(nameIO, name_sizeIO, {});
+        FillBytes(manuIO, manu_sizeIO, {});
+        const Velmor& session = frame.session();
         if (session.detectedPhoneId.IsEmpty()) {
             return -1;
         }
         const auto phone = RowById(session.phones, session.detectedPhoneId);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
-        FillText(nameIO, name_sizeIO, phone.Text(schema::kName));
-        FillText(manuIO, manu_sizeIO, manufacturer.Text(schema::kName));
+        FillBytes(nameIO, name_sizeIO, phone.Text(schema::kName));
+        FillBytes(manuIO, manu_sizeIO, manufacturer.Text(schema::kName));
         frame.Out("nameIO", nameIO, name_sizeIO);
         frame.Out("name_sizeIO", name_sizeIO);
         frame.Out("manuIO", manuIO, manu_sizeIO);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dun/dial_texts.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -9,7 +8,7 @@ long Velmor_GetNrDetectedDUNSettings(long aHandle, long* countO) {
     return Framed("Velmor_GetNrDetectedDUNSettings", -1, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
         frame.InAddress("countO", countO);
-        const long count = CountOf(Velmor::getVelmor()->detectedSettings);
+        const long count = CountOf(frame.session().detectedSettings);
         if (countO != nullptr) {
             *countO = count;
         }
@@ -24,16 +23,18 @@ long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index, Velmor_DUNSet
         frame.In("index", index);
         frame.InAddress("settingIO", settingIO);
         SettingOutput output(settingIO);
-        const Velmor& session = *Velmor::getVelmor();
+        const Velmor& session = frame.session();
         const auto row = RowAt(session.detectedSettings, index);
         RowView country;
         String networkType;
         if (session.detectedSettings) {
             // For compatibility also without a row: the identifiers are empty then.
             country = RowById(session.countries, row.Text(schema::kCountryID));
-            networkType = NetworkType(row.Text(schema::kNetworkID));
+            networkType = NetworkType(session.networks, row.Text(schema::kNetworkID));
         }
-        const PhoneRows phone(session.detectedPhoneId.c_str(), networkType);
+        // The whole identifier, a NUL inside included; without a detection the empty text.
+        const String phoneId = TextView(session.detectedPhoneId).ToString();
+        const PhoneRows phone(session.basicDUNForPhone, phoneId, networkType);
         const DialTexts texts = phone.TextsFor(frame, row);
         FillSetting(*output, row, country.Text(schema::kName), texts, SettingId(row));
         TraceSetting(frame, *output);

@@ -3,7 +3,6 @@
 #include "foundation/number.h"
 #include "session/call_frame.h"
 #include "session/open_session.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -13,16 +12,17 @@ long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunct
 }
 
 void Velmor_DeInitialise(void) {
-    Guarded([] {
-        const CallFrame frame("Velmor_DeInitialise");
-        Velmor::getVelmor()->Release();
+    Velmor& session = *Velmor::getVelmor();
+    Guarded([&] {
+        const CallFrame frame(session, "Velmor_DeInitialise");
+        session.Release();
     });
 }
 
 long Velmor_GetVersionDatabase(long aHandle) {
     return Framed("Velmor_GetVersionDatabase", -1, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        const Velmor& session = *Velmor::getVelmor();
+        const Velmor& session = frame.session();
         if (!session.database) {
             return -1;
         }

@@ -4,14 +4,13 @@
 #include "session/call_frame.h"
 #include "session/host_text.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
 long Velmor_GetNrOfPhones(long aHandle) {
     return Framed("Velmor_GetNrOfPhones", 0, [&](CallFrame& frame) -> long {
         frame.In("aHandle", aHandle);
-        return CountOf(Velmor::getVelmor()->phones);
+        return CountOf(frame.session().phones);
     });
 }
 
@@ -28,11 +27,11 @@ long Velmor_GetPhoneByIndex(long aHandle, long aPhoneIndex, long* aPhoneId, char
         if (aPhoneId != nullptr) {
             *aPhoneId = id;
         }
-        const Velmor& session = *Velmor::getVelmor();
+        const Velmor& session = frame.session();
         const auto phone = RowAt(session.phones, aPhoneIndex);
         const auto manufacturer = RowNamedBy(phone, schema::kManufacturerID, session.manufacturers);
         if (manufacturer) {
-            String description = manufacturer.Text(schema::kName).ToString();
+            String description = manufacturer.Text(schema::kName).c_str();
             description.Append(": ");
             description.Append(phone.Text(schema::kName).c_str());
             FillText(aPhoneDescription, sizeIO, description);

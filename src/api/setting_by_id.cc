@@ -2,7 +2,6 @@
 #include "dun/dial_texts.h"
 #include "foundation/number.h"
 #include "session/schema.h"
-#include "session/session.h"
 
 using namespace vel;
 
@@ -16,7 +15,7 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         SettingOutput output(settingIO);
         const std::int32_t phoneId = Saturate(aPhoneId);
         const std::int32_t settingId = Saturate(aBasicDUNSettingId);
-        const Velmor& session = *Velmor::getVelmor();
+        const Velmor& session = frame.session();
         const auto row = RowById(session.basicDUNSettings, String::FromLong(settingId));
         if (row) {
             frame.Line("Setting found for dunId");
@@ -25,7 +24,8 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         if (country) {
             frame.Line("Country found");
         }
-        const PhoneRows phone(String::FromLong(phoneId), NetworkType(row.Text(schema::kNetworkID)));
+        const String networkType = NetworkType(session.networks, row.Text(schema::kNetworkID));
+        const PhoneRows phone(session.basicDUNForPhone, String::FromLong(phoneId), networkType);
         if (phone.IsUnique()) {
             frame.Line("init strings found");
         }

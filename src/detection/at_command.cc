@@ -6,7 +6,6 @@
 #include "runtime/cancellation.h"
 #include "session/call_frame.h"
 #include "session/schema.h"
-#include "session/session.h"
 #include "session/setting.h"
 
 namespace vel {
@@ -64,12 +63,12 @@ void TraceBlock(CallFrame& frame, const char* title, const String& text) {
 
 }  // namespace
 
-int SendATCommand(const String& cmd, String& responseO, int lineI) {
+int SendATCommand(Velmor& session, const String& cmd, String& responseO, int lineI) {
     auto exchange = [&](CallFrame& frame) -> long {
         frame.In("cmd", cmd);
         frame.In("lineI", lineI);
         frame.In("responseO", responseO);
-        const Link link(*Velmor::getVelmor());
+        const Link link(session);
         responseO = "";
         if (!link.Send(cmd)) {
             frame.Out("responseO", responseO);
@@ -96,13 +95,7 @@ int SendATCommand(const String& cmd, String& responseO, int lineI) {
         frame.Out("responseO", responseO);
         return 1;
     };
-    return static_cast<int>(InFrame("ATCommand", 1, exchange));
+    return static_cast<int>(InFrame(session, "ATCommand", 1, exchange));
 }
 
 }  // namespace vel
-
-int ATCommand(const vel::String& cmd, vel::String& responseO, int lineI) {
-    int status = 1;
-    vel::Guarded([&] { status = vel::SendATCommand(cmd, responseO, lineI); });
-    return status;
-}

@@ -2,24 +2,12 @@
 #pragma once
 
 #include "foundation/string.h"
-#include "velmor.h"
-
-// Sends one AT command to the phone (3GPP TS 27.007, ITU-T V.250) and reads its answer, byte by
-// byte through the host's callbacks, up to a line that ends "OK\r\n" or "ERROR\r\n".
-//
-// cmd        the command with its own terminator, "AT+CGMI\r"
-// responseO  takes the relevant line of the answer without its line end; empty when there is none
-// lineI      which line is relevant, as for vel::ATAnswer::Line
-//
-// Returns 0 when the phone answered OK and 1 otherwise: nothing could be sent, a byte did not come
-// within AT-RETRY repetitions, or the phone answered ERROR. A line such as "+CME ERROR: 10" ends
-// nothing. Only the host's read callback bounds the call: as long as it delivers bytes and neither
-// of the two endings comes, the library reads on and keeps what it has read.
-VELMOR_EXPORT int ATCommand(const vel::String& cmd, vel::String& responseO, int lineI);
+#include "session/session.h"
 
 namespace vel {
 
-// The same for the library's own use: throws when memory runs out.
-int SendATCommand(const String& cmd, String& responseO, int lineI);
+// Sends an AT command and reads its answer, as the exported ATCommand (api/at_commands.h), but
+// throws when memory runs out.
+int SendATCommand(Velmor& session, const String& cmd, String& responseO, int lineI);
 
 }  // namespace vel

@@ -2,7 +2,6 @@
 #include "dun/dial_texts.h"
 
 #include "session/schema.h"
-#include "session/session.h"
 
 namespace vel {
 namespace {
@@ -23,10 +22,8 @@ String Expand(const String& text, const Placeholder& placeholder, const String& 
     return text.Replace(placeholder.text, value, most);
 }
 
-PhoneRows::PhoneRows(const String& phoneId, const String& networkType) {
-    rows_ = FindRows(Velmor::getVelmor()->basicDUNForPhone,
-                     {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}});
-}
+PhoneRows::PhoneRows(const TablePointer& texts, const String& phoneId, const String& networkType)
+    : rows_(FindRows(texts, {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}})) {}
 
 DialTexts PhoneRows::TextsFor(CallFrame& frame, const RowView& row) const {
     DialTexts texts;
@@ -50,9 +47,8 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const RowView& row) const {
     return texts;
 }
 
-String NetworkType(const TextView& networkId) {
-    const auto network = RowById(Velmor::getVelmor()->networks, networkId);
-    return network.Text(schema::kNetworkType).ToString();
+String NetworkType(const TablePointer& networks, const TextView& networkId) {
+    return RowById(networks, networkId).Text(schema::kNetworkType).ToString();
 }
 
 }  // namespace vel

@@ -27,7 +27,8 @@ String Expand(const String& text, const Placeholder& placeholder, const String& 
 // are ambiguous.
 class PhoneRows {
   public:
-    PhoneRows(const String& phoneId, const String& networkType);
+    // `texts` is the table BasicDUNForPhone.
+    PhoneRows(const TablePointer& texts, const String& phoneId, const String& networkType);
 
     int get_Count() const { return CountOf(rows_); }
     bool IsUnique() const { return get_Count() == 1; }
@@ -40,7 +41,7 @@ class PhoneRows {
     RowsPointer rows_;
 };
 
-// The type of a network; empty when the network is not in the catalogue.
-String NetworkType(const TextView& networkId);
+// The type of a network in the table Networks; empty when it is not there.
+String NetworkType(const TablePointer& networks, const TextView& networkId);
 
 }  // namespace vel

@@ -3,25 +3,28 @@
 
 #include "foundation/string.h"
 #include "runtime/guard.h"
+#include "session/session.h"
 
 namespace vel {
 
-// The frame in which every exported operation runs. It writes the entry line, keeps the trace
-// depth, and writes the exit line and the result on every way out. Operations write their argument
-// and output lines through it:
+// The frame in which every exported operation runs. It has the session, writes the entry line,
+// keeps the trace depth, and writes the exit line and the result on every way out. Operations write
+// their argument and output lines through it:
 //
 //     long Velmor_GetNrCountries(long aHandle) {
 //         return Framed("Velmor_GetNrCountries", 0, [&](CallFrame& frame) -> long {
 //             frame.In("aHandle", aHandle);
-//             return ...;
+//             return CountOf(frame.session().countries);
 //         });
 //     }
 class CallFrame {
   public:
-    explicit CallFrame(const char* name);
+    CallFrame(Velmor& session, const char* name);
     ~CallFrame();
     CallFrame(const CallFrame&) = delete;
     CallFrame& operator=(const CallFrame&) = delete;
+
+    Velmor& session() const { return session_; }
 
     // "label <= value"; a pointer is written as its address under the label "(long)label".
     void In(const char* label, long value);
@@ -31,11 +34,12 @@ class CallFrame {
 
     // "label => value"; at most `size` bytes of a host's buffer.
     void Out(const char* label, long value);
-    void Out(const char* label, const String& text);
+    void Out(const char* label, const String& text) { Out(label, text.c_str(), text.count); }
     void Out(const char* label, const char* buffer, long size);
 
-    // A line of one fragment, the second text following the first directly.
-    void Line(const char* text, const char* value = "");
+    // A line of one fragment, text or number following the first text directly.
+    void Line(const char* text, const char* value = nullptr);
+    void Line(const char* text, long number);
     // A line of two fragments.
     void Line2(const char* label, const String& text);
 
@@ -43,6 +47,7 @@ class CallFrame {
     void SetResult(long result);
 
   private:
+    Velmor& session_;
     const char* name_;
     long result_ = 0;
     bool hasResult_ = false;
@@ -54,7 +59,7 @@ using FrameBody = FunctionRef<long(CallFrame&)>;
 // Runs the body in a frame and returns what it returns. When the body throws, the frame reports
 // `failure` and the exception goes on: for operations that the library itself calls, which must not
 // take a lack of memory for an answer.
-long InFrame(const char* name, long failure, FrameBody body);
+long InFrame(Velmor& session, const char* name, long failure, FrameBody body);
 
 // The frame of an exported operation: nothing is thrown out of it. A body that throws has the
 // result `failure`.

@@ -10,12 +10,12 @@ namespace vel {
 long OpenSession(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                  Velmor_SendFunction aSendFunction, EncodedCopy copy) {
     PrepareThread();
+    Velmor& session = *Velmor::getVelmor();
     // Held off over both parts: between them the session would be half open.
     const bool outermost = Cancellation::HoldOff();
     // Before the frame: the catalogue says whether this call is traced.
-    const bool loaded = Guarded([&] { Velmor::getVelmor()->Init(aDatabaseFile, copy); });
+    const bool loaded = Guarded([&] { session.Init(aDatabaseFile, copy); });
     const long result = Framed("Velmor_Initialise", -1, [&](CallFrame& frame) -> long {
-        Velmor& session = *Velmor::getVelmor();
         frame.In("aDatabaseFile", aDatabaseFile);
         frame.InAddress("aReadFunction", reinterpret_cast<const void*>(aReadFunction));
         frame.InAddress("aSendFunction", reinterpret_cast<const void*>(aSendFunction));

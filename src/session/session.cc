@@ -68,7 +68,7 @@ void Velmor::Init(const char* aDatabaseFile, EncodedCopy copy) {
     traceSwitch = trace == 'y' || trace == 'Y';
 }
 
-TablePointer Velmor::FetchTable(const char* name) const {
+TablePointer Velmor::FetchTable(const String& name) const {
     TablePointer table;
     if (database) {
         database->get_Table(name, table.Receive());

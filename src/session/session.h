@@ -31,7 +31,7 @@ class Velmor {
     // Drops what the last detection found.
     void ForgetDetection();
     // The table of that name, null when there is none.
-    vel::TablePointer FetchTable(const char* name) const;
+    vel::TablePointer FetchTable(const vel::String& name) const;
 
     vel::Pointer<vel::IDatabase> database;
     vel::TablePointer phones;

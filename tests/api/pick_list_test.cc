@@ -3,6 +3,8 @@
 
 #include "tests/support/session.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 class PickLists : public SessionTest {};
@@ -17,11 +19,15 @@ TEST_F(PickLists, Countries) {
                                                      : std::string(7, '\0'));
     }
     EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, nullptr, 8), 0);
+    ASSERT_EQ(Initialise(SampleSource().AddRow("Countries", "#9#Nor\0d#"s).text()), 0);
+    char name[] = "xxxxxxx";
+    EXPECT_EQ(Velmor_GetCountryByIndex(0, 0, name, 7), 0);
+    EXPECT_EQ(std::string(name, 7), "Nor\0\0\0\0"s);  // a text ends at its first NUL
 }
 
 TEST_F(PickLists, Phones) {
     const struct {
-        const char* row;
+        std::string row;
         long result, id;
         const char* description;
     } rows[] = {
@@ -32,12 +38,17 @@ TEST_F(PickLists, Phones) {
         {"#7##2#", 0, 7, "Brontel: "},
         {"#7#X#3#", -1, -1, ""},
         {"#7#X##", -1, -1, ""},
+        {"#7#X\0#9#"s, 0, 7, "Ma: X"},
     };
     long id = 5;
     char text[32] = "x";
     for (const auto& row : rows) {
         SCOPED_TRACE(row.row);
-        ASSERT_EQ(Initialise(SampleSource().AddRow("Phones", row.row).text()), 0);
+        ASSERT_EQ(Initialise(SampleSource()
+                                 .AddRow("Phones", row.row)
+                                 .AddRow("Manufacturers", "#9#Ma\0ker#"s)
+                                 .text()),
+                  0);
         EXPECT_EQ(Velmor_GetNrOfPhones(0), 4);
         EXPECT_EQ(Velmor_GetPhoneByIndex(0, 0, &id, text, sizeof text), row.result);
         EXPECT_EQ(id, row.id);

@@ -3,8 +3,7 @@
 // request is an allocation or a stdio call.
 #include <cstring>
 
-#include "detection/at_command.h"
-#include "detection/at_compress.h"
+#include "api/at_commands.h"
 #include "session/host_text.h"
 #include "storage/crypt.h"
 #include "tests/support/end_session.h"
@@ -162,9 +161,21 @@ class Judge {
     std::size_t usualFrom_ = 0;  // the calls before this one answer as without a session
 };
 
+class FaultSweep;
+
+// A sweep: which requests fail, and how. Each is a test of its own, so that they run side by side.
+struct Kind {
+    const char* name;
+    void (FaultSweep::*sweep)(Fail how, std::size_t every);
+    Fail how;
+    // Four fifths of the failure points that the sweep has now, without and with trace.
+    std::size_t least, leastTraced;
+};
+
 // A catalogue, and what a session with it answers.
-class FaultSweep : public SessionTest {
-  protected:
+class FaultSweep : public SessionTest,
+                   public testing::WithParamInterface<std::tuple<const Kind*, bool>> {
+  public:
     // Takes a plain catalogue with tracing and its copy, or a stored one that is longer than a
     // block of reading and a copy of something else. Both have two tables of one name, so the
     // library refuses one and takes it apart.
@@ -190,57 +201,53 @@ class FaultSweep : public SessionTest {
         EndAll();
     }
 
-    // Lets each request of one kind fail in turn, step by step. There are at least `least`. The
-    // session goes on after each failure whose number is a multiple of `every`.
-    template <class Kind>
-    void Sweep(std::string name, typename Kind::Fail how, std::size_t every, std::size_t least) {
-        const char* const modes[] = {", once", ", from there on", ", short"};
-        name += modes[static_cast<int>(how)];
+    // Lets each request of one kind fail in turn, step by step. The session goes on after each
+    // failure whose number is a multiple of `every`.
+    template <class Requests>
+    void Sweep(Fail how, std::size_t every) {
         EndAll();
         const std::ptrdiff_t live = allocation::Live();
-        std::size_t points = 0;
         for (std::size_t step = 0; step < kStepCount; ++step) {
             { const Session opened; }
             bool failed = true;
             for (std::size_t n = 1; failed; ++n) {
                 if (step == 0) {
                     EndAll();
-                    ASSERT_EQ(allocation::Live(), live) << name << ", " << n;
+                    ASSERT_EQ(allocation::Live(), live) << n;
                 }
-                Fault<Kind>(step, n, how, n % every == 0, failed);
-                ASSERT_FALSE(HasFailure()) << name << ", " << kSteps[step].name << ", " << n;
-                points += failed ? 1 : 0;
+                Fault<Requests>(step, n, how, n % every == 0, failed);
+                ASSERT_FALSE(HasFailure()) << kSteps[step].name << ", " << n;
+                points_ += failed ? 1 : 0;
             }
             EndAll();
-            ASSERT_EQ(allocation::Live(), live) << name << ", " << kSteps[step].name;
+            ASSERT_EQ(allocation::Live(), live) << kSteps[step].name;
         }
-        std::cout << name << ": " << points << " failure points\n";
-        EXPECT_GE(points, least) << name;
     }
 
+  protected:
     // Does a step in which the n-th request fails. To go on, the session does all later steps while
     // requests still fail, and then all steps without failures.
-    template <class Kind>
-    void Fault(std::size_t step, std::size_t n, typename Kind::Fail how, bool goOn, bool& failed) {
-        constexpr bool kFiles = std::is_same_v<Kind, stdio>;
+    template <class Requests>
+    void Fault(std::size_t step, std::size_t n, Fail how, bool goOn, bool& failed) {
+        constexpr bool kFiles = std::is_same_v<Requests, stdio>;
         std::filesystem::remove(vel::kTraceLogPath);
         std::size_t read = bytes_.size();
         if constexpr (kFiles) {
             read = step == 0 ? ReadUntil(n, how) : read;
         }
         const Session usual = read == bytes_.size() ? usual_ : OfTheFirst(read);
-        Judge judge(usual, without_, !kFiles, how == Kind::Fail::kFromThereOn);
+        Judge judge(usual, without_, !kFiles, how == Fail::kFromThereOn);
         text = "acme-x";
         if (step == 0) {
             WriteFile("catalogue.encode", copy_);
         }
-        Kind::FailAfter(n, how);
+        Requests::FailAfter(n, how);
         bool good = judge.Accepts(step, Do(step));
-        goOn = Kind::HasFailed() && (goOn || read != bytes_.size());
+        goOn = Requests::HasFailed() && (goOn || read != bytes_.size());
         for (std::size_t i = step + 1; goOn && i < kStepCount; ++i) {
             good = judge.Accepts(i, Do(i)) && good;
         }
-        failed = Kind::FailAfter(0);
+        failed = Requests::FailAfter(0);
         EXPECT_TRUE(good);
         EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
         EXPECT_EQ(stdio::Live(), 0);
@@ -262,12 +269,11 @@ class FaultSweep : public SessionTest {
     // How much of the catalogue is read when the n-th stdio call of the start fails. The start
     // first compares the copy of the catalogue, and writes it if it differs. Then it opens the
     // catalogue, reads it in blocks and closes it.
-    std::size_t ReadUntil(std::size_t n, stdio::Fail how) const {
+    std::size_t ReadUntil(std::size_t n, Fail how) const {
         const std::size_t opened = loading_ - 1 - (bytes_.size() + kBlock - 1) / kBlock;
         const std::size_t closed = copy_ == "other" ? 1 : 2;  // calls before that transfer nothing
-        const bool isShort = how == stdio::Fail::kShort;
-        const std::size_t first =
-            how == stdio::Fail::kFromThereOn ? 0 : opened - (isShort ? closed : 0);
+        const bool isShort = how == Fail::kShort;
+        const std::size_t first = how == Fail::kFromThereOn ? 0 : opened - (isShort ? closed : 0);
         if (n < first || n >= loading_) {
             return bytes_.size();
         }
@@ -280,22 +286,35 @@ class FaultSweep : public SessionTest {
     std::string copy_;   // the file beside it at each start
     Session usual_, without_;
     std::size_t loading_ = 0;  // the number of stdio calls that load it
+    std::size_t points_ = 0;   // the failures so far
 };
 
-// Each least number is four fifths of the failure points that the sweep has now.
-TEST_F(FaultSweep, EveryCallOfASession) {
-    for (const bool traced : {false, true}) {
-        Use(traced);
-        const std::string with = traced ? " with trace" : "";
-        const std::size_t every = traced ? 100 : 1;
-        for (const auto how : {allocation::Fail::kOnce, allocation::Fail::kFromThereOn}) {
-            Sweep<allocation>("allocations" + with, how, every, traced ? 5200 : 1050);
-        }
-        using S = stdio::Fail;
-        for (const auto how : {S::kOnce, S::kFromThereOn, S::kShort}) {
-            Sweep<stdio>("stdio" + with, how, every, traced ? 1800 : 10);
-        }
-    }
+constexpr Kind kKinds[] = {
+    {"AllocationsOnce", &FaultSweep::Sweep<allocation>, Fail::kOnce, 1050, 3350},
+    {"AllocationsFromThereOn", &FaultSweep::Sweep<allocation>, Fail::kFromThereOn, 1050, 3350},
+    {"StdioOnce", &FaultSweep::Sweep<stdio>, Fail::kOnce, 15, 1800},
+    {"StdioFromThereOn", &FaultSweep::Sweep<stdio>, Fail::kFromThereOn, 15, 1800},
+    {"StdioShort", &FaultSweep::Sweep<stdio>, Fail::kShort, 15, 1800},
+};
+
+std::string NameOf(const Kind& kind, bool traced) {
+    return kind.name + std::string(traced ? "Traced" : "");
 }
+
+TEST_P(FaultSweep, EveryCallOfASession) {
+    const auto [kind, traced] = GetParam();
+    Use(traced);
+    (this->*kind->sweep)(kind->how, traced ? 100 : 1);
+    std::cout << NameOf(*kind, traced) << ": " << points_ << " failure points\n";
+    EXPECT_GE(points_, traced ? kind->leastTraced : kind->least);
+}
+
+INSTANTIATE_TEST_SUITE_P(, FaultSweep,
+                         testing::Combine(testing::Values(&kKinds[0], &kKinds[1], &kKinds[2],
+                                                          &kKinds[3], &kKinds[4]),
+                                          testing::Bool()),
+                         [](const auto& tested) {
+                             return NameOf(*std::get<0>(tested.param), std::get<1>(tested.param));
+                         });
 
 }  // namespace

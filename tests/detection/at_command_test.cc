@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "detection/at_command.h"
-
-#include "detection/at_compress.h"
+#include "api/at_commands.h"
 #include "detection/final_result.h"
+#include "tests/support/dump.h"
 #include "tests/support/scripted_phone.h"
 
+using namespace std::string_literals;
 using vel::String;
 
 namespace {
@@ -120,7 +120,7 @@ TEST_F(ATCommands, ReadAttemptsAndTimeOut) {
 
 TEST_F(ATCommands, Compress) {
     const struct {
-        const char *upperCase, *remove, *compress, *answer, *key;
+        std::string upperCase, remove, compress, answer, key;
     } rows[] = {
         {"Y", " -", "", "Acme-Mobile One", "ACMEMOBILEONE"},
         {"", "", " ", "a  b", "a  b"},
@@ -130,19 +130,21 @@ TEST_F(ATCommands, Compress) {
         {"Y", "", "x", "XXxxXX", "XXXXX"},
         {"Y", "", "", "\xe4{`az", "\xe4{`AZ"},
         {"Y", "a", "a", "", ""},
+        {"", "a\0b"s, "", "a\0bc"s, "c"},
+        {"y", "", "a\0b"s, "aabb\0\0"s, "AB\0"s},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.answer);
         SampleSource source;  // the first row of a name counts
         const std::string recipe = "PhoneIdentificationVariables";
-        source.AddRow(recipe, std::string("#MakeUpperCase#") + row.upperCase + "#");
-        source.AddRow(recipe, std::string("#RemoveCharacters#") + row.remove + "#");
-        Start(source.AddRow(recipe, std::string("#Compress#") + row.compress + "#"));
-        String answer(row.answer);
-        EXPECT_EQ(ATCompress(answer, "PhoneIdentificationVariables"), 0);
-        EXPECT_EQ(answer, String(row.key));
-        EXPECT_EQ(ATCompress(answer, "NoSuchRecipe"), 0);
-        EXPECT_EQ(answer, String(row.key));
+        source.AddRow(recipe, "#MakeUpperCase#" + row.upperCase + "#");
+        source.AddRow(recipe, "#RemoveCharacters#" + row.remove + "#");
+        Start(source.AddRow(recipe, "#Compress#" + row.compress + "#"));
+        String answer = Text(row.answer);
+        EXPECT_EQ(ATCompress(answer, Text(recipe + "\0x"s)), 0);  // no such recipe
+        EXPECT_EQ(Plain(answer), row.answer);
+        EXPECT_EQ(ATCompress(answer, Text(recipe)), 0);
+        EXPECT_EQ(Plain(answer), row.key);
     }
 }
 

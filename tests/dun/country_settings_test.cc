@@ -4,6 +4,8 @@
 #include "tests/support/faults.h"
 #include "tests/support/session.h"
 
+using namespace std::string_literals;
+
 namespace {
 
 // A DUN setting of a country.
@@ -31,11 +33,12 @@ TEST_F(CountrySettings, FillsEveryField) {
 
 TEST_F(CountrySettings, OddValues) {
     SampleSource source;
-    source.AddRow("BasicDUNSettings", "#5##" + std::string(300, 'c') + "###########su####");
+    source.AddRow("BasicDUNSettings", "#5##" + std::string(300, 'c') + "###\0c########su####"s);
     ASSERT_EQ(Initialise(source.text()), 0);
     ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 1, 0, &setting), 0);
     EXPECT_EQ(std::string(setting.APN, 256), std::string(256, 'c'));
     EXPECT_STREQ(setting.DisplayName, "");
+    EXPECT_EQ(setting.ClientIP[1], '\0');  // what follows a NUL is left out
     EXPECT_STREQ(setting.Country, "Sudland");
     // The country selects nothing without its column. Without other columns the texts are empty.
     ASSERT_EQ(Initialise(SampleSource().Replace("#Default#CountryID#", "#Default#Country#").text()),

@@ -32,6 +32,11 @@ TEST_F(PhoneSettings, OfTheDetectedNetwork) {
         EXPECT_STREQ(setting.DialString, "");
     }
     EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, nullptr), -1);
+    // Identifiers are compared whole.
+    Start(SampleSource().Replace("ACME X100#10#", std::string("ACME X100#10\0a#", 15)));
+    Detect("99801");
+    EXPECT_EQ(Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting), -1);
+    EXPECT_STREQ(setting.DialString, "");
     // Without a row the identifiers are empty, and a catalogue can hold empty keys.
     Start(SampleSource()
               .AddRow("Countries", "##Nowhere#")

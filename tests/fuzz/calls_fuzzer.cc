@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The input is a sequence of calls of the exported functions, with their arguments and the answers
 // of the phone. Some calls run out of memory.
-#include "detection/at_command.h"
-#include "detection/at_compress.h"
-#include "session/trace.h"
+#include "api/at_commands.h"
+#include "api/trace.h"
 #include "tests/fuzz/fuzz.h"
 #include "tests/support/files.h"
 
@@ -87,7 +86,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         X arguments(input);
         const bool scripted = arguments.choice % 2 != 0;
         Phone::phone = scripted ? input : Phone::Acme();
-        const auto mode = which < 240 ? allocation::Fail::kOnce : allocation::Fail::kFromThereOn;
+        const auto mode = which < 240 ? Fail::kOnce : Fail::kFromThereOn;
         allocation::FailAfter(which < 220 ? 0 : arguments.sizes + 1, mode);
         const long result = kCalls[which % 21](arguments);
         allocation::FailAfter(0);

@@ -67,7 +67,7 @@ void CheckCipher(const std::string& text) {
     PlainCipher plain;
     vel::Crypt crypt;
     vel::String cipher, back;
-    const vel::String input = vel::String::FromBytes(text.data(), static_cast<int>(text.size()));
+    const vel::String input = Text(text);
     crypt.Encrypt(input, cipher);
     REQUIRE(Plain(cipher) == plain.Encipher(text));
     crypt.Decrypt(input, back);

@@ -3,7 +3,10 @@
 
 #include "runtime/cancellation.h"
 #include "session/open_session.h"
+#include "session/setting.h"
 #include "tests/support/scripted_phone.h"
+
+using namespace vel;
 
 namespace {
 
@@ -11,7 +14,7 @@ class Session : public PhoneTest {};
 
 TEST_F(Session, StartsAndEnds) {
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
-    EXPECT_FALSE(FileExists(vel::kTraceLogPath));
+    EXPECT_FALSE(FileExists(kTraceLogPath));
     Velmor::getVelmor()->traceDepth = 5;  // as if a call had never returned
     Start();
     EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
@@ -19,6 +22,9 @@ TEST_F(Session, StartsAndEnds) {
     EXPECT_TRUE(session.IsComplete() && session.networks && session.basicDUNForPhone);
     EXPECT_EQ(session.readFunction, ScriptedPhone::Read);
     EXPECT_EQ(Velmor_GetVersionDatabase(0), 7);
+    ITable* const variables = session.FetchTable("GeneralVariables").get();
+    EXPECT_EQ(Setting(variables).get_Setting(String("AT-RETRY")), String("3"));
+    EXPECT_EQ(Setting(nullptr).get_Setting("AT-RETRY"), String());
     Velmor_DeInitialise();
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
     Start();
@@ -26,22 +32,22 @@ TEST_F(Session, StartsAndEnds) {
 
 TEST_F(Session, LeavesNothingBesideTheCatalogueWhenToldSo) {
     WriteFile("catalogue", SampleSource().text());
-    for (const auto copy : {vel::EncodedCopy::kSkip, vel::EncodedCopy::kWrite}) {
+    for (const auto copy : {EncodedCopy::kSkip, EncodedCopy::kWrite}) {
         std::filesystem::remove("catalogue.encode");
-        EXPECT_EQ(vel::OpenSession("catalogue", ScriptedPhone::Read, nullptr, copy), 0);
+        EXPECT_EQ(OpenSession("catalogue", ScriptedPhone::Read, nullptr, copy), 0);
         EXPECT_EQ(Velmor::getVelmor()->readFunction, ScriptedPhone::Read);
-        EXPECT_EQ(FileExists("catalogue.encode"), copy == vel::EncodedCopy::kWrite);
+        EXPECT_EQ(FileExists("catalogue.encode"), copy == EncodedCopy::kWrite);
     }
 }
 
 // A call within a call leaves the end to the outer one.
 TEST(Cancellation, IsRestoredByTheOutermostCall) {
     int state = -1;
-    EXPECT_TRUE(vel::Cancellation::HoldOff());
-    EXPECT_FALSE(vel::Cancellation::HoldOff());
+    EXPECT_TRUE(Cancellation::HoldOff());
+    EXPECT_FALSE(Cancellation::HoldOff());
     pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state);
     EXPECT_EQ(state, PTHREAD_CANCEL_DISABLE);
-    vel::Cancellation::Restore();
+    Cancellation::Restore();
     pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &state);
     EXPECT_EQ(state, PTHREAD_CANCEL_ENABLE);
 }
@@ -57,7 +63,7 @@ TEST_F(Session, AnotherCatalogueReplacesTheFirst) {
         ASSERT_EQ(Initialise(SampleSource().Replace(begin + "7", begin + version).text()), 0);
         EXPECT_EQ(Velmor_GetVersionDatabase(0), number) << version;
     }
-    EXPECT_EQ(Velmor::getVelmor()->detectedPhoneId, vel::String("kept"));
+    EXPECT_EQ(Velmor::getVelmor()->detectedPhoneId, String("kept"));
     EXPECT_EQ(Velmor::getVelmor()->readFunction, nullptr);
 }
 

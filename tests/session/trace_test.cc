@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "api/trace.h"
 #include "runtime/index_exception.h"
 #include "session/call_frame.h"
 #include "session/session.h"

@@ -10,10 +10,14 @@
 
 using Lines = std::vector<std::string>;
 
+inline vel::String Text(const std::string& bytes) {
+    return vel::String::FromBytes(bytes.data(), static_cast<int>(bytes.size()));
+}
+
 inline vel::Array<vel::String> Texts(const Lines& lines) {
     vel::Array<vel::String> texts(20);
     for (const std::string& line : lines) {
-        texts.Append(line.c_str());
+        texts.Append(Text(line));
     }
     return texts;
 }

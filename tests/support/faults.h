@@ -4,13 +4,14 @@
 #include <cstddef>
 #include <utility>
 
+// Which requests fail. A short one transfers half of its bytes, and the next one fails.
+enum class Fail { kOnce, kFromThereOn, kShort };
+
 // Counts the requests of a test program, and lets those fail that a test chooses. There are two
 // kinds: allocations with new, and stdio calls (through the linker's --wrap, CMakeLists.txt).
 template <class Kind>
 class Faults {
   public:
-    // Which requests fail. A short one transfers half of its bytes, and the next one fails.
-    enum class Fail { kOnce, kFromThereOn, kShort };
     enum class Fate { kGranted, kHalved, kRefused };
 
     // Requests since the program started.
