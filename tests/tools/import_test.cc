@@ -13,14 +13,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The files of the test with real data. Others can be named in the environment.
-std::string FromEnvironment(const char* variable, const char* otherwise) {
-    const char* value = std::getenv(variable);
-    return value == nullptr ? otherwise : value;
+// The operators' data of a distribution. Other data can be named in the environment.
+std::string RealFile() {
+    const char* value = std::getenv("VELMOR_OPERATORS");
+    return value == nullptr ? "/usr/share/mobile-broadband-provider-info/serviceproviders.xml"
+                            : value;
 }
-const std::string kRealFile = FromEnvironment(
-    "VELMOR_OPERATORS", "/usr/share/mobile-broadband-provider-info/serviceproviders.xml");
-const std::string kAndroid = FromEnvironment("VELMOR_ANDROID", "");  // a folder
 
 const std::string kHere = VELMOR_TESTS_DIR "/tools/";
 const std::string kIso = " --iso " + kHere + "countries.json";
@@ -203,7 +201,7 @@ class ImportedCatalogue : public SessionTest {};
 
 TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     pugi::xml_document document;
-    if (!document.load_file(kRealFile.c_str())) {
+    if (!document.load_file(RealFile().c_str())) {
         GTEST_SKIP() << "mobile-broadband-provider-info is not installed";
     }
     std::vector<Owner> owners;
@@ -212,14 +210,13 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         owners.push_back(ReadOwner(provider.node()));
         numbers.insert(owners.back().numbers.begin(), owners.back().numbers.end());
     }
-    const std::string android = kAndroid.empty() ? "" : " --android " + kAndroid;
-    ImportData(kRealFile + android, VELMOR_DATA_DIR "/phones.source");
+    ImportData(RealFile(), VELMOR_DATA_DIR "/phones.source");
     ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     for (const std::string& number : numbers) {
         ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
         const std::vector<std::string> expected = Expected(owners, number.substr(0, 5));
         const std::vector<std::string> offers = Detected();
-        EXPECT_TRUE(offers == expected || (expected.empty() && !android.empty())) << number;
+        EXPECT_EQ(offers, expected) << number;
         // A phone that refuses AT+CIMI, in the numeric form of AT+COPS?.
         ScriptedPhone::Play((kPhone + "AT+COPS?: +COPS: 0,2,\"").append(number).append("\"\n"));
         EXPECT_EQ(Detected(), offers) << number;
@@ -239,62 +236,6 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         }
     }
     EXPECT_GE(names.size(), 300U);
-}
-
-// Read without the code of the import: what the numbers offer that only Android's list knows.
-TEST_F(ImportedCatalogue, OffersWhatAndroidsListHas) {
-    const std::string file = kAndroid.empty() ? kHere + "operators.xml" : kRealFile;
-    pugi::xml_document operators;
-    ASSERT_TRUE(operators.load_file(file.c_str()));
-    std::set<std::string> held;
-    const char* const ids = "//gsm/network-id[not(../gid1) or string-length(@mnc) = 2]";
-    for (const auto& id : operators.select_nodes(ids)) {
-        held.insert(Text(id.node(), "concat(@mcc, @mnc)").substr(0, 5));
-    }
-    const std::string types = "concat(',', translate(@type, 'D ', 'd'), ',')";
-    const std::string rule =
-        "//apn[number(@mcc) > 1 and @mcc != 999 and string-length(@mnc) > 1 and "
-        "normalize-space(@apn) and not(@mvno_type) and not(@carrier_enabled = 'false') and "
-        "(not(string(@type)) or contains(" +
-        types + ", ',default,') or contains(" + types + ", ',*,') or contains(" + types +
-        ", ',dun,')) and not(contains(" + types +
-        ", ',mms,') and contains(translate(@apn, 'MS', 'ms'), 'mms')) and "
-        "not(starts-with(translate(@apn, 'WAP', 'wap'), 'wap') and @proxy)]";
-    std::map<std::string, std::set<std::string>> expected;
-    std::set<std::string> known;
-    const std::string folder = kAndroid.empty() ? kHere + "android" : kAndroid;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        pugi::xml_document document;
-        document.load_file(entry.path().c_str());
-        for (const auto& apn : document.select_nodes("//apn")) {
-            known.insert(Text(apn.node(), "concat(@mcc, @mnc)"));
-        }
-        for (const auto& apn : document.select_nodes(rule.c_str())) {
-            const std::string number = Text(apn.node(), "concat(@mcc, @mnc)");
-            if (held.count(number.substr(0, 5)) == 0) {
-                expected[number].insert(
-                    Text(apn.node(), "concat(@apn, '|', @user, '|', @password)"));
-            }
-        }
-    }
-    ImportData(file + " --android " + folder, VELMOR_DATA_DIR "/phones.source");
-    ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    std::size_t served = 0;
-    for (const auto& [number, points] : expected) {
-        std::set<std::string> offered;
-        ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
-        for (const std::string& offer : Detected()) {
-            offered.insert(Replaced(offer, "^[^|]*\\|(.*)\\|\\|\\|$", "$1"));
-        }
-        const bool all =
-            std::includes(offered.begin(), offered.end(), points.begin(), points.end());
-        served += all ? 1 : 0;
-        // A number of six digits may begin with another operator's, and 901 is no country.
-        const bool another = number.size() > 5 && known.count(number.substr(0, 5)) > 0;
-        EXPECT_TRUE(all || another || number.compare(0, 3, "901") == 0) << number;
-    }
-    std::cout << served << " of " << expected.size() << " numbers of Android's list are served\n";
-    EXPECT_GE(served, kAndroid.empty() ? 5 : expected.size() * 98 / 100);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ namespace tool {
 constexpr std::int64_t kHighestIdentifier = 2147483647;
 
 // A table whose identifiers last. The variable of GeneralVariables remembers the highest number
-// that was ever an identifier of the table, also of a row that is gone. It is for those who add
+// that was ever an identifier of the table, also of a row that is gone. It is for people who add
 // rows: the library does not read it.
 struct NumberedTable {
     const char* table;

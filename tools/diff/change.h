@@ -29,7 +29,7 @@ struct Change {
     std::string oldId = {};
     std::string newId = {};
     std::string country = {};     // of a network
-    bool hasMoved = false;        // from one owner to another; tells one of the two sides
+    bool hasMoved = false;        // to another owner, or from there
     std::string otherOwner = {};  // the owner on the other side
     std::vector<Change> parts = {};
 };

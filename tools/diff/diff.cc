@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 //
-// A comparison of lines would tell neither what a change means for a phone nor leave out what means
-// nothing: an import can give all identifiers anew, and most tables have no order. So the
-// catalogues are read as items that refer to each other, and catalogue/identity decides which items
-// are the same. What is left is to compare the values of partners. A change of a part is told with
-// its owner, because the owner is what a reader looks for: a key with its network, an answer with
-// its phone.
+// A comparison of lines would not tell what a change means for a phone. It would also report what
+// means nothing: another import can number all rows differently, and most tables have no order. So
+// the catalogues are read as items that refer to each other, and catalogue/identity decides which
+// items are the same. Then the values of partners are compared. A change of a part is reported
+// under its owner, where a reader looks for it: a key under its network, an answer under its phone.
 #include "diff/diff.h"
 
 #include <algorithm>
@@ -32,7 +31,7 @@ Kind OwnerOf(Kind kind) {
     return found == std::end(kOwners) ? Kind::kCount : found->second;
 }
 
-// The country of each network: that of its first setting.
+// The countries of the networks: each has the country of its first setting.
 std::vector<std::string> CountriesOfNetworks(const Content& content) {
     std::vector<std::string> countries(content[Kind::kNetwork].size());
     for (const Item& setting : content[Kind::kSetting]) {
@@ -76,7 +75,7 @@ class Comparison {
                 Compare(static_cast<Kind>(i));
             }
         }
-        // The networks are the last ones.
+        // Only networks have countries, and they are the last changes.
         std::stable_sort(result_.changes.begin(), result_.changes.end(),
                          [](const Change& a, const Change& b) { return a.country < b.country; });
         for (const Kind kind :

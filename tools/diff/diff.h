@@ -6,7 +6,7 @@
 
 namespace tool {
 
-// What the change from one catalogue to the other means.
+// Compares two catalogues.
 Difference Compare(const Content& old, const Content& fresh);
 
 }  // namespace tool

@@ -55,7 +55,7 @@ void RecordMoves(const Order& old, const Order& fresh, const Matching& matching,
     for (std::size_t i = 0; i < old.indexes.size(); ++i) {
         oldPositions[old.indexes[i]] = static_cast<int>(i);
     }
-    std::vector<int> positions;  // the old one of each new item
+    std::vector<int> positions;  // the old position of each new item
     for (const int item : fresh.indexes) {
         const auto found = oldPositions.find(matching.OldOf(static_cast<std::size_t>(item)));
         positions.push_back(found == oldPositions.end() ? kNoPosition : found->second);

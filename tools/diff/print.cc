@@ -68,7 +68,7 @@ std::string DescribeRenumbering(const Difference& difference) {
                   " something else");
 }
 
-// In one line: what is added or gone has one value, what is changed two.
+// In one line. An added or gone item has one value in each column, a changed item two.
 std::string Describe(const Change& change) {
     std::string text = One(change.kind);
     if (change.kind == Kind::kNumberKey) {
@@ -85,9 +85,10 @@ std::string Describe(const Change& change) {
         // The title has the name already.
         if (change.action == Action::kChanged || value.name != vel::schema::kName) {
             text += separator + value.name + " ";
-            text += change.action == Action::kChanged
-                        ? Quoted(value.before) + " -> " + Quoted(value.after)
-                        : Quoted(added ? value.after : value.before);
+            if (change.action == Action::kChanged) {
+                text += Quoted(value.before) + " -> ";
+            }
+            text += Quoted(change.action == Action::kGone ? value.before : value.after);
             separator = ", ";
         }
     }
@@ -103,7 +104,7 @@ void PrintChange(const Change& change, std::size_t depth) {
     }
 }
 
-// Networks have one heading for each country, other kinds one each.
+// Networks have a heading for each country, other kinds a heading each.
 std::string Heading(const Change& change) {
     if (change.kind != Kind::kNetwork) {
         return Several(change.kind);

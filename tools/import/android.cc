@@ -60,17 +60,17 @@ class AndroidPlan {
         }
     }
 
-    // A number's operator has the name of its first row, and those that several rows have: the
-    // names of single plans are no operator's. But any row can show that a name means another
-    // network too.
-    void AddBearers() {
+    // The operator of a number has the name of the number's first row, and each name that several
+    // of its rows have: other names are those of plans. But any row can show that a name means
+    // another network too.
+    void AddNames() {
         using Name = std::pair<std::string, std::string>;  // with its number
         std::map<Name, std::size_t> uses;
         std::map<Name, bool> offers;
         std::set<std::string> named;
         for (const AndroidRow& row : rows_) {
             const Name name(row.number, OperatorNameIn(row.carrier));
-            providers_.bearers.insert({row.carrier, row.number, true, false});
+            providers_.listedNames.insert({row.carrier, row.number, true, false});
             if (!name.second.empty()) {
                 const bool first = row.forInternet && named.insert(row.number).second;
                 uses[name] += first ? 2 : 1;
@@ -79,7 +79,7 @@ class AndroidPlan {
         }
         for (const auto& [name, count] : uses) {
             const bool operators = count > 1 && offers[name] && CanBeShown(name.second);
-            providers_.bearers.insert({name.second, name.first, false, operators});
+            providers_.listedNames.insert({name.second, name.first, false, operators});
         }
     }
 
@@ -96,7 +96,7 @@ class AndroidPlan {
                 const std::string name = OperatorNameIn(carrier);
                 owner.name = name.empty() ? carrier : name;
                 owner.accessPoints = points;
-                owner.namedByBearers = true;
+                owner.isFromList = true;
                 providers_.operators.push_back(std::move(owner));
                 countries_.insert(points.front().country);
             }
@@ -155,7 +155,7 @@ class AndroidPlan {
 void AddAndroidList(const std::string& path, Providers& providers, ImportReport& report) {
     const std::vector<AndroidRow> rows = ReadAndroidRows(path, report);
     AndroidPlan plan(rows, providers, report);
-    plan.AddBearers();
+    plan.AddNames();
     plan.AddOperators();
     plan.AddCountries();
 }

@@ -22,7 +22,7 @@ constexpr char kWhat[] = "Android's list of access points";
 
 // What a row is for.
 struct Types {
-    bool any = false;  // whether there is one
+    bool any = false;  // whether there is a type
     bool internet = false;
     bool mms = false;
 };

@@ -28,7 +28,7 @@ constexpr struct {
                    {Kind::kNetwork, kBasicDUNSettings, kNetworkID},
                    {Kind::kSetting, kBasicDUNSettings, kID}};
 
-// Raises the highest numbers to those of a catalogue, where its rows or variables have higher ones.
+// Raises the highest numbers to the numbers in the rows and variables of a catalogue.
 void Raise(Highest& highest, const std::string& path, const Catalogue& catalogue) {
     const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
     for (const auto& [name, variable] : kNumberedTables) {
@@ -72,7 +72,7 @@ void Remember(const Highest& highest, Catalogue& catalogue) {
     }
 }
 
-// A new catalogue beside the previous one.
+// Compares a new catalogue with the previous one, and numbers it.
 class Renewal {
   public:
     Renewal(const InputCatalogue& previous, Catalogue& fresh, Highest& highest)
@@ -105,7 +105,7 @@ class Renewal {
     }
 
     void Number() {
-        std::map<Kind, std::map<std::string, std::string>> ids;  // the last by the first ones
+        std::map<Kind, std::map<std::string, std::string>> ids;  // by their provisional identifiers
         ids[Kind::kCountry] = Number(Kind::kCountry, kCountries);
         ids[Kind::kNetwork] = Number(Kind::kNetwork, kNetworks);
         ids[Kind::kSetting] = Number(Kind::kSetting, kBasicDUNSettings);

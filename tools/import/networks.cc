@@ -1,4 +1,12 @@
 // SPDX-License-Identifier: MIT
+//
+// Detection has five digits of the subscriber's number (IMSI), or an operator's name. Neither names
+// one operator for sure: network numbers can have six digits, and operators without a network of
+// their own share the number of another. A setting of the wrong operator does not connect, and a
+// missing setting cannot be chosen at all. So a network is not an operator, but all operators that
+// hold a key, in the order in which a subscriber is likely theirs; the host offers the rest as a
+// choice. A name is weaker: a wrong country's setting can cost the subscriber money, so a name that
+// can mean two networks is no key.
 #include "import/networks.h"
 
 #include <algorithm>
@@ -14,9 +22,9 @@ namespace {
 // An operator that holds a key.
 struct Holder {
     std::size_t index;                 // of the operator
-    std::vector<std::string> numbers;  // those with the key, at least one
+    std::vector<std::string> numbers;  // the numbers with the key, at least one
 
-    // Whether one of them has no more digits than the key.
+    // Whether a number has no more digits than the key.
     bool HasKeyAsNumber() const {
         return std::any_of(numbers.begin(), numbers.end(), [](const std::string& number) {
             return number.size() == vel::kImsiDigits;
@@ -40,8 +48,8 @@ class NetworkPlan {
 
     void AddNumberKeys() {
         for (const auto& [key, holders] : HoldersOfKeys()) {
-            // Sorting puts the primary operator first, then those with just this number. Resellers
-            // with a longer number come last: most subscribers are not theirs.
+            // Sorting puts the primary operator first, then operators with just this number.
+            // Resellers with a longer number come last: most subscribers are not theirs.
             std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks;
             bool onlyResellers = true;
             for (const Holder& holder : holders) {
@@ -54,8 +62,8 @@ class NetworkPlan {
                 }
             }
             if (ranks.empty() || onlyResellers) {
-                ++(ranks.empty() ? report_[ReportLine::kNumberKeysWithoutAccess]
-                                 : report_[ReportLine::kNumberKeysOfResellers]);
+                ++report_[ranks.empty() ? ReportLine::kNumberKeysWithoutAccess
+                                        : ReportLine::kNumberKeysOfResellers];
                 continue;
             }
             std::sort(ranks.begin(), ranks.end());
@@ -87,17 +95,17 @@ class NetworkPlan {
     // A name becomes a key only when all operators with this name are in one network and in no
     // other. An operator that was left out is in no network, but the name may mean it.
     void AddNameKeys() {
-        for (const auto& [name, bearers] : BearersOfNames()) {
-            if (!bearers.offers) {
+        for (const auto& [name, meaning] : MeaningsOfNames()) {
+            if (!meaning.canBeKey) {
                 continue;
             }
-            if (name.empty()) {
-                ++report_[ReportLine::kNamesEmpty];
-            } else if (bearers.networks.size() > 1 || bearers.others || texts_.count(name) > 0) {
-                ++report_[ReportLine::kNamesShared];
-            } else {
-                ++report_[ReportLine::kNameKeys];
-                AddKey(name, *bearers.networks.begin());
+            const bool isUnclear = meaning.networks.size() > 1 || meaning.isElsewhere;
+            const ReportLine line =
+                report_.CountFirst({{ReportLine::kNamesEmpty, name.empty()},
+                                    {ReportLine::kNamesShared, isUnclear || texts_.count(name) > 0},
+                                    {ReportLine::kNameKeys, true}});
+            if (line == ReportLine::kNameKeys) {
+                AddKey(name, *meaning.networks.begin());
             }
         }
     }
@@ -109,12 +117,12 @@ class NetworkPlan {
     }
 
   private:
-    // The operators with a name.
-    struct NameBearers {
+    // What a name can mean.
+    struct Meaning {
         std::set<std::size_t> networks;
-        bool offers = false;  // whether one of them is in a network, under a name that can be a key
-        bool ofOperator = false;  // whether an operator of the data itself has it
-        bool others = false;      // whether one of them is in no network
+        bool isElsewhere = false;   // whether an operator that is in no network has the name
+        bool canBeKey = false;      // whether an operator that is in a network is known by it
+        bool isOfOperator = false;  // whether it is the name of an operator in the operators' file
     };
 
     // All operators with a number, in the order of the data. Those that are left out show which
@@ -137,32 +145,32 @@ class NetworkPlan {
         return keys;
     }
 
-    std::map<std::string, NameBearers> BearersOfNames() {
-        std::map<std::string, NameBearers> names;
+    std::map<std::string, Meaning> MeaningsOfNames() {
+        std::map<std::string, Meaning> meanings;
         for (std::size_t i = 0; i < operators_.size(); ++i) {
-            if (operators_[i].namedByBearers) {
+            if (operators_[i].isFromList) {
                 continue;
             }
-            NameBearers& bearers = names[MakeKey(recipe_, operators_[i].name)];
-            bearers.ofOperator = true;
+            Meaning& meaning = meanings[MakeKey(recipe_, operators_[i].name)];
+            meaning.isOfOperator = true;
             const std::set<std::size_t>& networks = networksOf_[i];
-            bearers.networks.insert(networks.begin(), networks.end());
-            (networks.empty() ? bearers.others : bearers.offers) = true;
+            meaning.networks.insert(networks.begin(), networks.end());
+            (networks.empty() ? meaning.isElsewhere : meaning.canBeKey) = true;
         }
-        for (const Bearer& bearer : providers_.bearers) {
-            NameBearers& bearers = names[MakeKey(recipe_, bearer.name)];
-            if (bearers.ofOperator && !bearer.isWhole) {
+        for (const ListedName& listed : providers_.listedNames) {
+            Meaning& meaning = meanings[MakeKey(recipe_, listed.name)];
+            if (meaning.isOfOperator && !listed.isWhole) {
                 continue;  // the operator's own name counts more than a part of another
             }
-            const auto network = networkOfNumber_.find(bearer.number);
+            const auto network = networkOfNumber_.find(listed.number);
             if (network == networkOfNumber_.end()) {
-                bearers.others = true;
+                meaning.isElsewhere = true;
             } else {
-                bearers.networks.insert(network->second);
-                bearers.offers |= bearer.isKey;
+                meaning.networks.insert(network->second);
+                meaning.canBeKey |= listed.canBeKey;
             }
         }
-        return names;
+        return meanings;
     }
 
     std::string KeyOf(const std::string& number) const {
@@ -196,14 +204,13 @@ class NetworkPlan {
     void AddOffers() {
         for (std::size_t i = 0; i < result_.networks.size(); ++i) {
             Network& network = result_.networks[i];
-            std::map<const AccessPoint*, std::size_t, ByValue> known;  // to its place
+            std::map<const AccessPoint*, std::size_t, ByValue> known;  // to its index
             for (const std::size_t owner : *owners_[i]) {
                 network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
                 const std::set<std::string>& numbers = numbers_[i][owner];
                 for (const AccessPoint& point : operators_[owner].accessPoints) {
                     const auto [entry, isNew] = known.emplace(&point, network.offers.size());
-                    ++(isNew ? report_[ReportLine::kSettings]
-                             : report_[ReportLine::kSettingsRepeated]);
+                    ++report_[isNew ? ReportLine::kSettings : ReportLine::kSettingsRepeated];
                     if (isNew) {
                         network.offers.push_back({&point, {}});
                     }

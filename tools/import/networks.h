@@ -12,7 +12,7 @@ namespace tool {
 // A setting of a network: an access point, and the whole numbers of the operators that have it.
 struct Offer {
     const AccessPoint* point;
-    std::set<std::string> numbers;  // those with a key of the network
+    std::set<std::string> numbers;  // the numbers with a key of the network
 };
 
 // A network of the catalogue: the names and access points of the operators that hold a key. Keys
@@ -34,8 +34,8 @@ struct Networks {
     std::vector<NetworkKey> keys;  // each once, none empty
 };
 
-// Decides which networks and keys the operators give; docs/import.md has the rules. `recipe` is the
-// one that detection applies to answers. The result points into `providers`.
+// Decides which networks and keys the operators give; docs/import.md has the rules. `recipe`: what
+// detection applies to answers. The result points into `providers`.
 Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
                         ImportReport& report);
 

@@ -42,7 +42,7 @@ struct Operator {
     std::string name;
     bool primary = false;           // whether it runs the network that others share
     bool reseller = false;          // whether its subscribers have their numbers from another
-    bool namedByBearers = false;    // whether its name is no key itself
+    bool isFromList = false;        // whether Android's list names it: then its name is no key
     std::set<std::string> numbers;  // country and network code, five or six digits
     std::vector<AccessPoint> accessPoints;
 
@@ -50,24 +50,22 @@ struct Operator {
     bool Imported() const { return !numbers.empty() && !accessPoints.empty(); }
 };
 
-// A further name of the operator with a number.
-struct Bearer {
+// A name in Android's list of the operator with a number.
+struct ListedName {
     std::string name;
     std::string number;
-    bool isWhole;  // whether it is a whole name of the list, and not a part of one
-    bool isKey;    // otherwise the name is no key, but shows what a key could mean
+    bool isWhole;   // whether it is a whole value of the list, and not a part of one
+    bool canBeKey;  // otherwise it only shows what a key could mean
 
-    bool operator<(const Bearer& other) const {
-        return std::tie(name, number, isWhole, isKey) <
-               std::tie(other.name, other.number, other.isWhole, other.isKey);
-    }
+    auto Values() const { return std::tie(name, number, isWhole, canBeKey); }
+    bool operator<(const ListedName& other) const { return Values() < other.Values(); }
 };
 
 // All countries and operators, in the order of the file.
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
-    std::set<Bearer> bearers;
+    std::set<ListedName> listedNames;
 };
 
 // Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.

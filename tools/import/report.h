@@ -11,8 +11,8 @@
 
 namespace tool {
 
-// The lines of an import's report. Each rule for what the operators' data leave open has one;
-// docs/import.md explains the rules.
+// The lines of an import's report. docs/import.md explains the rules that
+// they count.
 enum class ReportLine {
 #define LINE(name, part, label) k##name,
 #include "import/report_lines.inc"

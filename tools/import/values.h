@@ -7,7 +7,7 @@
 
 namespace tool {
 
-// Makes the values of a catalogue from those of the operators' data, and counts what it changes.
+// Makes values of a catalogue from values of the operators' data, and counts what it changes.
 class ValueReader {
   public:
     explicit ValueReader(ImportReport& report) : report_(report) {}

@@ -16,7 +16,7 @@ class XmlFile {
     pugi::xml_node Root() const { return root_; }
     // Throws a ToolError unless the file is in UTF-8. Only then Line is right.
     void RequireUtf8() const;
-    // The line of a node. Fast when each node is behind the one of the call before.
+    // The line of a node. Fast when the nodes come in their order.
     std::size_t Line(const pugi::xml_node& node);
 
   private:
@@ -25,7 +25,7 @@ class XmlFile {
     pugi::xml_document document_;
     pugi::xml_node root_;
     bool utf8_ = true;
-    std::size_t offset_ = 0;  // a place in bytes_
+    std::size_t offset_ = 0;  // an offset in bytes_
     std::size_t line_ = 1;    // its line
 };
 

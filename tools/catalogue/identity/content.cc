@@ -98,8 +98,8 @@ class ContentReader {
         }
     }
 
-    // Reads the texts by which the library recognises items of a kind. It compares a phone's answer
-    // only with those of the manufacturer that it has recognised before.
+    // Reads the texts by which the library recognises the items of a kind. It compares the answer
+    // of a phone only with the answers under the manufacturer that it has recognised before.
     void ReadKeys(const char* name, const char* text, const char* owner, Kind owners) {
         const CatalogueTable& table = Table(name);
         const int maker = owners == Kind::kPhone ? table.Column(kManufacturerID) : -1;
@@ -133,12 +133,12 @@ class ContentReader {
             rows[{row.Cell(table.Column(kPhoneID)), row.Cell(table.Column(kNetworkType))}]
                 .push_back(&row);
         }
-        for (const auto& [key, same] : rows) {
+        for (const auto& [phoneAndType, same] : rows) {
             if (same.size() == 1) {
                 Of(Kind::kDialRow)
-                    .Add({"", key.second, key.second,
+                    .Add({"", phoneAndType.second, phoneAndType.second,
                           ReadFields(table, *same[0], {kPhoneID, kNetworkType}),
-                          Of(Kind::kPhone).Refer(key.first)});
+                          Of(Kind::kPhone).Refer(phoneAndType.first)});
             }
         }
     }

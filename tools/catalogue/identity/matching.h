@@ -8,8 +8,8 @@ namespace tool {
 
 constexpr int kNoItem = -1;  // the index of no item
 
-// Pairs the items of an old list with those of a new one. Each call pairs more of them; an item
-// keeps its partner. So the strictest rule comes first.
+// Pairs the items of an old list with the items of a new list. Each call pairs more of them; an
+// item keeps its partner. So the strictest rule comes first.
 class Matching {
   public:
     Matching(std::size_t oldCount, std::size_t newCount)
@@ -27,7 +27,7 @@ class Matching {
     // Pairs items with the same text, in their order when several have it. An item whose text is
     // empty takes no part.
     void PairByText(const Texts& oldTexts, const Texts& newTexts);
-    // Pairs two items unless one of them has a partner.
+    // Pairs two items if neither of them has a partner.
     void Pair(int old, int fresh);
 
   private:

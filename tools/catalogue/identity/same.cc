@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
 // Hosts remember identifiers. So an import gives an item the identifier that it had, and a
-// comparison tells when another catalogue does not. Both ask here which items are the same.
+// comparison reports where another catalogue does not. Both ask here which items are the same.
 //
-// The hard case is the network. Its identifier stands for subscribers, and its keys say for which:
-// a host that remembers it wants the network that serves these subscribers now. So the share of the
-// old keys decides. A network may take over any number of further keys: if it were another one
-// then, its subscribers would lose their settings because others joined them. When a network is
-// split, the part with most of its keys goes on; among equal parts the one with its name. When
-// networks are merged, the result is the one that brings most keys. A network has many names, one
-// after the other, as the operators on it change. So its name alone says nothing, and the name keys
-// say less than the number keys: a name stops being a key when an operator of another network takes
-// it.
+// The hard case is the network. Its identifier stands for subscribers, and its keys say for which.
+// A host that remembers the identifier wants the network that serves these subscribers now. So the
+// share of the old keys decides, and a network may take over any number of further keys. If the
+// share of the larger set decided, a network that doubles would be new, and its subscribers would
+// lose their settings only because others joined them. A network that is split goes on as the part
+// with most of its keys; of equal parts, as the part with its name. Of merged networks, the one
+// with most keys goes on. The name alone says nothing: it lists the operators, and they come and
+// go. For the same reason name keys say less than number keys: a name stops being a key when an
+// operator elsewhere takes it.
 //
 // docs/import.md has the rules for all kinds.
 #include "catalogue/identity/same.h"
@@ -44,7 +44,7 @@ struct Side {
 using MakeText = std::string (*)(const Item& item, const Side& side);
 
 std::string Title(const Item& item, const Side& /*side*/) {
-    return "=" + item.title;  // an empty title is one too
+    return "=" + item.title;  // never empty
 }
 
 // An identifier of two letters is the code of a country.
@@ -163,8 +163,8 @@ class Pairing {
         Of(kind).PairByText(TextsOf(old_, kind, make), TextsOf(new_, kind, make));
     }
 
-    // Pairs items that have parts in common, those with most of them first: when these are at least
-    // half of the old item's parts, or when the names are the same.
+    // Pairs items whose parts are partners, the pairs with most such parts first. They have to be
+    // at least half of the old item's parts, unless the names are the same.
     void PairByParts(Kind whole, const Kinds& parts) {
         std::map<std::pair<int, int>, std::size_t> common;  // of an old and a new item
         for (const Kind kind : parts) {
@@ -190,7 +190,7 @@ class Pairing {
         }
     }
 
-    // Where one of the two networks has no keys, only the names are left to compare.
+    // Networks without keys are compared by their names.
     void PairNetworksWithoutKeys() {
         const auto withoutKeys = [](const Side& side, Texts titles) {
             const auto keys = CountParts(side, Kind::kNetwork, {Kind::kNumberKey, Kind::kNameKey});

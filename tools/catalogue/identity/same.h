@@ -6,7 +6,7 @@
 namespace tool {
 
 // Which items of two catalogues are the same. Only the identifiers of phones, and of countries that
-// are codes, count: an import may give all others anew.
+// are codes, count: another import may give all others different numbers.
 class Same {
   public:
     Same(const Content& old, const Content& fresh);
