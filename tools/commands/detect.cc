@@ -13,10 +13,10 @@
 #include "host/private_copy.h"
 #include "phone/player.h"
 #include "phone/profile_writer.h"
-#include "support/utf8.h"
 #include "support/error.h"
 #include "support/interruption.h"
 #include "support/output_file.h"
+#include "support/utf8.h"
 
 namespace tool {
 namespace {

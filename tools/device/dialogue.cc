@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "detection/final_result.h"
 #include "foundation/number.h"
 #include "session/schema.h"
 #include "support/interruption.h"
@@ -48,21 +49,14 @@ double PatienceOf(const Catalogue& catalogue) {
            WaitOf(number(vel::schema::kAtTimeOut));
 }
 
-bool BeginsWith(const std::string& text, const std::string& beginning) {
-    return text.compare(0, beginning.size(), beginning) == 0;
-}
-
-// Whether the last line of an answer is complete and a final result code (ITU-T V.250, 3GPP TS
-// 27.007 and 27.005).
+// Whether the last line of an answer is complete and a final result code.
 bool IsFinal(const std::string& answer) {
     if (answer.empty() || answer.back() != '\n') {
         return false;
     }
     const std::size_t end = answer.find_last_not_of("\r\n") + 1;
-    const std::size_t start = answer.find_last_of("\r\n", end - 1) + 1;
-    const std::string line = end == 0 ? "" : answer.substr(start, end - start);
-    return line == "OK" || line == "ERROR" || line == "COMMAND NOT SUPPORT" ||
-           BeginsWith(line, "+CME ERROR:") || BeginsWith(line, "+CMS ERROR:");
+    const std::size_t start = end == 0 ? 0 : answer.find_last_of("\r\n", end - 1) + 1;
+    return vel::ResultForHost(&answer[start], end - start) != vel::FinalResult::kNone;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <utility>
 
+#include "detection/final_result.h"
 #include "device/device_users.h"
 #include "device/serial_line.h"
 #include "device/uucp_lock.h"
@@ -22,9 +23,9 @@ constexpr int kWait = 300;
 
 constexpr char kQuestion[] = "AT";
 
-// Whether the bytes have a line with the final result code of AT, in words or as a number (ITU-T
-// V.250). An echo is none, and neither is what a receiver for satellites sends all the time. `more`
-// becomes true when there is any line except the echo.
+// Whether the bytes have a line with a final result code, or with the number of OK (ITU-T V.250:
+// ATV0). `more` becomes true when there is any line except the echo. A satellite receiver, for
+// example, sends lines all the time.
 bool HasResult(const std::string& bytes, bool& more) {
     std::string line;
     for (const char c : bytes) {
@@ -32,7 +33,8 @@ bool HasResult(const std::string& bytes, bool& more) {
             line += c;
             continue;
         }
-        if (line == "OK" || line == "ERROR" || line == "0") {
+        if (line == "0" ||
+            vel::ResultForHost(line.data(), line.size()) != vel::FinalResult::kNone) {
             return true;
         }
         more = more || (!line.empty() && line != kQuestion);

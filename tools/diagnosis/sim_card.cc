@@ -14,7 +14,6 @@
 
 #include "support/error.h"
 #include "support/texts.h"
-#include "support/utf8.h"
 
 namespace tool {
 namespace {
@@ -23,9 +22,8 @@ bool StartsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-// The limits of answers in seconds. The card takes a moment to check a PIN.
+// The limit of an answer in seconds.
 constexpr double kAnswer = 5;
-constexpr double kPinAnswer = 20;
 
 // The seconds between two questions while the phone reads the card.
 constexpr double kEach = 1;
@@ -136,10 +134,10 @@ std::string AskUntil(Dialogue& dialogue, const char* command, double seconds,
 }
 
 // Sends the PIN. Returns what went wrong; empty: nothing.
-std::string SendPin(Dialogue& dialogue, const PinFile& pin, double reading) {
+std::string SendPin(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits) {
     pin.Mark();
     const std::string answer =
-        dialogue.Ask("AT+CPIN=\"" + pin.pin() + "\"", kPinAnswer, "AT+CPIN=\"****\"");
+        dialogue.Ask("AT+CPIN=\"" + pin.pin() + "\"", limits.pin, "AT+CPIN=\"****\"");
     if (!IsAnswered(answer)) {
         // No question may follow: its answer could be the late echo of the PIN.
         throw ToolError(pin.path(),
@@ -151,13 +149,13 @@ std::string SendPin(Dialogue& dialogue, const PinFile& pin, double reading) {
         pin.RemoveMark();
         return "the SIM card is busy; try again in a moment";
     }
-    if (!IsOk(answer) || !IsReady(AskUntil(dialogue, kAskState, reading, IsReady))) {
+    if (!IsOk(answer) || !IsReady(AskUntil(dialogue, kAskState, limits.reading, IsReady))) {
         return pin.path() +
                ": the phone did not take the PIN; it is not sent again until the file"
                " changes";
     }
     pin.RemoveMark();
-    AskUntil(dialogue, kAskSubscriber, reading, IsOk);
+    AskUntil(dialogue, kAskSubscriber, limits.reading, IsOk);
     return {};
 }
 
@@ -181,10 +179,11 @@ SimCard AskSimCard(Dialogue& dialogue) {
     return card;
 }
 
-std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, double reading) {
+std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits) {
     dialogue.Ask(kNumberErrors, kAnswer);
-    const SimCard card = Understand(AskUntil(
-        dialogue, kAskState, reading, [](const std::string& state) { return !IsBusy(state); }));
+    const SimCard card =
+        Understand(AskUntil(dialogue, kAskState, limits.reading,
+                            [](const std::string& state) { return !IsBusy(state); }));
     std::string problem;
     if (card.state == "pin" && pin.IsMarked()) {
         problem = Concat(pin.path(),
@@ -192,7 +191,7 @@ std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, double reading
                          " file, or remove ",
                          pin.mark(), " to send it again");
     } else if (card.state == "pin" && dialogue.IsOpen()) {
-        problem = SendPin(dialogue, pin, reading);
+        problem = SendPin(dialogue, pin, limits);
     } else if (!card.words.empty() && !card.IsReady()) {
         problem = "the PIN was not sent; SIM card: " + card.words;
     }

@@ -19,8 +19,11 @@ struct SimCard {
     bool IsReady() const { return state == "ready"; }
 };
 
-// How long the phone may take to read the card, at its start and after a right PIN, in seconds.
-constexpr double kCardReading = 20;
+// How long the phone may take for the card, in seconds.
+struct CardLimits {
+    double pin = 20;      // to check a PIN
+    double reading = 20;  // to read the card, at its start and after a right PIN
+};
 
 // Asks why the network is not known. The phone gives each error its number meanwhile (AT+CMEE=1).
 SimCard AskSimCard(Dialogue& dialogue);
@@ -28,6 +31,6 @@ SimCard AskSimCard(Dialogue& dialogue);
 // Sends the PIN when the card waits for it and the file's PIN was not refused before. Then waits
 // until the phone knows the subscriber. Returns what went wrong; empty: nothing. Throws a ToolError
 // when the phone does not answer to the PIN.
-std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, double reading = kCardReading);
+std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits = {});
 
 }  // namespace tool

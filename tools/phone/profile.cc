@@ -4,9 +4,10 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
-#include <set>
 #include <sstream>
 #include <stdexcept>
+
+#include "detection/final_result.h"
 
 namespace tool {
 namespace {
@@ -15,22 +16,15 @@ bool StartsWith(const std::string& text, const std::string& start) {
     return text.compare(0, start.size(), start) == 0;
 }
 
-// Whether the text is a result code. A phone sends no OK after a result code.
-bool IsResultCode(const std::string& text) {
-    const std::set<std::string> whole = {"OK",        "ERROR", "NO CARRIER", "NO DIALTONE",
-                                         "NO ANSWER", "BUSY",  "CONNECT",    "COMMAND NOT SUPPORT"};
-    return whole.count(text) > 0 || StartsWith(text, "CONNECT ") ||
-           StartsWith(text, "+CME ERROR:") || StartsWith(text, "+CMS ERROR:");
-}
-
-// The bytes of an answer in its usual frame.
+// The bytes of an answer in its usual frame. A phone sends no OK after a result code.
 std::string WholeAnswer(const std::string& text) {
     std::string bytes = "\r\n";
     for (const char c : text) {
         bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
     }
     bytes += "\r\n";
-    return IsResultCode(text) ? bytes : bytes + "\r\nOK\r\n";
+    const bool isResult = vel::ResultForHost(text.data(), text.size()) != vel::FinalResult::kNone;
+    return isResult ? bytes : bytes + "\r\nOK\r\n";
 }
 
 // Reads a profile line by line. An error names the line.
