@@ -11,6 +11,7 @@
 #include <iostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "tests/support/files.h"
 #include "tests/support/patterns.h"
@@ -68,14 +69,44 @@ inline void ExpectRow(const ShellRow& row) {
 }
 
 // Shell lines that run while a phone plays the file "profile". $device is its device, and the file
-// "log" has the dialogue.
-inline std::string WithPhone(const std::string& lines) {
-    return "rm -f device; " VELMOR_COMMAND
-           " phone profile -v >device 2>log & phone=$!\n"
-           "await device $phone; device=$(cat device)\n(" +
-           lines +
-           "\n); status=$?; kill -INT $phone; wait $phone; ended=$?\n"
+// "log" has the dialogue. A second phone has a number behind these names.
+inline std::string WithPhone(const std::string& lines, const std::string& n = "") {
+    const std::string phone = "phone" + n, device = "device" + n;
+    return "rm -f " + device + "; " VELMOR_COMMAND " phone profile" + n + " -v >" + device +
+           " 2>log" + n + " & " + phone + "=$!\nawait " + device + " $" + phone + "; " + device +
+           "=$(cat " + device + ")\n(" + lines + "\n); status=$?; kill -INT $" + phone +
+           "; wait $" + phone +
+           "; ended=$?\n"
            "[ $ended = 0 ] || [ $ended = 130 ] || exit 99; exit $status";  // 130: at its end
+}
+
+// A profile, shell lines that run with it, their exit status, and words of what they print.
+struct PhoneRow {
+    std::string profile;
+    std::string lines;
+    int status;
+    std::string words;
+    std::string second = {};  // another profile
+};
+
+// Runs the rows at the same time, each in a folder with its number.
+inline void ExpectPhoneRows(const std::vector<PhoneRow>& rows) {
+    std::vector<std::FILE*> running;
+    for (const PhoneRow& row : rows) {
+        const std::string folder = std::to_string(running.size());
+        std::filesystem::create_directory(folder);
+        WriteFile(folder + "/profile", row.profile);
+        WriteFile(folder + "/profile2", row.second);
+        const std::string lines = row.second.empty() ? row.lines : WithPhone(row.lines, "2");
+        running.push_back(Start(WithPhone(lines), folder));
+    }
+    for (std::size_t i = 0; i < running.size(); ++i) {
+        SCOPED_TRACE(rows[i].profile + "\n" + rows[i].lines);
+        const auto [status, errors] = Finish(running[i]);
+        EXPECT_EQ(status, rows[i].status);
+        const std::string said = ReadFile(std::to_string(i) + "/out") + errors;
+        EXPECT_NE(said.find(rows[i].words), std::string::npos) << said;
+    }
 }
 
 inline bool Installed(const std::string& program) {

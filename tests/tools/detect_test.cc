@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: MIT
-// velmor detect and velmor phone as processes of their own, over pseudo-terminals.
-#include <algorithm>
+// Detections: in this process with a scripted phone, which takes no time, and of velmor detect and
+// velmor phone as processes of their own, over pseudo-terminals.
+#include <sys/stat.h>
+
 #include <map>
-#include <nlohmann/json.hpp>
 
 #include "check/check.h"
-#include "tests/support/session.h"
+#include "diagnosis/report.h"
+#include "dialer/dialer_files.h"
+#include "phone/player.h"
+#include "phone/profile_writer.h"
+#include "support/error.h"
+#include "tests/support/scripted_phone.h"
 #include "tests/support/shell.h"
 
 using namespace tool;
 
 namespace {
 
-using nlohmann::json;
 namespace fs = std::filesystem;
 
 // The sample with more time for an answer: four reads of 250 milliseconds. A loaded machine needs
@@ -34,72 +39,155 @@ const std::string kStranger = "AT+CGMI: Nobody\nAT+CGMM: N1\nAT+CIMI: 9990212345
 // another.
 const std::string kSubscriber = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CIMI: 999012345678901\n";
 
-// A profile, shell lines that run with it, their exit status, and words of what they print.
-using Rows = std::vector<std::tuple<std::string, std::string, int, const char*>>;
+// A phone whose card waits for its PIN.
+const std::string kLocked = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CPIN?: +CPIN: SIM PIN\n";
 
-// Runs the rows at the same time, each in a folder with its number.
-void RunAll(const Rows& rows) {
-    std::vector<std::FILE*> running;
-    for (const auto& row : rows) {
-        const std::string folder = std::to_string(running.size());
-        fs::create_directory(folder);
-        WriteFile(folder + "/profile", std::get<0>(row));
-        running.push_back(Start(WithPhone(std::get<1>(row)), folder));
+// Callbacks that record what the scripted phone says.
+struct Recorder {
+    static inline std::vector<Exchange> dialogue;
+
+    static long Read(char* buffer, long count, long timeout) {
+        const long got = ScriptedPhone::Read(buffer, count, timeout);
+        dialogue.back().answer.append(buffer, static_cast<std::size_t>(got));
+        return got;
     }
-    for (std::size_t i = 0; i < running.size(); ++i) {
-        const auto& [profile, lines, status, words] = rows[i];
-        SCOPED_TRACE(testing::Message() << profile << "\n" << lines);
-        const auto [ended, errors] = Finish(running[i]);
-        EXPECT_EQ(ended, status);
-        const std::string said = ReadFile(std::to_string(i) + "/out") + errors;
-        EXPECT_NE(said.find(words), std::string::npos) << said;
+    static long Send(const char* buffer, long length) {
+        dialogue.push_back({std::string(buffer, static_cast<std::size_t>(length)), ""});
+        return ScriptedPhone::Send(buffer, length);
     }
+};
+
+// Detects a profile with the source of a catalogue.
+Detection DetectHere(const std::string& source, const std::string& profile) {
+    Findings ignored;
+    const Catalogue catalogue = ReadCatalogue(source, ignored);
+    WriteFile("catalogue", source);
+    EXPECT_EQ(Velmor_Initialise("catalogue", Recorder::Read, Recorder::Send), 0);
+    ScriptedPhone::Play(profile);
+    ScriptedPhone::phone->Receive("ATE1\r");
+    while (ScriptedPhone::phone->Pending()) {
+        ScriptedPhone::phone->Next();
+    }
+    Recorder::dialogue.clear();
+    Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
+    Detection found = LastDetection(Recorder::dialogue, {catalogue});
+    Velmor_DeInitialise();
+    return found;
 }
 
-// Detects every profile in a folder, several at once. In the catalogue's name, {} stands for the
-// profile's name. Adds the exit status to the result.
-std::map<std::string, json> DetectAll(const std::string& catalogue,
-                                      const std::string& profiles = VELMOR_DATA_DIR "/profiles") {
-    EXPECT_EQ(
-        Shell("for i in $(ls " + profiles +
-              "); do echo ${i%.*}; done | xargs -P 12 -I {} sh -c '" VELMOR_COMMAND " detect " +
-              catalogue + " --phone " + profiles +
-              "/{}.profile --timeout 1 --json >{}.json; echo $? >{}.status'"),
-        std::make_pair(0, std::string()));
-    std::map<std::string, json> all;
-    for (const auto& file : fs::directory_iterator(profiles)) {
-        const std::string name = file.path().stem();
-        all[name] = json::parse(ReadFile(name + ".json"));
-        all[name]["status"] = ReadFile(name + ".status");
+// What the command prints of a detection.
+std::string Printed(void (*print)(const Detection&), const Detection& found) {
+    testing::internal::CaptureStdout();
+    print(found);
+    return testing::internal::GetCapturedStdout();
+}
+
+std::map<std::string, std::string> AllProfiles() {
+    std::map<std::string, std::string> all;
+    for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
+        all[file.path().filename()] = ReadFile(file.path());
     }
     return all;
 }
 
+std::string AllPhones() {
+    return "#$_DATABASE_BEGIN_$#Phones#1#\n" + ReadFile(VELMOR_DATA_DIR "/phones.source") +
+           ReadFile(VELMOR_TESTS_DIR "/detection/networks.source");
+}
+
 // The lines that detection advises make a catalogue that knows the phone and has no errors.
-TEST(DetectCommand, AdvisesWhatIsMissing) {
-    WriteFile("sample", PatientSample());
-    for (const auto& [name, result] : DetectAll("sample")) {
-        std::string source = PatientSample();
-        for (const json& line : result["advice"]) {
-            const std::string table = "#$_TABLE_BEGIN_$#" + std::string(line["table"]) + "#";
-            const std::string place = line.value("before", "E#$_TABLE_END_$#");
-            source.insert(source.find(place, source.find(table)), std::string(line["line"]) + "\n");
-        }
-        WriteFile(name, source);
-    }
+TEST(EveryPhone, IsKnownAfterTheAdvice) {
     int complete = 0;
-    for (const auto& [name, result] : DetectAll("{}")) {
+    for (const auto& [name, profile] : AllProfiles()) {
         SCOPED_TRACE(name);
-        EXPECT_EQ(result["phone"]["id"] >= 0,
-                  !result["phone"]["key"].get<std::string>().empty() ||
-                      !result["manufacturer"]["key"].get<std::string>().empty());
-        EXPECT_EQ(!result["settings"].empty(), !std::string(result["network"]["key"]).empty());
-        for (const Finding& finding : CheckCatalogue(ReadFile(name)).findings) {
+        const Detection before = DetectHere(SampleSource().text(), profile);
+        std::string source = SampleSource().text();
+        for (const AdvisedLine& line : before.advice) {
+            const std::size_t table = source.find("#$_TABLE_BEGIN_$#" + line.table + "#");
+            const std::string next = line.before.empty() ? "E#$_TABLE_END_$#" : line.before;
+            source.insert(source.find(next, table), line.line + "\n");
+        }
+        const Detection after = DetectHere(source, profile);
+        const Identification& said = after.identification;
+        EXPECT_EQ(after.phoneId >= 0, said.phone.IsUsable() || said.manufacturer.IsUsable());
+        EXPECT_EQ(!after.settings.empty(), said.network.IsUsable());
+        EXPECT_TRUE(after.advice.empty());
+        for (const Finding& finding : CheckCatalogue(source).findings) {
             EXPECT_NE(finding.severity, Severity::kError) << finding.message;
         }
-        complete += result["status"] == "0\n" ? 1 : 0;
+        complete += after.IsComplete() ? 1 : 0;
     }
     EXPECT_GE(complete, 5);
+}
+
+TEST(EveryPhone, IsDetectedAgainFromItsRecording) {
+    for (const auto& [name, profile] : AllProfiles()) {
+        const Detection found = DetectHere(AllPhones(), profile);
+        const std::string recording = WriteProfile(found.dialogue, "test");
+        EXPECT_EQ(Printed(PrintDetectionJson, DetectHere(AllPhones(), recording)),
+                  Printed(PrintDetectionJson, found))
+            << name << "\n"
+            << recording;
+    }
+}
+
+// Whatever the phone is, chat gets to CONNECT with what detect writes. A profile without a network
+// gets one: most recordings tell nothing about it.
+TEST(EveryPhone, GetsOnline) {
+    if (!Installed("/usr/sbin/chat")) {
+        GTEST_SKIP();
+    }
+    std::map<std::string, std::pair<std::unique_ptr<PlayedPhone>, std::FILE*>> running;
+    for (auto [name, profile] : AllProfiles()) {
+        if (profile.find("\nnetwork = ") == std::string::npos) {
+            profile = Replaced(profile, "\nAT\\+CIMI:[^\n]*", "") + "\nAT+CIMI: 262070000000000\n";
+        }
+        const Detection found = DetectHere(AllPhones(), profile);
+        ASSERT_TRUE(found.IsComplete()) << name;
+        fs::create_directory(name);
+        WriteFile(name + "/script", ChatScript(found.FirstReady()->values));
+        WriteFile(name + "/profile", profile);
+        auto phone = std::make_unique<PlayedPhone>(name + "/profile");
+        const std::string dial =
+            "/usr/sbin/chat -f script <" + phone->device() + " >" + phone->device();
+        running[name] = {std::move(phone), Start(dial, name)};
+    }
+    for (const auto& [name, chat] : running) {
+        EXPECT_EQ(Finish(chat.second), std::make_pair(0, std::string())) << name;
+    }
+}
+
+// What is printed of a detection, by the catalogue.
+TEST(Detection, TellsWhatItFound) {
+    const std::string sample = SampleSource().text();
+    const std::string hidden = SampleSource().AddRow("PhoneIdentification", "#1##11#").text();
+    const std::string numbers =
+        SampleSource()
+            .Replace("E#TRACE#N#", "E#LAST-PHONE#41#")
+            .Replace("RequiresUserAndPassword#", "RequiresUserAndPassword#Numbers#")
+            .Replace("secret#Y#", "secret#Y#99901#")
+            .Replace("prepaid#N#no###N#", "prepaid#N#no###N#99801 999012#")
+            .Replace("slash#Y#", "slash#Y##")
+            .Replace("su###N#", "su###N##")
+            .text();
+    const std::tuple<const std::string&, std::string, const char*> rows[] = {
+        {sample, "ATI: Manufacturer: Acme Inc",
+         "#3#Acme#\n\nTable ManufacturerIdentification:\nE#MANUFACTURER:ACMEINC#3#\n"
+         "  before the line E#ACME#"},
+        {sample, "AT+CGMI: Foo B12", "\nE#FOOB12#"},
+        {sample,
+         "AT+CGMI: +CREG: 1\nAT+GMI: RING\nATI0: ^BOOT\nAT+CGMM: *A\nAT+GMM: ERROR\n"
+         "ATI3: Manufacturer: Foo",
+         "Phone         not known; the phone gave no usable answer"},
+        {sample, "ATI0: Manufacturer: Foo\nAT+CGMM: \"GSM900\",\"MODEL=V195\"", "#V195#3#"},
+        {hidden, "AT+CGMI: Acme\nAT+CGMM: NEW1\nAT+CIMI: 99902", "\nE#1#NEW1#"},
+        {numbers, kSubscriber, "\nSetting 2         Northtel Prepaid\n  for the number  999012\n"},
+        {numbers, kStranger, "\nE#42#N1#"},
+    };
+    for (const auto& [catalogue, profile, words] : rows) {
+        const std::string text = Printed(PrintDetection, DetectHere(catalogue, profile));
+        EXPECT_NE(text.find(words), std::string::npos) << profile << "\n" << text;
+    }
 }
 
 TEST(DetectCommand, EndsWhateverHappens) {
@@ -118,7 +206,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
     const std::string stopped = stubborn +
                                 "60 2>said & busy=$!; await log $busy; kill -INT $busy; "
                                 "wait $busy; result=$?; cat said >&2; (exit $result)";
-    const Rows rows = {
+    const PhoneRow rows[] = {
         {"unknown =", stubborn + "0.1", 2, "repeats failed reads too often"},
         {"unknown =", stopped, 130, "interrupted"},
         {slow, inUse, 2, "in use by process"},
@@ -126,10 +214,6 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {"unknown =\necho = off", detect + "--timeout 0.1", 1, "answered nothing"},
         {"unknown =\nAT:=", detect + "-v >text 2>&1; cat text; ! grep ATE1 text", 0,
          "answered nothing"},
-        {"ATI: Manufacturer: Acme Inc", detect, 1,
-         "#3#Acme#\n\nTable ManufacturerIdentification:\nE#MANUFACTURER:ACMEINC#3#\n"
-         "  before the line E#ACME#"},
-        {"AT+CGMI: Foo B12", detect + "--json", 1, "\"line\": \"E#FOOB12#"},
         {"echo = off\nAT:=", detect + "-v 2>&1 | grep '> AT\\|nothing'", 0,
          "> AT\nThe phone answered nothing"},
         {"echo = off\nAT:=\nunknown =", detect + "--probe 0 --timeout 0.1 -v", 1, "> AT+CGMI"},
@@ -142,29 +226,15 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kAcme, "velmor detect ../sample --device profile", 2, "serial device"},
         {"AT+CGMI: X1", detect + "--format ppp", 1, "nothing is ready"},
         {kStranger, detect + "--format ppp", 1, "nothing is ready"},
-        {"AT+CGMI: +CREG: 1\nAT+GMI: RING\nATI0: ^BOOT\nAT+CGMM: *A\nAT+GMM: ERROR\n"
-         "ATI3: Manufacturer: Foo",
-         detect, 1, "Phone         not known; the phone gave no usable answer"},
-        {"ATI0: Manufacturer: Foo\nAT+CGMM: \"GSM900\",\"MODEL=V195\"", detect, 1, "#V195#3#"},
-        {"AT+CGMI: Acme\nAT+CGMM: NEW1\nAT+CIMI: 99902", "velmor detect ../hidden --device $device",
-         0, "\nE#1#NEW1#"},
-        {kSubscriber, "velmor detect ../numbers --device $device | head -6", 0,
-         "\nSetting 2         Northtel Prepaid\n  for the number  999012\n"},
-        {kSubscriber, "velmor detect ../numbers --device $device --contract postpaid --json", 0,
-         "\"initialization\": \"AT+CGDCONT=1,\\\"IP\\\",\\\"internet.northtel.example\\\"\",\n"
-         "      \"ready\": true,\n      \"number\": \"99901\"\n    }\n  ]"},
         {kSubscriber, detect + "--apn Internet.northtel.example --format wvdial", 0,
          "internet.northtel.example"},
         {kSubscriber, detect + "--apn other", 2,
          "it has internet.northtel.example (postpaid), prepaid"},
-        {kStranger, "velmor detect ../numbers --device $device", 1, "\nE#42#N1#"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,
          "not known; dialled with the rows of Acme: X100; the answer is N1"},
         {kStranger, "velmor detect ../generic --device $device --json", 0,
          "\"dialled_as\": {\n    \"id\": 20,\n    \"name\": \"Brontel: Swift 5\"\n  }"},
-        {kStranger, "velmor detect ../generic --device $device --format wvdial", 0,
-         "Phone = \"*99#\""},
 #ifdef VELMOR_DETECT_HOST  // the example
         {kAcme, VELMOR_DETECT_HOST " ../sample $device", 0,
          "the phone says: Acme, ACME X100\nthis is: Acme X100\n"
@@ -186,120 +256,130 @@ TEST(DetectCommand, EndsWhateverHappens) {
     WriteFile("generic", Patient().Replace("E#TRACE#N#", "E#UNKNOWN-PHONE#20#").text());
     WriteFile("named",
               Patient().Replace("Brontel", "Generic").Replace("Swift 5", "any phone").text());
-    WriteFile("numbers",
-              Patient()
-                  .Replace("E#TRACE#N#", "E#LAST-PHONE#41#")
-                  .Replace("RequiresUserAndPassword#", "RequiresUserAndPassword#Numbers#")
-                  .Replace("secret#Y#", "secret#Y#99901#")
-                  .Replace("prepaid#N#no###N#", "prepaid#N#no###N#99801 999012#")
-                  .Replace("slash#Y#", "slash#Y##")
-                  .Replace("su###N#", "su###N##")
-                  .text());
-    WriteFile("hidden", Patient().AddRow("PhoneIdentification", "#1##11#").text());
     WriteFile("stubborn", SampleSource().Replace("RETRY#3#", "RETRY#2147483647#").text());
-    RunAll(rows);
+    ExpectPhoneRows({std::begin(rows), std::end(rows)});
 }
 
+// What the command says of the card, and how often the phone got the PIN by its own log.
 TEST(DetectCommand, TellsOfTheSimCard) {
     const std::string detect = "velmor detect ../sample --device $device -v 2>said ";
-    // What the phone got is counted in its own log; the command must not show the PIN.
-    const std::string unlock = "velmor detect ../sample --device $device --pin-file pin -v 2>>said";
-    const std::string sent = "; cat said; ! grep 0042 said && grep -c '> AT+CPIN=' log; test -e ";
-    const std::string write = "umask 077; echo 0042 >pin; ";
-    const std::string locked = "AT+CGMI: Acme\nAT+CGMM: ACME X100\nAT+CPIN?: +CPIN: SIM PIN\n";
+    // The command must not show the PIN.
+    const std::string unlock =
+        "umask 077; echo 0042 >pin; velmor detect ../sample --device $device --pin-file pin -v "
+        "2>said; status=$?; cat said; ! grep 0042 said && test -e pin.refused; "
+        "echo refused $?, sent $(grep -c '> AT+CPIN=' log); exit $status";
     const std::string opens =
-        locked +
+        kLocked +
         "AT+CPIN?: +CPIN: READY\nAT+CPIN=\"0042\": OK\nAT+CIMI: +CME ERROR: 14\n"
         "AT+CIMI: 999021234567890";
-    const Rows rows = {
-        {locked, detect, 1, "SIM card      waits for its PIN; see --pin-file\n"},
-        {"AT+CPIN?:= \\r\\n+CPIN:SIM PUK\\r\\nOK\\r\\n", detect, 1, "blocked by wrong PINs"},
-        {"AT+CPIN?: +CPIN: PH-NET PIN", detect + "--json", 1, "\"state\": \"device-locked\""},
-        {"AT+CPIN?: +CME ERROR: 10", detect + "--json", 1, "\"state\": \"absent\""},
-        {"AT+CPIN?: +CME ERROR: SIM failure", detect, 1, "take it out and clean it\n"},
+    const PhoneRow rows[] = {
+        {kLocked, detect, 1, "SIM card      waits for its PIN; see --pin-file\n"},
         {"AT+CPIN?: +CPIN: READY\nAT+COPS?: ERROR\nAT+COPS?: +CME ERROR: 32", detect, 1,
          "emergency calls only\n"},
         {"AT+CPIN?: +CPIN: READY", detect, 1,
          "The phone did not name its network. Is the phone registered"},
         {"AT+CPIN?: +CME ERROR: 14\nAT+CIMI: +CME ERROR: 14\nAT+COPS?: +COPS: 0,0,\"Nobody\"",
-         detect + ">text; grep 'busy' text && ! grep '#14' text", 0, "try again in a moment"},
-        {opens, write + unlock + sent + "pin.refused && exit 9; true", 0, "1\n"},
-        {opens, write + unlock, 0, "ATD*99***1#\n"},
-        {locked + "AT+CPIN=*: +CME ERROR: 16",
-         write + unlock + "; " + unlock + "; cat said; grep -c '> AT+CPIN=' log; grep 0042 said", 1,
-         "this PIN was sent before, and the phone did not take it; correct the file"},
-        {locked + "AT+CPIN=*: +CME ERROR: 16",
-         write + unlock + "; " + unlock + "; echo 00420 >pin; " + unlock + sent + "pin.refused", 0,
-         "2\n"},
-        {locked + "AT+CPIN=*: +CME ERROR: 14",
-         write + unlock + sent + "pin.refused && exit 9; true", 0, "1\n"},
-        {locked, "mkdir pin.refused; " + write + unlock + sent + "pin.refused", 0, "0\n"},
-        {locked, "mkfifo pin.refused; " + write + unlock + sent + "pin.refused", 0, "0\n"},
-        // The phone says OK, but the card stays locked; a link is no other file.
-        {locked + "AT+CPIN=*: OK",
-         write + unlock +
-             "; ln -s pin link; velmor detect ../sample --device $device --pin-file "
-             "link 2>>said" +
-             sent + "pin.refused",
-         0, "1\n"},
-        {locked + "AT+CPIN=*:=", write + unlock + "; s=$?; cat said; grep -c CGMI log; exit $s", 2,
-         "did not answer to the PIN"},
+         detect + "--json >text; grep 'busy' text && ! grep '#14' text", 0,
+         "try again in a moment"},
+        {opens, unlock, 0, "ATD*99***1#\n"},
+        {opens, unlock, 0, "refused 1, sent 1\n"},
+        {kLocked + "AT+CPIN=*: +CME ERROR: 16", unlock, 1,
+         "the phone did not take the PIN; it is not sent again until the file changes"},
+        {kLocked + "AT+CPIN=*: +CME ERROR: 16", unlock, 1, "refused 0, sent 1\n"},
+        {kLocked, "mkdir pin.refused; " + unlock, 2, "refused 0, sent 0\n"},
         {"unknown =",
-         "mkdir folder; mkfifo pipe; echo 1234 >open; chmod 640 open; (umask 077; >empty; echo 123 "
-         ">short; echo 123456789 >long; printf '12\\00034' >binary; seq 9999999 >huge); for file "
-         "in "
-         "missing folder pipe /dev/zero open empty short long binary huge; do " VELMOR_COMMAND
-         " detect ../sample --device $device --pin-file $file 2>>said; [ $? = 2 ] || exit 9; done; "
-         "cat said; ! grep AT log",
-         0, "huge: is not a line with a PIN of 4 to 8 digits\n"},
+         "seq 9999999 >pin; chmod 600 pin; velmor detect ../sample --device $device "
+         "--pin-file pin; s=$?; grep AT log; exit $s",
+         2, "velmor: pin: is not a line with a PIN of 4 to 8 digits\n"},
         {"echo = off\nAT:=",
          "script -qec '" VELMOR_COMMAND " detect ../sample --probe 4 --device '$device /dev/null",
          1, "AT: waiting, 3 s left"},
     };
     WriteFile("sample", PatientSample());
-    RunAll(rows);
+    ExpectPhoneRows({std::begin(rows), std::end(rows)});
 }
 
-// Whatever the phone is, chat gets to CONNECT with what detect writes. A profile without a network
-// gets one: most recordings tell nothing about it.
-TEST(DetectCommand, GetsEveryPhoneOnline) {
-    if (!Installed("/usr/sbin/chat")) {
-        GTEST_SKIP();
+// The dialogue with a phone that a child process plays.
+struct Link {
+    explicit Link(const std::string& profile)
+        : phone((WriteFile("profile", profile), "profile")),
+          line(phone.device(), 115200),
+          dialogue(line, {}, 1, true) {}
+
+    PlayedPhone phone;
+    SerialLine line;
+    Dialogue dialogue;
+};
+
+TEST(SimCard, StateIsOneWord) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"AT+CPIN?:= \\r\\n+CPIN:SIM PUK\\r\\nOK\\r\\n", "puk"},
+        {"AT+CPIN?: +CPIN: PH-NET PIN", "device-locked"},
+        {"AT+CPIN?: +CPIN: SIM PIN2", "pin2"},
+        {"AT+CPIN?: +CME ERROR: 10", "absent"},
+        {"AT+CPIN?: +CME ERROR: SIM failure", "failed"},
+        {"AT+CPIN?: +CME ERROR: 100", "unknown"},
+        {"AT+CPIN?: +CPIN: READY\nAT+CIMI: +CME ERROR: 15", "wrong"},
+        {"AT+CPIN?: ERROR", ""},
+    };
+    for (const auto& [profile, state] : rows) {
+        Link link(profile);
+        EXPECT_EQ(AskSimCard(link.dialogue).state, state) << profile;
     }
-    WriteFile("all", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
-                         ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                         ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
-    fs::create_directory("profiles");
-    for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
-        std::string profile = ReadFile(file.path());
-        if (profile.find("\nnetwork = ") == std::string::npos) {
-            profile = Replaced(profile, "\nAT\\+CIMI:[^\n]*", "") + "\nAT+CIMI: 262070000000000\n";
+}
+
+// A PIN is sent once, whatever the phone says, until the file changes. A link is no other file.
+TEST(SimCard, GetsEachPinOnce) {
+    const CardLimits limits = {0.5, 1};
+    const std::pair<const char*, const char*> rows[] = {
+        {"AT+CPIN=*: +CME ERROR: 16", "the phone did not take the PIN"},
+        {"AT+CPIN=*: OK", "the phone did not take the PIN"},  // but the card stays locked
+        {"AT+CPIN=*:=", "did not answer to the PIN"},
+        {"AT+CPIN=*: +CME ERROR: 14\nAT+CPIN=*: +CME ERROR: 16", "is busy"},
+    };
+    const auto unlock = [&](Link& link, const char* file) -> std::string {
+        try {
+            return UnlockSimCard(link.dialogue, PinFile(file), limits);
+        } catch (const ToolError& error) {
+            return error.what();
         }
-        WriteFile("profiles/" + file.path().filename().string(), profile);
+    };
+    const auto sent = [](const std::string& said) {
+        return said.find("was sent before, and the phone did not take it") == std::string::npos;
+    };
+    fs::create_symlink("pin", "link");
+    for (const auto& [profile, words] : rows) {
+        SCOPED_TRACE(profile);
+        const bool busy = words == std::string("is busy");
+        Link link(kLocked + profile);
+        WriteFile("pin", "0042");
+        chmod("pin", 0600);
+        fs::remove("pin.refused");
+        EXPECT_NE(unlock(link, "pin").find(words), std::string::npos);
+        EXPECT_EQ(sent(unlock(link, "link")), busy);
+        EXPECT_FALSE(sent(unlock(link, "pin")));
+        WriteFile("pin", "00420");
+        EXPECT_TRUE(sent(unlock(link, "pin")));
     }
-    WriteFile(
-        "dial", VELMOR_COMMAND
-        " phone profiles/$1 >$1.device & phone=$!; mkdir $1\n"
-        "until [ -s $1.device ]; do sleep 0.05; done; device=$(cat $1.device)\n" VELMOR_COMMAND
-        " detect all --device $device --timeout 1 --format ppp -o $1 2>/dev/null &&"
-        " /usr/sbin/chat -v -f $1/velmor.chat <$device >$device 2>/dev/null &&"
-        " echo online >$1.online\nkill -INT $phone; wait $phone; true\n");
-    EXPECT_EQ(Shell("ls profiles | xargs -P 12 -I {} sh dial {}"),
-              std::make_pair(0, std::string()));
-    std::map<std::string, int> kinds;
-    for (const auto& [name, result] : DetectAll("all", "profiles")) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(result["status"], "0\n");
-        EXPECT_TRUE(FileExists(name + ".profile.online"));
-        ++kinds[result.contains("dialled_as") ? "generic"
-                : result["phone"]["name"].get<std::string>().find("unnamed") != std::string::npos
-                    ? "unnamed"
-                    : "named"];
+}
+
+TEST(PinFile, HoldsOnlyAPrivatePin) {
+    const std::string contents[] = {"", "123", "123456789", std::string("1234\0x", 6), "12x4"};
+    for (const std::string& content : contents) {
+        WriteFile("private", content);
+        chmod("private", 0600);
+        EXPECT_THROW(PinFile("private"), ToolError) << content;
     }
-    std::cout << json(kinds) << "\n";
-    EXPECT_GE(kinds["named"], 53);
-    EXPECT_GE(kinds["unnamed"], 39);
-    EXPECT_GE(kinds["generic"], 1);
+    WriteFile("private", "1234\r\n");
+    EXPECT_EQ(PinFile("private").pin(), "1234");
+    mkfifo("private.refused", 0600);
+    EXPECT_THROW(PinFile("private"), ToolError);
+    WriteFile("shared", "1234");
+    chmod("shared", 0640);
+    mkfifo("pipe", 0600);
+    for (const char* name : {"shared", "missing", ".", "pipe", "/dev/zero"}) {
+        EXPECT_THROW(PinFile{name}, ToolError) << name;
+    }
 }
 
 }  // namespace

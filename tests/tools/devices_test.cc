@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <nlohmann/json.hpp>
 
 #include "device/device_users.h"
 #include "device/port_search.h"
@@ -122,55 +121,28 @@ TEST(Devices, TakesTheLowestInterfaceThatAnswers) {
     }
 }
 
-// Shell lines that run while phones play the profiles. $1 is the device of the first one, and the
-// file log1 has its dialogue.
-std::string WithPhones(const std::vector<std::string>& profiles, const std::string& lines) {
-    std::string begin, devices = "\nset --", end;
-    for (std::size_t i = 1; i <= profiles.size(); ++i) {
-        const std::string n = std::to_string(i);
-        WriteFile("profile" + n, profiles[i - 1]);
-        begin += Concat("rm -f device", n, "; " VELMOR_COMMAND " phone profile", n, " -v >device",
-                        n, " 2>log", n, " & phone", n, "=$!; await device", n, " $phone", n, "\n");
-        devices += Concat(" $(cat device", n, ")");
-        end += "; kill $phone" + n;
-    }
-    return begin + devices + "\n(" + lines + "\n); status=$?" + end + "; exit $status";
-}
-
 TEST(Devices, DetectTakesTheOneThatAnswers) {
     WriteFile("sample", SampleSource().Replace("#AT-TIME-OUT#100#", "#AT-TIME-OUT#250#").text());
-    const std::string detect = "velmor detect sample --search \"{$1,$2}\" ";
-    const struct {
-        std::vector<std::string> profiles;
-        std::string line;
-        int status;
-        const char* words;
-    } rows[] = {
-        {{kSilent, kPhone}, detect + "--format wvdial | grep \"Modem = .$2\"", 0, "Modem"},
-        {{kPhone, kPhone}, detect, 2, "2 devices answer; choose one with --device: /dev/pts/"},
-        {{kSilent, kSilent}, detect, 1, "no device answers"},
-        {{kPhone}, "velmor devices --search $1", 0, "answers\n"},
-        {{kNumbers}, "velmor devices --search $1 --json", 0, "\"state\": \"answers\""},
-        {{kSilent}, "velmor devices --search $1", 1, "silent\n"},
-        {{},
-         "velmor devices --search '/dev/{null,tty,console,ptmx,tty0,tty1,watchdog}'",
-         1,
+    const std::string detect = "velmor detect ../sample --search \"{$device,$device2}\" ";
+    const std::string devices = "velmor devices --search ";
+    ExpectPhoneRows({
+        {kSilent, detect + "--format wvdial | grep \"Modem = .$device2\"", 0, "Modem", kPhone},
+        {kPhone, detect, 2, "2 devices answer; choose one with --device: /dev/pts/", kPhone},
+        {kSilent, detect, 1, "no device answers", kSilent},
+        {kPhone, devices + "$device", 0, "answers\n"},
+        {kNumbers, devices + "$device --json", 0, "\"state\": \"answers\""},
+        {kSilent, devices + "$device", 1, "silent\n"},
+        {"", devices + "'/dev/{null,tty,console,ptmx,tty0,tty1,watchdog}'", 1,
          "no serial device found"},
-        {{}, "velmor devices --search /dev/pts/none --json", 1, "[]\n"},
-        {{}, "velmor devices --baud 7", 2, "--baud 7: is not a speed"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
-        const auto [status, errors] = Shell(WithPhones(row.profiles, row.line));
-        EXPECT_EQ(status, row.status);
-        EXPECT_NE((ReadFile("out") + errors).find(row.words), std::string::npos)
-            << ReadFile("out") << errors;
-    }
+        {"", devices + "/dev/pts/none --json", 1, "[]\n"},
+        {"", devices + "none --baud 7", 2, "--baud 7: is not a speed"},
+    });
 }
 
 // Whoever uses a device is named, and the phone gets no byte.
 TEST(Devices, OnesInUseAreLeftAlone) {
-    const std::string opened = "; until ls -l /proc/$user/fd | grep -q $1; do sleep 0.05; done; ";
+    const std::string opened =
+        "; until ls -l /proc/$user/fd | grep -q $device; do sleep 0.05; done; ";
     const std::string ready = "; await ready $user; ";
     const std::string exclusive =
         R"(perl -e 'open F, "+<", shift; ioctl F, 0x540C, 0; open R, ">ready"; print R 1; close R; sleep 50' )";
@@ -179,18 +151,20 @@ TEST(Devices, OnesInUseAreLeftAlone) {
         std::string name;
         bool detect;  // whether detect with this device refuses it too
     } rows[] = {
-        {"socat -u $1,raw OPEN:/dev/null & user=$!" + opened, "socat", false},
-        {"flock $1 sh -c 'echo 1 >ready; while kill -0 $PPID; do sleep 0.1; done' & user=$!" +
+        {"socat -u $device,raw OPEN:/dev/null & user=$!" + opened, "socat", false},
+        {"flock $device sh -c 'echo 1 >ready; while kill -0 $PPID; do sleep 0.1; done' & user=$!" +
              ready,
          "flock", true},
-        {exclusive + "$1 & user=$!" + ready, "perl", true},
-        {"sleep 50 & user=$!; lock=/var/lock/LCK..pts_${1##*/}; printf '%10d x\\n' $user >$lock; ",
+        {exclusive + "$device & user=$!" + ready, "perl", true},
+        {"sleep 50 & user=$!; lock=/var/lock/LCK..pts_${device##*/}; printf '%10d x\\n' $user "
+         ">$lock; ",
          "sleep", true},
-        {"cp /bin/sleep ModemManager; exec 9<>$1; flock 9; ./ModemManager 50 & user=$!" + opened +
-             "exec 9>&-; ",
+        {"cp /bin/sleep ModemManager; exec 9<>$device; flock 9; ./ModemManager 50 & user=$!" +
+             opened + "exec 9>&-; ",
          "ModemManager); keep it off this port with a udev rule as in velmor(1", true},
     };
     WriteFile("sample", SampleSource().text());
+    WriteFile("profile", kPhone);
     int known = 0;
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
     const bool hasRequest = ioctl(terminal, TIOCGEXCL, &known) == 0;  // no emulator has it
@@ -202,11 +176,11 @@ TEST(Devices, OnesInUseAreLeftAlone) {
             continue;
         }
         fs::remove("ready");
-        const auto [status, errors] = Shell(WithPhones(
-            {kPhone},
-            row.holder + "velmor devices --search $1; [ $? = 1 ] || exit 9; echo user $user; " +
-                (refused ? "velmor detect sample --device $1; [ $? = 2 ] || exit 8; " : "") +
-                "kill $user; [ -z $lock ] || rm $lock || exit 7; ! grep AT log1"));
+        const auto [status, errors] = Shell(WithPhone(
+            row.holder +
+            "velmor devices --search $device; [ $? = 1 ] || exit 9; echo user $user; " +
+            (refused ? "velmor detect sample --device $device; [ $? = 2 ] || exit 8; " : "") +
+            "kill $user; [ -z $lock ] || rm $lock || exit 7; ! grep AT log"));
         const std::string out = ReadFile("out");
         EXPECT_EQ(status, 0) << out << errors;
         const std::string user = *Matches(out, "user ([0-9]+)").begin();

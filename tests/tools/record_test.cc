@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // velmor detect --record over pseudo-terminals.
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tests/support/session.h"
@@ -23,12 +22,12 @@ std::string Told(const std::string& name) {
            Replaced(ReadFile(name + ".err"), device, "DEVICE");
 }
 
-// A recording of every profile, and of phones that behave in no usual way, gives the same result.
+// A recording of phones that behave in no usual way, some of them real, gives the same result.
 TEST(Record, PlaysTheSameDetection) {
     const std::pair<const char*, const char*> odd[] = {
         {"nothing", "echo = off\nunknown =\nAT:="},
-        {"only-to-at", "echo = off\nunknown ="},
-        {"echo-alone", "unknown ="},
+        {"silent-twice", "echo = off\nAT+CGMI:=\nAT+COPS?:="},
+        {"echo-alone", "AT+CGMM:=\nAT+CIMI:="},
         {"half", "AT+CGMI:= \\r\\nHuaw\nATI0: Manufacturer: huawei\\nModel: E398"},
         {"half-echo",
          "echo = off\nAT+CGMI:= AT+CGMI\\r\\r\\nNokia\\r\\nOK\\r\\n\nAT+GMM: Nokia 6300"},
@@ -39,7 +38,7 @@ TEST(Record, PlaysTheSameDetection) {
         {"lines", "AT+CGMI: Nokia\nAT+CGMI:< RING\nAT+CGMI:< RING\nAT+CGMI:> +CREG: 1\nAT+GMM: OK"},
         {"loud", "flood = Nokia"},
         {"gone", "AT+CGMI: Nokia\nAT+CGMI:!"},
-        {"refused", "unknown = +CME ERROR: 11"},
+        {"refused", "AT+CGMI: +CME ERROR: 11\nAT+CIMI: +CME ERROR: 11"},
         {"locked", "AT+CPIN?: +CPIN: SIM PIN"},
         {"out-of-reach", "AT+CPIN?: +CPIN: READY\nAT+COPS?: +COPS: 0\nAT+COPS?: +CME ERROR: 30"},
     };
@@ -47,14 +46,14 @@ TEST(Record, PlaysTheSameDetection) {
                             ReadFile(VELMOR_DATA_DIR "/phones.source") +
                             ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
     fs::create_directory("p");
-    for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
-        fs::copy(file, "p");
+    for (const char* real : {"huawei-e398", "nokia-e50", "simcom-a7670e"}) {
+        fs::copy(VELMOR_DATA_DIR "/profiles/" + std::string(real) + ".profile", "p");
     }
     for (const auto& [name, profile] : odd) {
         WriteFile("p/" + std::string(name) + ".profile", profile);
     }
     const auto detectAll = [](const std::string& phone, const std::string& told) {
-        Shell("ls p | xargs -P 16 -I {} sh -c '" VELMOR_COMMAND
+        Shell("ls p | xargs -P 20 -I {} sh -c '" VELMOR_COMMAND
               " detect phones --timeout 1 --json --phone " +
               phone + " >{}" + told + ".json 2>{}" + told + ".err; echo $? >{}" + told +
               ".status'");
