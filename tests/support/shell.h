@@ -55,7 +55,9 @@ struct ShellRow {
 // Runs the line. Status 2 goes with one line on standard error.
 inline void ExpectRow(const ShellRow& row) {
     SCOPED_TRACE(row.line);
-    WriteFile("input", row.input);
+    if (!row.input.empty()) {
+        WriteFile("input", row.input);
+    }
     const auto [status, errors] = Shell(row.line);
     EXPECT_EQ(status, row.status) << errors;
     if (row.status == 2) {

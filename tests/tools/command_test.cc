@@ -48,6 +48,7 @@ TEST(Command, ManPageIsLikeHelp) {
     std::string page =
         Replaced(ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1"), R"(\\f.|\\(?=-))", "");
     page = Replaced(page, "\\bFORMAT\\b", "--format --json -o --force");
+    page.resize(page.find("\n.SH DESCRIPTION"));
     page = Replaced(Replaced(page, " -o\\b", " --output"), "\\[-v\\]", "--verbose");
     Names names;
     for (const std::string& line : Matches(page, "\n\\.B velmor ([a-z]+ .+)")) {

@@ -122,11 +122,7 @@ TEST(Diff, EndsWithItsStatus) {
         SampleSource().Replace("E#4#200#", "E#3#200#").Replace("E#3#101#", "E#9#101#").text());
     WriteFile("cut", kOld.substr(0, kOld.size() / 2));
     WriteFile("empty", "");
-    const struct {
-        const char* line;
-        int status;
-        std::string words;  // the output, or part of the line that reports a failure
-    } rows[] = {
+    const ShellRow rows[] = {
         {"velmor diff old old", 0, "The same.\n"},
         {"velmor diff " VELMOR_SAMPLE_CATALOGUE " old", 0, "The same.\n"},
         {"velmor diff old numbered", 1,
@@ -140,16 +136,8 @@ TEST(Diff, EndsWithItsStatus) {
         {"velmor diff old", 2, "NEW is required"},
         {"velmor diff old new >/dev/full", 2, "standard output: cannot be written"},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.line);
-        const auto [status, errors] = Shell(row.line);
-        EXPECT_EQ(status, row.status);
-        if (status == 2) {
-            EXPECT_NE(errors.find(row.words), std::string::npos) << errors;
-            EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
-        } else {
-            EXPECT_EQ(errors + ReadFile("out"), row.words);
-        }
+    for (const ShellRow& row : rows) {
+        ExpectRow(row);
     }
 }
 

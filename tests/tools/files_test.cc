@@ -48,11 +48,7 @@ Names Listed() {
 
 // Nothing is replaced that is not meant, and no temporary file stays.
 TEST(Files, AreKept) {
-    const struct {
-        std::string line;
-        int status;
-        const char* words;
-    } rows[] = {
+    const ShellRow rows[] = {
         {"velmor encode source -o pipe --force", 2, "pipe: is no regular file"},
         {"velmor encode source -o link --force", 2, "link: is a symbolic link"},
         {"velmor encode source -o dir", 2, "dir: is a directory; name a file in it"},
@@ -84,12 +80,10 @@ TEST(Files, AreKept) {
     };
     MakeFolder();
     const Names before = Listed();
-    for (const auto& row : rows) {
+    for (const ShellRow& row : rows) {
         SCOPED_TRACE(row.line);
-        const auto [status, errors] = Shell(row.line);
-        EXPECT_EQ(status, row.status) << errors;
-        EXPECT_NE(errors.find(row.words), std::string::npos) << errors;
-        EXPECT_EQ(Listed(), before);
+        ExpectRow(row);
+        EXPECT_EQ(MissingAndNew(before, Listed()), "");
         EXPECT_EQ(ReadFile("kept"), "as it was");
     }
     fs::current_path("..");
