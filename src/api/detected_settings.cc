@@ -26,15 +26,13 @@ long Velmor_GetDetectedDUNSettingByIndex(long aHandle, long index, Velmor_DUNSet
         const Velmor& session = frame.session();
         const auto row = RowAt(session.detectedSettings, index);
         RowView country;
-        String networkType;
+        TextView networkType;
         if (session.detectedSettings) {
             // For compatibility also without a row: the identifiers are empty then.
             country = RowById(session.countries, row.Text(schema::kCountryID));
             networkType = NetworkType(session.networks, row.Text(schema::kNetworkID));
         }
-        // The whole identifier, a NUL inside included; without a detection the empty text.
-        const String phoneId = TextView(session.detectedPhoneId).ToString();
-        const PhoneRows phone(session.basicDUNForPhone, phoneId, networkType);
+        const PhoneRows phone(session.basicDUNForPhone, session.detectedPhoneId, networkType);
         const DialTexts texts = phone.TextsFor(frame, row);
         FillSetting(*output, row, country.Text(schema::kName), texts, SettingId(row));
         TraceSetting(frame, *output);

@@ -24,7 +24,7 @@ long Velmor_GetDUNSetting(long aHandle, long aPhoneId, long aBasicDUNSettingId,
         if (country) {
             frame.Line("Country found");
         }
-        const String networkType = NetworkType(session.networks, row.Text(schema::kNetworkID));
+        const TextView networkType = NetworkType(session.networks, row.Text(schema::kNetworkID));
         const PhoneRows phone(session.basicDUNForPhone, String::FromLong(phoneId), networkType);
         if (phone.IsUnique()) {
             frame.Line("init strings found");

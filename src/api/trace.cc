@@ -8,9 +8,9 @@ void Trace(vel::String& text) {
 }
 
 void Trace(long number) {
-    vel::WriteTrace(*Velmor::getVelmor(), {{"", nullptr, nullptr, &number}});
+    vel::WriteTrace(*Velmor::getVelmor(), "", number);
 }
 
 void Trace(const char* text) {
-    vel::WriteTrace(*Velmor::getVelmor(), {{text}});
+    vel::WriteTrace(*Velmor::getVelmor(), text);
 }

@@ -60,7 +60,7 @@ RowView RowNamedBy(const RowView& row, const char* column, const TablePointer& t
 RowsPointer FindRows(const TablePointer& table, std::initializer_list<Required> required) {
     auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
     for (const Required& wanted : required) {
-        match->Require(wanted.column, wanted.text);
+        match->Require(wanted.column, wanted.text.ToString());
     }
     return FindRows(table, match.get());
 }

@@ -28,7 +28,7 @@ RowView RowNamedBy(const RowView& row, const char* column, const TablePointer& t
 // The rows whose columns hold the given texts.
 struct Required {
     const char* column;
-    const String& text;
+    TextView text;
 };
 RowsPointer FindRows(const TablePointer& table, std::initializer_list<Required> required);
 // The rows that match a condition.

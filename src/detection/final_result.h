@@ -20,12 +20,14 @@ struct ResultCode {
     bool isBeginning;  // of a line: more follows
 };
 
-// The library knows only the first two, which it tests in this order, and reads on after the
-// others: what a catalogue holds for a phone depends on that. A host that knows them all waits
-// less.
-inline constexpr ResultCode kResultCodes[] = {
+// The library knows only these, which it tests in this order, and reads on after all others: what a
+// catalogue holds for a phone depends on that.
+inline constexpr ResultCode kLibraryCodes[] = {
     {"ERROR", FinalResult::kError, false},
     {"OK", FinalResult::kOk, false},
+};
+// A host can know the others too, and waits less.
+inline constexpr ResultCode kOtherCodes[] = {
     {"COMMAND NOT SUPPORT", FinalResult::kError, false},
     {"+CME ERROR:", FinalResult::kError, true},
     {"+CMS ERROR:", FinalResult::kError, true},
@@ -36,13 +38,11 @@ inline constexpr ResultCode kResultCodes[] = {
     {"CONNECT", FinalResult::kOk, false},
     {"CONNECT ", FinalResult::kOk, true},
 };
-inline constexpr int kResultCodesOfLibrary = 2;
 
 // How the library reads a line with its line end. Only the end of the line counts: "NOOK\r\n" is
 // OK, and "OK\n" is nothing. `line` may start in an earlier line.
 inline FinalResult ResultForLibrary(const char* line, std::size_t length) {
-    for (int i = 0; i < kResultCodesOfLibrary; ++i) {
-        const ResultCode& code = kResultCodes[i];
+    for (const ResultCode& code : kLibraryCodes) {
         const std::size_t size = std::strlen(code.text);
         const char* const end = line + length - 2;
         if (length >= size + 2 && std::memcmp(end, "\r\n", 2) == 0 &&
@@ -55,10 +55,18 @@ inline FinalResult ResultForLibrary(const char* line, std::size_t length) {
 
 // How a host that knows all codes reads a line without its line end.
 inline FinalResult ResultForHost(const char* line, std::size_t length) {
-    for (const ResultCode& code : kResultCodes) {
+    const auto is = [&](const ResultCode& code) {
         const std::size_t size = std::strlen(code.text);
-        if ((code.isBeginning ? length >= size : length == size) &&
-            std::memcmp(line, code.text, size) == 0) {
+        return (code.isBeginning ? length >= size : length == size) &&
+               std::memcmp(line, code.text, size) == 0;
+    };
+    for (const ResultCode& code : kLibraryCodes) {
+        if (is(code)) {
+            return code.result;
+        }
+    }
+    for (const ResultCode& code : kOtherCodes) {
+        if (is(code)) {
             return code.result;
         }
     }

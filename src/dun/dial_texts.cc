@@ -22,7 +22,8 @@ String Expand(const String& text, const Placeholder& placeholder, const String& 
     return text.Replace(placeholder.text, value, most);
 }
 
-PhoneRows::PhoneRows(const TablePointer& texts, const String& phoneId, const String& networkType)
+PhoneRows::PhoneRows(const TablePointer& texts, const TextView& phoneId,
+                     const TextView& networkType)
     : rows_(FindRows(texts, {{schema::kPhoneID, phoneId}, {schema::kNetworkType, networkType}})) {}
 
 DialTexts PhoneRows::TextsFor(CallFrame& frame, const RowView& row) const {
@@ -47,8 +48,8 @@ DialTexts PhoneRows::TextsFor(CallFrame& frame, const RowView& row) const {
     return texts;
 }
 
-String NetworkType(const TablePointer& networks, const TextView& networkId) {
-    return RowById(networks, networkId).Text(schema::kNetworkType).ToString();
+TextView NetworkType(const TablePointer& networks, const TextView& networkId) {
+    return RowById(networks, networkId).Text(schema::kNetworkType);
 }
 
 }  // namespace vel

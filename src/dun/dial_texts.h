@@ -28,7 +28,7 @@ String Expand(const String& text, const Placeholder& placeholder, const String& 
 class PhoneRows {
   public:
     // `texts` is the table BasicDUNForPhone.
-    PhoneRows(const TablePointer& texts, const String& phoneId, const String& networkType);
+    PhoneRows(const TablePointer& texts, const TextView& phoneId, const TextView& networkType);
 
     int get_Count() const { return CountOf(rows_); }
     bool IsUnique() const { return get_Count() == 1; }
@@ -42,6 +42,6 @@ class PhoneRows {
 };
 
 // The type of a network in the table Networks; empty when it is not there.
-String NetworkType(const TablePointer& networks, const TextView& networkId);
+TextView NetworkType(const TablePointer& networks, const TextView& networkId);
 
 }  // namespace vel

@@ -13,7 +13,6 @@ using TextField = char (Velmor_DUNSetting::*)[VELMOR_TEXT_SIZE];
 struct SettingColumn {
     const char* name;
     TextField field;
-    bool isUnused = false;  // nothing depends on it, so a catalogue need not have it
 };
 
 // All columns that the library reads, in the order in which an import writes them.
@@ -25,7 +24,7 @@ inline constexpr SettingColumn kSettingColumns[] = {
     {schema::kVAR1, nullptr},
     {schema::kClientIP, &Velmor_DUNSetting::ClientIP},
     {schema::kGatewayIP, &Velmor_DUNSetting::GatewayIP},
-    {schema::kSubnetMask, nullptr, true},
+    {schema::kSubnetMask, nullptr},
     {schema::kDNS1, &Velmor_DUNSetting::Dns1},
     {schema::kDNS2, &Velmor_DUNSetting::Dns2},
     {schema::kName, &Velmor_DUNSetting::DisplayName},
@@ -36,5 +35,10 @@ inline constexpr SettingColumn kSettingColumns[] = {
     {schema::kPassword, &Velmor_DUNSetting::DefaultPassword},
     {schema::kRequiresUser, &Velmor_DUNSetting::RequiresUser},
 };
+
+// Whether nothing depends on a column: a catalogue need not have it.
+inline bool IsUnused(const SettingColumn& column) {
+    return column.name == schema::kSubnetMask;
+}
 
 }  // namespace vel

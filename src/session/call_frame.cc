@@ -6,6 +6,11 @@
 #include "session/trace.h"
 
 namespace vel {
+namespace {
+
+constexpr char kLineEnd[] = "\r\n";
+
+}  // namespace
 
 CallFrame::CallFrame(Velmor& session, const char* name) : session_(session), name_(name) {
     Line("Enter: ", name_);
@@ -26,36 +31,44 @@ void CallFrame::SetResult(long result) {
 }
 
 void CallFrame::In(const char* label, long value) {
-    WriteTrace(session_, {{label, " <= "}, {"", nullptr, nullptr, &value}, kLineEnd});
+    WriteTrace(session_, label, " <= ");
+    Line("", value);
 }
 
 void CallFrame::In(const char* label, const char* text) {
-    WriteTrace(session_, {{label, " <= "}, {text}, kLineEnd});
+    WriteTrace(session_, label, " <= ");
+    Line(text);
 }
 
 void CallFrame::InAddress(const char* label, const void* address) {
-    const long number = static_cast<long>(reinterpret_cast<std::intptr_t>(address));
-    WriteTrace(session_, {{"(long)", label, " <= "}, {"", nullptr, nullptr, &number}, kLineEnd});
+    WriteTrace(session_, "(long)", label, " <= ");
+    Line("", static_cast<long>(reinterpret_cast<std::intptr_t>(address)));
 }
 
 void CallFrame::Out(const char* label, long value) {
-    WriteTrace(session_, {{label, " => "}, {"", nullptr, nullptr, &value}, kLineEnd});
+    WriteTrace(session_, label, " => ");
+    Line("", value);
 }
 
 void CallFrame::Out(const char* label, const char* buffer, long size) {
-    WriteTrace(session_, {{label, " => "}, {buffer, nullptr, nullptr, nullptr, size}, kLineEnd});
+    WriteTrace(session_, label, " => ");
+    WriteTrace(session_, buffer, nullptr, nullptr, size);
+    WriteTrace(session_, kLineEnd);
 }
 
 void CallFrame::Line(const char* text, const char* value) {
-    WriteTrace(session_, {{text, value}, kLineEnd});
+    WriteTrace(session_, text, value);
+    WriteTrace(session_, kLineEnd);
 }
 
 void CallFrame::Line(const char* text, long number) {
-    WriteTrace(session_, {{text, nullptr, nullptr, &number}, kLineEnd});
+    WriteTrace(session_, text, number);
+    WriteTrace(session_, kLineEnd);
 }
 
 void CallFrame::Line2(const char* label, const String& text) {
-    WriteTrace(session_, {{label}, {text.c_str()}, kLineEnd});
+    WriteTrace(session_, label);
+    Line(text.c_str());
 }
 
 long InFrame(Velmor& session, const char* name, long failure, FrameBody body) {

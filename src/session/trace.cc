@@ -11,35 +11,31 @@ namespace {
 
 constexpr int kIndent = 3;  // blanks for each call that has not returned yet
 
-void WriteFragment(const TraceFragment& fragment, int depth) {
-    String line;
-    for (int i = 0; i < kIndent * depth; ++i) {
-        line.Append(' ');
-    }
-    if (fragment.first != nullptr && fragment.size > 0) {
-        const std::size_t length = strnlen(fragment.first, static_cast<std::size_t>(fragment.size));
-        line.Append(fragment.first, static_cast<int>(length));
-    }
-    line.Append(fragment.second);
-    line.Append(fragment.third);
-    if (fragment.number != nullptr) {
-        line.Append(String::FromLong(*fragment.number).c_str());
-    }
-    File log(kTraceLogPath, accessAppend);
-    if (log.openFile()) {
-        log.writeLine(line);
-    }
-}
-
 }  // namespace
 
-void WriteTrace(const Velmor& session, std::initializer_list<TraceFragment> fragments) {
+void WriteTrace(const Velmor& session, const char* first, const char* second, const char* third,
+                long size, const long* number) {
     if (!session.traceSwitch) {
         return;
     }
-    for (const TraceFragment& fragment : fragments) {
-        Guarded([&] { WriteFragment(fragment, session.traceDepth); });
-    }
+    Guarded([&] {
+        String line;
+        for (int i = 0; i < kIndent * session.traceDepth; ++i) {
+            line.Append(' ');
+        }
+        if (first != nullptr && size > 0) {
+            line.Append(first, static_cast<int>(strnlen(first, static_cast<std::size_t>(size))));
+        }
+        line.Append(second);
+        line.Append(third);
+        if (number != nullptr) {
+            line.Append(String::FromLong(*number).c_str());
+        }
+        File log(kTraceLogPath, accessAppend);
+        if (log.openFile()) {
+            log.writeLine(line);
+        }
+    });
 }
 
 }  // namespace vel

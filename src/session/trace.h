@@ -2,7 +2,6 @@
 #pragma once
 
 #include <climits>
-#include <initializer_list>
 
 #include "session/session.h"
 
@@ -11,22 +10,16 @@
 // has not returned yet precede every fragment, the line end "\r\n" included.
 namespace vel {
 
-// A fragment of the log: up to three texts, then a number in decimal. A part that is null is left
-// out. Of the first text at most `size` bytes count: it may be a host's buffer, without terminator.
-struct TraceFragment {
-    const char* first;
-    const char* second = nullptr;
-    const char* third = nullptr;
-    const long* number = nullptr;
-    long size = LONG_MAX;
-};
+// Appends a fragment to the log: up to three texts, then a number in decimal. A part that is null
+// is left out. Of the first text at most `size` bytes count: it may be a host's buffer, which has
+// no terminator. Writes nothing when the session does not trace. A fragment that cannot be written,
+// because memory or a writable log is missing, is lost, and nothing else changes.
+void WriteTrace(const Velmor& session, const char* first, const char* second = nullptr,
+                const char* third = nullptr, long size = LONG_MAX, const long* number = nullptr);
 
-// Appends fragments to the log. Writes nothing when the session does not trace. A fragment that
-// cannot be written, because memory or a writable log is missing, is lost, and nothing else
-// changes.
-void WriteTrace(const Velmor& session, std::initializer_list<TraceFragment> fragments);
-
-inline constexpr TraceFragment kLineEnd = {"\r\n"};
+inline void WriteTrace(const Velmor& session, const char* text, long number) {
+    WriteTrace(session, text, nullptr, nullptr, LONG_MAX, &number);
+}
 
 // Path of the log. Defined in a file of its own, so that a program which links the library's
 // objects can have its log elsewhere.

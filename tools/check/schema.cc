@@ -27,7 +27,7 @@ Names SettingValues() {
     Names names;
     for (const vel::SettingColumn& column : vel::kSettingColumns) {
         const std::string name = column.name;
-        if (name != kID && name != kNetworkID && name != kCountryID && !column.isUnused) {
+        if (name != kID && name != kNetworkID && name != kCountryID && !vel::IsUnused(column)) {
             names.push_back(column.name);
         }
     }

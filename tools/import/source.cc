@@ -86,7 +86,7 @@ class CatalogueMaker {
     void AddSettings(const std::vector<Network>& networks) {
         std::vector<std::string> columns;
         for (const vel::SettingColumn& column : vel::kSettingColumns) {
-            if (!column.isUnused) {
+            if (!vel::IsUnused(column)) {
                 columns.emplace_back(column.name);
             }
         }
