@@ -11,8 +11,8 @@
  *    Counting functions return the count. No function throws an exception or ends the process.
  *    Running out of memory is a failure like any other; the functions that count countries and
  *    phones then return 0. (A library that shares its C++ runtime needs the preparation that
- *    docs/integration.md describes.) The session stays usable after a failure, except after one of
- *    Velmor_Initialise.
+ *    docs/integration.md describes.) The session stays usable after a failure, but not after a
+ *    failure of Velmor_Initialise.
  * 3. Text buffers and DUN settings belong to the host; the library keeps no pointer to them. The
  *    library writes a buffer over its whole size: the text, then zeros. It cuts a text of `size`
  *    bytes or more to `size` bytes WITHOUT a terminator: read at most `size` bytes. It does not
@@ -24,8 +24,8 @@
  * 6. The library starts no threads and takes no locks. Call it from one thread at a time. Do not
  *    call it from inside its callbacks.
  * 7. A thread may be cancelled (pthread_cancel). A call holds cancellation off until it returns;
- * only the callbacks run with the cancellation state of the host. A thread that is cancelled in a
- *    callback leaves the session usable. Compile callbacks in C with -fexceptions: without it,
+ *    only the callbacks run with the cancellation state of the host. A thread that is cancelled in
+ *    a callback leaves the session usable. Compile callbacks in C with -fexceptions: without it,
  *    32-bit Arm cannot free what the call had allocated.
  * 8. Calls at the end of the process are allowed, for example in an atexit handler. After the
  *    session is destroyed they answer as without a session, and Velmor_Initialise returns -1.
@@ -102,11 +102,11 @@ typedef long (*Velmor_SendFunction)(const char* buffer, long length);
  *
  * Returns 0, or -1 when the file cannot be read or lacks one of the tables Countries, Phones,
  * Manufacturers, BasicDUNSettings, ManufacturerIdentification, PhoneIdentification or
- * NetworkIdentification. After -1 there is no session; the callbacks of an earlier one stay.
+ * NetworkIdentification. After -1 there is no session; the callbacks of an earlier session stay.
  *
  * To change the catalogue, call Velmor_DeInitialise and then this function again. Without
- * Velmor_DeInitialise the library keeps the rows it found before: those of the last detection and
- * of the country last asked for. Their texts are empty, because their catalogue is gone. */
+ * Velmor_DeInitialise the library keeps the rows it found before, for the last detection and for
+ * the country last asked for. Their texts are empty, because their catalogue is gone. */
 VELMOR_EXPORT long Velmor_Initialise(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                                      Velmor_SendFunction aSendFunction);
 

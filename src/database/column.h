@@ -5,7 +5,7 @@
 
 namespace vel {
 
-// A cell with a copy of its text. Its row makes it when somebody first asks for cells.
+// A cell with a copy of its text. Its row makes it at the first request for a cell.
 class Column final : public IColumn, public DatabaseObject {
   public:
     Column(IRow* row, int index, String value);

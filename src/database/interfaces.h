@@ -34,8 +34,8 @@ class IDatabase : public IUnknown {
     virtual int get_Table(const String& name, ITable*& table) const = 0;
     // A new collection of every table in order of creation.
     virtual int get_Tables(ICollection<ITable*>*& tables) const = 0;
-    // Makes a table. When the name is taken, only the first table is found and listed. The new one
-    // then belongs to the caller alone, who must take it apart with Destroy.
+    // Makes a table. When the name is taken, only the first table is found and listed; the new
+    // table belongs to the caller alone, who must take it apart with Destroy.
     virtual int CreateTable(const String& name, const Array<String>& columnNames,
                             ITable*& table) = 0;
     virtual int get_Version(String& version) const = 0;

@@ -15,7 +15,7 @@ class MultyValueMatch final : public IRowCondition {
     // Column name to required text; copied.
     explicit MultyValueMatch(const Dictionary<String, String>& conditions);
 
-    // Requires a text of one more column. Of two texts for one column the first counts.
+    // Requires a text of one more column. Of two texts for a column the first counts.
     void Require(const String& column, const String& text) { conditions_.Add(column, text); }
 
     int Prepare(ITable* table) override;

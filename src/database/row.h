@@ -14,12 +14,12 @@ class TableRows;
 struct PackedRow {
     PackedTexts Texts() const { return PackedTexts(reinterpret_cast<const int*>(this + 1)); }
 
-    Row* object;  // null while nobody holds the row; not counted
+    Row* object;  // null while the row is not held; not counted
     // The texts follow in memory.
 };
 
-// The texts of a row in place, without its object. Valid as long as the table keeps its rows, or
-// somebody holds the row. Of a row that was taken apart only the key is left.
+// The texts of a row in place, without its object. Valid while the table keeps its rows or the row
+// is held. A row that was taken apart has only its key.
 class RowView {
   public:
     // No row.
@@ -37,8 +37,8 @@ class RowView {
     PackedTexts texts_;
 };
 
-// A row as an object; its table made it and keeps its texts (TableRows), and look-ups read them
-// there. It makes cell objects only when somebody asks for cells, which is rare.
+// A row as an object, made by its table. The table keeps the texts (TableRows), and look-ups read
+// them there. The row makes cell objects at the first request for a cell, which is rare.
 class Row final : public IRow, public DatabaseObject {
   public:
     Row(Table* table, PackedRow& packed, int index);
@@ -54,13 +54,12 @@ class Row final : public IRow, public DatabaseObject {
     int get_ColumnName(int index, String& name) const override;
     void Destroy() override;
 
-    // Whether nobody but the caller holds it. It can then become the object of another row of its
-    // table.
+    // Whether only the caller holds it. It can then become the object of another row of its table.
     bool IsHeldOnce() const { return refCount == 1; }
     void Become(PackedRow& packed, int index);
 
-    // The texts in place: the key, and the text at an index, if there is one. Once the row has been
-    // taken apart, only the key is left.
+    // The texts in place: the key, and the text at an index, absent when the row has no such column
+    // or was taken apart.
     TextView Id() const { return packed_->Texts()[0]; }
     TextView Text(int index) const { return table_ ? packed_->Texts()[index] : TextView(); }
     RowView View() const { return {table_.get(), packed_->Texts()}; }

@@ -22,7 +22,7 @@ RowView RowWith(const ITable* table, const char* column, const TextView& text);
 inline RowView RowWith(const TablePointer& table, const char* column, const TextView& text) {
     return RowWith(table.get(), column, text);
 }
-// The row whose key stands in a cell of another row; none without the other row.
+// The row whose key is the text of a cell of another row; none without the other row.
 RowView RowNamedBy(const RowView& row, const char* column, const TablePointer& table);
 
 // The rows whose columns hold the given texts.

@@ -102,7 +102,7 @@ int Table::Find(IRowCondition* condition, ICollection<IRow*>*& result) {
     return 0;
 }
 
-// Not by way of a condition and Find, which give the same: looking at the texts in place is faster.
+// The result is that of a Find with a condition. Reading the texts in place is faster.
 int Table::FindByIndex(String column, String value, IRow*& row) {
     const int columnIndex = IndexOfColumn(column);
     const int index = IndexOfRow(columnIndex, value);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// A phone is asked in several ways, because old ones do not know the newer commands. The first
-// answer that the catalogue knows ends a question. The manufacturer comes first: two of them can
-// give a phone the same name.
+// A phone is asked in several ways, because old phones do not know the newer commands. The first
+// answer that the catalogue knows ends a question. The manufacturer comes first, because two
+// manufacturers can give a phone the same name.
 #include "detection/detection.h"
 
 #include "detection/manufacturer_selector.h"
@@ -10,7 +10,7 @@
 namespace vel {
 namespace {
 
-// The identifier in the first of the rows for the first answer that has any; empty when none has.
+// Asks until an answer has a row. Returns the identifier in its first row; empty without a row.
 String Identify(const DetectionSteps& steps, Subject subject, const Question& question,
                 const char* idColumn, FunctionRef<RowsPointer(const String& key)> rowsFor) {
     for (const Attempt& attempt : question.attempts) {

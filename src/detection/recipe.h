@@ -7,8 +7,8 @@ namespace vel {
 
 // How an answer of the phone becomes a key of the catalogue. The steps are variables of a table:
 // "RemoveCharacters" removes each of its characters. "Compress" shortens each run of one of its
-// characters to one. "MakeUpperCase" makes ASCII letters capital when it begins with y or Y. For
-// compatibility runs are shortened only together with upper case.
+// characters to a single one. "MakeUpperCase" makes ASCII letters capital when it begins with y or
+// Y. For compatibility runs are shortened only together with upper case.
 class Recipe {
   public:
     // Reads the steps. A missing variable leaves its step out, a missing table all of them.

@@ -23,8 +23,8 @@ inline constexpr Placeholder kPlaceholders[] = {
 // than 65,536 bytes.
 String Expand(const String& text, const Placeholder& placeholder, const String& value);
 
-// The rows that hold a phone's texts for a type of network. Two or more rows count as none: they
-// are ambiguous.
+// The rows that hold a phone's texts for a type of network. Two or more rows are ambiguous and give
+// no texts.
 class PhoneRows {
   public:
     // `texts` is the table BasicDUNForPhone.

@@ -9,8 +9,8 @@
 
 namespace vel {
 
-// The dial and initialisation strings of a setting on a phone; empty when the catalogue has none or
-// several for it.
+// The dial and initialisation strings of a setting on a phone; empty unless the catalogue has
+// exactly one row for it.
 struct DialTexts {
     String dial;
     String initialization;

@@ -17,8 +17,8 @@ class ICollection : public IUnknown {
     virtual int get_Item(int index, T& item) const = 0;
 };
 
-// The one implementation: holds objects of the class C, shows them as the interface I. The slots
-// have one type for all collections: the library then has the code of one array instead of three.
+// The only implementation: holds objects of the class C, shows them as the interface I. All
+// collections have slots of the same type, so that the library has the code of a single array.
 template <class I, class C>
 class ComArray final : public ICollection<I*> {
   public:

@@ -53,7 +53,7 @@ class Dictionary : public List<DictionaryEntry<K, V>> {
         return &this->Link(Entry(key, value));
     }
 
-    // The empty dictionary of the process; new ones are copies of it.
+    // The empty dictionary of the process; new dictionaries are copies of it.
     static const Dictionary& emptyInstance() {
         static const Dictionary empty;
         return empty;

@@ -44,7 +44,7 @@ class List {
     ~List() { RemoveAll(); }
 
     // Appends the element. Does nothing when duplicates are refused and the list holds an equal
-    // one.
+    // element.
     void Add(T element) {
         if (allowDuplicates || !Contains(element)) {
             Link(std::move(element));

@@ -15,9 +15,10 @@ std::int32_t ReadNumber(const char* text, std::int32_t absent) {
 }
 
 std::int32_t Saturate(long number) {
-    return number > INT32_MAX   ? INT32_MAX
-           : number < INT32_MIN ? INT32_MIN
-                                : static_cast<std::int32_t>(number);
+    if (number > INT32_MAX) {
+        return INT32_MAX;
+    }
+    return number < INT32_MIN ? INT32_MIN : static_cast<std::int32_t>(number);
 }
 
 }  // namespace vel

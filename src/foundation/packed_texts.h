@@ -5,15 +5,15 @@
 
 namespace vel {
 
-// The texts of a record in one piece of memory that belongs to somebody else: their number, where
-// each ends, then their bytes. A text costs its bytes, its terminator and four bytes.
+// The texts of a record in borrowed memory: their number, where each ends, then their bytes. A text
+// costs its bytes, its terminator and four bytes.
 class PackedTexts {
   public:
     // Writes the texts of a record to `memory`, which has SizeOf(record) bytes.
     static std::size_t SizeOf(const Record& record);
     static void Write(const Record& record, int* memory);
 
-    // Without memory there are no texts to ask for.
+    // Without memory: it has no texts, and may not be asked for any.
     PackedTexts() = default;
     explicit PackedTexts(const int* memory) : memory_(memory) {}
     explicit operator bool() const { return memory_ != nullptr; }

@@ -5,8 +5,8 @@
 
 namespace vel {
 
-// The fields of one record, in order, while it is read or made. They stand one after the other in
-// two buffers, which are used again for the next record.
+// The fields of a record, in order, while it is read or made. Two buffers hold them all, and serve
+// again for the next record.
 class Record {
   public:
     Record() = default;
@@ -17,7 +17,7 @@ class Record {
     // The same, and returns where to write the first field. There is room for `bytes` in all, the
     // terminators of the fields included.
     char* Start(int bytes);
-    // Ends a field at `end`. Returns where to write the next one. REQUIRES: room for a byte.
+    // Ends a field at `end`. Returns where to write the next field. REQUIRES: room for a byte.
     char* EndField(char* end) {
         *end++ = '\0';
         bytes_.count = static_cast<int>(end - bytes_.data);

@@ -21,8 +21,8 @@ int CountOf(const char* s) {
     return static_cast<int>(length) + 1;
 }
 
-// Whether the first `length` bytes of `what` stand at position `at`. REQUIRES: the text has so
-// many.
+// Whether the text has the first `length` bytes of `what` at position `at`. REQUIRES: the text has
+// so many bytes there.
 bool StandsAt(const String& text, int at, const String& what, int length) {
     return std::memcmp(text.data + at, what.data, static_cast<std::size_t>(length)) == 0;
 }

@@ -16,8 +16,8 @@ struct TextView {
     TextView(const char* text)  // NOLINT(google-explicit-constructor): the same
         : TextView(text, static_cast<int>(std::strlen(text)) + 1) {}
 
-    // The text at `index` of those that stand one after the other at `bytes`: text i ends before
-    // byte ends[i].
+    // The text at `index` of several that follow each other at `bytes`: text i ends before byte
+    // ends[i].
     static TextView Within(const char* bytes, const int* ends, int index) {
         const int start = index == 0 ? 0 : ends[index - 1];
         return TextView(bytes + start, ends[index] - start);

@@ -5,7 +5,7 @@
 namespace vel {
 namespace {
 
-// Runs while there still is memory, in the thread that loads the library: often the only one.
+// Runs in the thread that loads the library, often the only thread, while memory is available.
 __attribute__((constructor)) void PrepareLoadingThread() {
     PrepareThread();
 }

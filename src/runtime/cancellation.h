@@ -6,8 +6,8 @@
 namespace vel {
 
 // Controls whether pthread_cancel may end the host's thread. It must not do so inside the library:
-// a cancellation in a destructor would abort the process, and one elsewhere would leave work half
-// done. So each call holds cancellation off, and only callbacks run with the host's own state.
+// in a destructor it would abort the process, and elsewhere leave work half done. So each call
+// holds cancellation off, and only callbacks run with the host's own state.
 //
 // A thread that is cancelled in a callback unwinds through the library. It cannot be cancelled a
 // second time, so nothing has to be restored then, and no destructor is needed here.
@@ -32,7 +32,7 @@ class Cancellation {
     }
 
   private:
-    // One for the process, as one thread at a time is in the library.
+    // Of the process: only one thread at a time is in the library.
     static bool isHeldOff_;
     static int hostState_;
 };

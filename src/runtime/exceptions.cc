@@ -12,23 +12,24 @@
 
 namespace {
 
-// A thread's exceptions: two words, on Arm three. In this model they are part of every thread from
-// its start. C libraries other than glibc do so in any case, and may not load such a model.
+// A thread's exceptions: two words, on Arm three. initial-exec TLS: allocated with the thread, so
+// access cannot fail. Other C libraries than glibc allocate it so anyway, and may refuse this
+// model.
 #ifdef __GLIBC__
 __attribute__((tls_model("initial-exec")))
 #endif
 thread_local void* perThread[4];
 
-// One exception. The library throws std::bad_alloc and pointers. In front of what is thrown the
-// runtime keeps some 128 bytes of its own.
+// The memory of an exception. The library throws std::bad_alloc and pointers; the runtime keeps
+// some 128 bytes of its own in front of the thrown object.
 struct Exception {
     alignas(std::max_align_t) unsigned char header[256];
     alignas(std::max_align_t) unsigned char thrown[16];
     bool isInUse;
 };
 
-// Two occur at once: while one unwinds, a destructor that traces may meet another. No lock, as one
-// thread at a time is in the library.
+// Two exceptions exist at once when a destructor that traces runs during unwinding and memory is
+// still short. No lock: only one thread at a time is in the library.
 Exception exceptions[4];
 
 }  // namespace

@@ -5,7 +5,7 @@
 
 namespace vel {
 
-// The one place where exceptions end. Runs the body; false when it threw.
+// Runs the body; false when it threw. The only function that stops exceptions.
 bool Guarded(FunctionRef<void()> body);
 
 // Has the C++ runtime allocate its state for this thread. A shared runtime does so at the thread's

@@ -3,8 +3,7 @@
 
 namespace vel {
 
-// Indexed access beyond the end of a list throws a pointer to one on the heap. Who catches it
-// deletes it.
+// Thrown as a pointer by indexed access beyond the end of a list. The handler deletes it.
 class CIndexOutOfRangeException {
   public:
     CIndexOutOfRangeException(int askedFor, int held) : index(askedFor), count(held) {}

@@ -11,7 +11,7 @@ long OpenSession(const char* aDatabaseFile, Velmor_ReadFunction aReadFunction,
                  Velmor_SendFunction aSendFunction, EncodedCopy copy) {
     PrepareThread();
     Velmor& session = *Velmor::getVelmor();
-    // Held off over both parts: between them the session would be half open.
+    // Held off during both parts: between them the session is half open.
     const bool outermost = Cancellation::HoldOff();
     // Before the frame: the catalogue says whether this call is traced.
     const bool loaded = Guarded([&] { session.Init(aDatabaseFile, copy); });

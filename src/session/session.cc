@@ -12,8 +12,8 @@ using namespace vel;
 
 namespace {
 
-// The tables of a session in the order in which it fetches them. It is complete when it has the
-// required ones.
+// The tables of a session in the order in which it fetches them. A complete session has all that
+// are required.
 const struct {
     TablePointer Velmor::*table;
     const char* name;

@@ -5,8 +5,8 @@
 #include "storage/encoded_copy.h"
 #include "velmor.h"
 
-// The one session of the process: all state of the library. Only the exported operations use it;
-// they read and write its fields directly.
+// The only session of the process: all state of the library. The exported operations hand it on to
+// what they call, which reads and writes its fields directly.
 class Velmor {
   public:
     // Shorter names for the host's side.
@@ -25,12 +25,13 @@ class Velmor {
     void Init(const char* aDatabaseFile, vel::EncodedCopy copy = vel::EncodedCopy::kWrite);
     // Whether the database and every table that the exported operations require are there.
     bool IsComplete() const;
-    // Releases the catalogue and the rows kept from it. For compatibility two tables, which no
-    // query uses without the others, stay, and so do the identifiers and the callbacks.
+    // Releases the catalogue and the rows kept from it. For compatibility the tables
+    // ManufacturerIdentification and Networks stay, which no query uses without the others, and so
+    // do the identifiers and the callbacks.
     void Release();
     // Drops what the last detection found.
     void ForgetDetection();
-    // The table of that name, null when there is none.
+    // The table of that name, or null.
     vel::TablePointer FetchTable(const vel::String& name) const;
 
     vel::Pointer<vel::IDatabase> database;

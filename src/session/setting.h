@@ -12,8 +12,8 @@ class Setting {
     // Keeps the pointer, but no reference: the caller keeps the table alive.
     explicit Setting(const ITable* table) : table_(table) {}
 
-    // The value in the first row of that name. The empty text when there is none: a missing
-    // variable and an empty one are the same.
+    // The value in the first row of that name; the empty text without such a row: a missing
+    // variable is the same as an empty one.
     String get_Setting(const TextView& name) const {
         return RowWith(table_, schema::kVariable, name).Text(schema::kValue).ToString();
     }

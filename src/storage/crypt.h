@@ -20,7 +20,7 @@ class Crypt {
     double Random();
 
     // Both replace the output and return true. Deciphering never fails: any character stands for
-    // its nibble modulo 16, and an odd last one is paired with the terminator of the text.
+    // its nibble modulo 16, and an odd last character is paired with the terminator.
     bool Encrypt(const String& plain, String& cipher);
     bool Decrypt(const String& cipher, String& plain);
 

@@ -6,8 +6,8 @@
 namespace vel {
 namespace {
 
-// The table of the section that is being read. When its name was taken, the database does not hold
-// it, and this takes it apart.
+// The table of the section that is being read. The database does not hold a table whose name was
+// taken; the destructor then takes it apart.
 class TableInHand {
   public:
     TableInHand(IDatabase& database, const String& name, const Array<String>& columns)

@@ -29,19 +29,18 @@ class File {
     // Harmless on a closed file.
     void closeFile();
 
-    // Reads the bytes up to the next line feed or the end of the file, without any "\r", and
-    // returns true; false once the end has been met. So a file that ends in a line feed yields one
-    // more, empty, line. Reads ahead: meant for files, not for terminals. A read error counts as
-    // the end of the file, but then an empty rest is no line.
+    // Reads the bytes up to the next line feed or the end of the file, without any CR, and returns
+    // true; false once the end was met. So a file that ends in a line feed yields an empty line
+    // more. Reads ahead: meant for files, not for terminals. A read error counts as the end of the
+    // file, but then an empty rest is no line.
     bool readLine(String* line);
-    // Takes lines out of the read-ahead as they stand, with their line feeds but without any "\r",
-    // up to one that begins with `marker` or "\r", or is not whole. False when there is none, which
-    // says nothing about the end: readLine goes on from there. Reading many lines in this way costs
-    // a tenth of reading them one by one.
+    // Copies buffered whole lines with their line feeds, without CR, up to one that starts with
+    // `marker` or CR; false: none buffered, call readLine. Reading many lines in this way costs a
+    // tenth of the calls of readLine.
     bool readLinesBefore(char marker, String* lines);
     // Writes the characters of the line without its NULs. Adds no line end.
     bool writeLine(String& line);
-    // Whether the next bytes are those that writeLine would write. Reads them.
+    // Whether the next bytes are what writeLine would write. Reads them.
     bool continuesWith(const String& line);
     // Whether the file has ended and all of it was delivered; false after a read error.
     bool atEnd();
@@ -60,8 +59,8 @@ class File {
     // the end of the file or on an error.
     bool Fetch();
     int Ahead() const { return aheadCount_ - aheadAt_; }
-    // Takes up to `most` bytes out of the read-ahead; returns where they stand and sets their
-    // number. REQUIRES: bytes in it.
+    // Takes up to `most` bytes out of the read-ahead; returns their address and sets their number.
+    // REQUIRES: bytes in it.
     const char* Take(std::size_t most, std::size_t& taken);
     void DropAhead();
 
@@ -70,8 +69,8 @@ class File {
     std::FILE* stream_ = nullptr;  // owned; null while the file is closed
     bool ended_ = false;           // a read has met the end of the file, or failed
     bool failed_ = false;
-    // Bytes read but not yet delivered. Finding a line in a block costs a sixth of reading its
-    // bytes one by one.
+    // Bytes read but not yet delivered. Finding a line in a block costs a sixth of a call for each
+    // byte.
     static constexpr std::size_t kAheadSize = 65536;
     char* ahead_ = nullptr;  // owned; null until the file is read
     int aheadAt_ = 0;

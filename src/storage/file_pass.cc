@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 //
-// Decides which bytes of a file are written when. The library writes a copy of its catalogue at
-// every start, mostly the same one: a copy that already holds the bytes is left alone. That spares
-// the flash of a device, and comparing costs less than writing. The output can be the input itself,
-// so it is opened for writing only after the input was read to its end.
+// Decides when the stored form of a file is written. The library does this at every start, mostly
+// with the same bytes: a copy that holds them already is left alone. That spares the flash of a
+// device, and comparing costs less than writing. The output can be the input itself, so it is
+// opened for writing only after the input was read to its end.
 #include "foundation/list.h"
 #include "storage/crypt.h"
 #include "storage/file.h"
@@ -15,7 +15,7 @@ constexpr int kBlockSize = 65536;
 
 using Blocks = List<String>;
 
-// Reads the next lines of a source, one at least, and makes them stored ones, with line feeds.
+// Reads one or more lines of a source and makes them stored ones, with line feeds.
 bool ReadStored(ArrayCrypter& crypter, File& source, String& lines) {
     if (source.readLinesBefore('E', &lines)) {
         return true;

@@ -10,7 +10,7 @@ bool SplitRecord(const String& line, char separator, Record& fields) {
         return false;
     }
     char* to = fields.Start(line.Length() + 1);
-    // Behind a final backslash stands the NUL that ends the line.
+    // A final backslash is followed by the NUL that ends the line.
     for (; from < end && *from != separator; ++from) {
         from += *from == '\\' ? 1 : 0;
         if (*from == '?') {
