@@ -7,18 +7,16 @@
 #include <sstream>
 #include <string>
 
-#include "commands/command.h"
+#include "commands/command_line.h"
 
 const std::string kTestPhones = VELMOR_TESTS_DIR "/tools/phones.source";
 
 // Runs "velmor import" with these words. Returns its report.
 inline std::string Import(const std::string& words, const std::string& phones = kTestPhones) {
     std::istringstream all("import --force --phones " + phones + " " + words);
-    tool::CommandLine line("");
-    tool::AddImport(line);
     testing::internal::CaptureStdout();
     try {
-        line.Run({std::istream_iterator<std::string>(all), {}});
+        tool::RunCommandLine("", {std::istream_iterator<std::string>(all), {}});
     } catch (...) {
         testing::internal::GetCapturedStdout();
         throw;

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <utility>
 
-#include "commands/command.h"
+#include "commands/options.h"
 #include "support/input_file.h"
 #include "support/print.h"
 #include "support/utf8.h"
@@ -75,7 +75,9 @@ Json InJson(const Findings& findings) {
     return list;
 }
 
-int Check(const ReadOptions& options) {
+}  // namespace
+
+int RunCheck(const ReadOptions& options) {
     const CheckResult result = CheckCatalogue(ReadInput(options.catalogue));
     const Findings& findings = result.findings;
     const long errors = std::count_if(findings.begin(), findings.end(), [](const Finding& finding) {
@@ -90,17 +92,6 @@ int Check(const ReadOptions& options) {
         PrintText(options.catalogue, result, errors);
     }
     return errors > 0 ? kExitFindings : kExitOk;
-}
-
-}  // namespace
-
-void AddCheck(CommandLine& line) {
-    const auto [command, options] = line.Add(
-        "check", "Reports what is wrong with a catalogue, in its source or stored form.", Check);
-    AddRead(command, *options);
-    command.AddFooter(
-        "Exit status: 0 without errors (warnings do not count), 1 with errors, 2 when the file"
-        " cannot be read.\nExample: velmor check my.source\n");
 }
 
 }  // namespace tool

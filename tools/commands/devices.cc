@@ -2,19 +2,14 @@
 // velmor devices: the serial devices that may be a phone.
 #include <iostream>
 
-#include "commands/command.h"
+#include "commands/options.h"
 #include "device/port_search.h"
+#include "support/error.h"
 #include "support/interruption.h"
 #include "support/print.h"
 
 namespace tool {
 namespace {
-
-// The arguments.
-struct Options {
-    PortSearch search;
-    bool json = false;
-};
 
 // The word for programs, and the text for people where there is no detail.
 std::pair<const char*, const char*> Words(PortState state) {
@@ -35,12 +30,13 @@ std::pair<const char*, const char*> Words(PortState state) {
     return {};
 }
 
-int RunDevices(const Options& options) {
+}  // namespace
+
+int RunDevices(const DevicesOptions& options) {
     const Interruption interruption;
     const std::vector<FoundDevice> devices = SearchPorts(options.search);
     if (Interruption::Signal() != 0) {
-        std::cerr << "velmor: interrupted\n";
-        return 128 + Interruption::Signal();
+        throw ToolError("interrupted");
     }
     std::vector<TextRow> rows = {{"Device", "Product", "State"}};
     Json list = Json::array();
@@ -68,21 +64,6 @@ int RunDevices(const Options& options) {
         Print(rows, list, options.json);
     }
     return status;
-}
-
-}  // namespace
-
-void AddDevices(CommandLine& line) {
-    const auto [command, options] = line.Add(
-        "devices", "Lists the serial devices that may be a phone, and asks each.", RunDevices);
-    command.Add("--search", options->search.pattern, "PATTERN",
-                "look for these devices, not for those with the usual names");
-    command.Add("--baud", options->search.baud, "N", "speed of the devices; default 115200");
-    command.AddFlag("--json", options->json, "print JSON");
-    command.AddFooter(
-        "The usual names are those in /dev/serial/by-id, ttyACM*, ttyUSB* and rfcomm*.\n"
-        "Exit status 1 when no device answers.\n"
-        "Example: velmor devices --search 'ttyS*'\n");
 }
 
 }  // namespace tool

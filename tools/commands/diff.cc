@@ -3,20 +3,13 @@
 #include "diff/diff.h"
 
 #include "check/check.h"
-#include "commands/command.h"
+#include "commands/options.h"
 #include "diff/print.h"
 #include "support/error.h"
 #include "support/input_file.h"
 
 namespace tool {
 namespace {
-
-// The arguments.
-struct Options {
-    std::string before;
-    std::string after;
-    bool json = false;
-};
 
 // Refuses what the library refuses or would lose a part of: what is lost would look like gone.
 Content Read(const std::string& path) {
@@ -32,7 +25,9 @@ Content Read(const std::string& path) {
     return Content(catalogue);
 }
 
-int Diff(const Options& options) {
+}  // namespace
+
+int RunDiff(const DiffOptions& options) {
     const Content before = Read(options.before);
     const Difference difference = Compare(before, Read(options.after));
     if (options.json) {
@@ -41,21 +36,6 @@ int Diff(const Options& options) {
         PrintDifference(difference);
     }
     return difference.Empty() ? kExitOk : kExitFindings;
-}
-
-}  // namespace
-
-void AddDiff(CommandLine& line) {
-    const auto [command, options] = line.Add(
-        "diff",
-        "Tells what the change from one catalogue to another means for phones and networks.", Diff);
-    command.Add("OLD", options->before, "", "catalogue or source before the change").Required();
-    command.Add("NEW", options->after, "", "catalogue or source after it").Required();
-    command.AddFlag("--json", options->json, "print JSON");
-    command.AddFooter(
-        "Exit status: 0 when both say the same, 1 when they differ, also in identifiers alone, 2\n"
-        "when a file cannot be read or is damaged.\n"
-        "Example: velmor diff old.catalogue new.source\n");
 }
 
 }  // namespace tool

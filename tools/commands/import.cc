@@ -6,7 +6,7 @@
 #include <set>
 
 #include "catalogue/source_writer.h"
-#include "commands/command.h"
+#include "commands/options.h"
 #include "import/android.h"
 #include "import/country_names.h"
 #include "import/identifiers.h"
@@ -22,17 +22,6 @@ namespace tool {
 namespace schema = vel::schema;
 
 namespace {
-
-// The arguments.
-struct Options {
-    std::string providers;
-    std::string android;
-    std::string phones;
-    std::string previous;
-    std::string output;
-    std::string iso = "/usr/share/iso-codes/json/iso_3166-1.json";
-    bool force = false;
-};
 
 // A country gets its name from the list, else its name in the data, else its code. Not all names in
 // the data are English.
@@ -75,7 +64,9 @@ void CountCountriesWithoutAccess(const Providers& providers, const Networks& net
     report[ReportLine::kCountriesWithoutAccess] += providers.countries.size() - served.size();
 }
 
-int Import(const Options& options) {
+}  // namespace
+
+int RunImport(const ImportOptions& options) {
     if (options.providers.empty() && options.android.empty()) {
         throw ToolError(
             "no operators' data: name a SERVICEPROVIDERS.XML, or a list with --android");
@@ -107,35 +98,8 @@ int Import(const Options& options) {
     }
     GiveIdentifiers(previous ? &*previous : nullptr, options.phones, catalogue, report);
     output.Write(WriteSource(options.output, catalogue));
-    output.Commit();
     PrintReport(report);
     return kExitOk;
-}
-
-}  // namespace
-
-void AddImport(CommandLine& line) {
-    const auto [command, options] = line.Add(
-        "import", "Makes a catalogue source from mobile operators' data and a source of phones.",
-        Import);
-    command.Add("SERVICEPROVIDERS.XML", options->providers, "",
-                "the operators' data of mobile-broadband-provider-info");
-    command.Add(
-        "--android", options->android, "PATH",
-        "Android's list of access points, or a folder of lists, for numbers without an operator");
-    command
-        .Add("--phones", options->phones, "SOURCE",
-             "source with manufacturers, phones, their answers and the recipes")
-        .Required();
-    command.Add("--previous", options->previous, "CATALOGUE",
-                "the catalogue to renew: what is still there keeps its identifiers");
-    command.Add("-o,--output", options->output, "SOURCE", "file to write").Required();
-    command.Add("--iso", options->iso, "JSON", "English names of countries, from iso-codes")
-        .ShowDefault();
-    command.AddFlag("--force", options->force, "replace an existing file");
-    command.AddFooter(
-        "Reports what was imported and how often each rule was used.\n"
-        "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
 }
 
 }  // namespace tool

@@ -5,41 +5,23 @@
 #include <iostream>
 #include <new>
 
-#include "commands/command.h"
+#include "commands/command_line.h"
+#include "commands/options.h"
 #include "session/trace.h"
 #include "support/error.h"
 #include "support/interruption.h"
-#include "support/leftover.h"
 #include "support/utf8.h"
 #include "velmor.h"
 
 const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;
 
-namespace tool {
-namespace {
-
-constexpr void (*kSubcommands[])(CommandLine&) = {
-    AddCheck,  AddCountries, AddDecode, AddDetect,  AddDevices,  AddDiff, AddEncode,
-    AddImport, AddPhone,     AddPhones, AddSetting, AddSettings, AddShow, AddTrace,
-};
-
-int Run(int argc, char** argv) {
-    CommandLine line(Concat(VELMOR_TOOL_VERSION " (interface ", Velmor_GetVersionLibrary(), ")"));
-    for (const auto add : kSubcommands) {
-        add(line);
-    }
-    return line.Run({argv + std::min(argc, 1), argv + argc});
-}
-
-}  // namespace
-}  // namespace tool
-
 int main(int argc, char** argv) {
     // A write beyond the limit of a file's size then fails like any other write.
     std::signal(SIGXFSZ, SIG_IGN);
-    tool::RemoveLeftoversOnSignals();
     try {
-        const int status = tool::Run(argc, argv);
+        const std::string version =
+            tool::Concat(VELMOR_TOOL_VERSION " (interface ", Velmor_GetVersionLibrary(), ")");
+        const int status = tool::RunCommandLine(version, {argv + std::min(argc, 1), argv + argc});
         if (!std::cout.flush()) {
             throw tool::ToolError("standard output: cannot be written");
         }

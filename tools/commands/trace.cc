@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iostream>
 
-#include "commands/command.h"
+#include "commands/options.h"
 #include "phone/profile_writer.h"
 #include "support/error.h"
 #include "support/input_file.h"
@@ -17,16 +17,7 @@ namespace {
 // What is read of a log, in millions of bytes. A detection takes about one hundredth of a million.
 constexpr std::size_t kMostMegabytes = 16;
 
-// The arguments.
-struct Options {
-    std::string log;
-    std::string profile;
-    unsigned detection = 0;  // 0: the last one
-    bool force = false;
-    bool json = false;
-};
-
-const TraceCall& ChosenDetection(const TraceLog& log, const Options& options) {
+const TraceCall& ChosenDetection(const TraceLog& log, const TraceOptions& options) {
     std::vector<const TraceCall*> detections;
     for (const TraceCall& call : log.calls) {
         if (call.IsDetection()) {
@@ -42,7 +33,7 @@ const TraceCall& ChosenDetection(const TraceLog& log, const Options& options) {
 }
 
 // Tells what could not be read. Returns whether all could.
-bool Warn(const TraceLog& log, const Options& options) {
+bool Warn(const TraceLog& log, const TraceOptions& options) {
     const auto unfinished = std::count_if(log.calls.begin(), log.calls.end(),
                                           [](const TraceCall& call) { return !call.IsWhole(); });
     if (unfinished > 0) {
@@ -56,7 +47,7 @@ bool Warn(const TraceLog& log, const Options& options) {
     return unfinished == 0 && log.strayBytes == 0;
 }
 
-std::string ProfileOf(const TraceCall& detection, const Options& options) try {
+std::string ProfileOf(const TraceCall& detection, const TraceOptions& options) try {
     const std::vector<Exchange> exchanges = DialogueOf(detection);
     if (exchanges.empty()) {
         throw std::runtime_error("the detection has no answers; --detection chooses another one");
@@ -66,7 +57,9 @@ std::string ProfileOf(const TraceCall& detection, const Options& options) try {
     throw ToolError(options.log, ": ", error.what());
 }
 
-int RunTrace(const Options& options) {
+}  // namespace
+
+int RunTrace(const TraceOptions& options) {
     RequireOther(options.profile, {options.log});
     constexpr std::size_t kMost = kMostMegabytes * 1000000;
     std::string bytes = ReadInput(options.log, kMost + 1);
@@ -76,7 +69,6 @@ int RunTrace(const Options& options) {
     if (!options.profile.empty()) {
         OutputFile output(options.profile, options.force);
         output.Write(ProfileOf(ChosenDetection(log, options), options));
-        output.Commit();
     }
     if (options.json) {
         PrintTraceJson(log);
@@ -88,27 +80,6 @@ int RunTrace(const Options& options) {
                   << " MB were read; tail -c " << kMost << " gives the last ones\n";
     }
     return Warn(log, options) && !tooLong ? kExitOk : kExitFindings;
-}
-
-}  // namespace
-
-void AddTrace(CommandLine& line) {
-    const auto [command, options] = line.Add(
-        "trace", "Shows the calls in a trace log, or makes a profile of a detection.", RunTrace);
-    command.Add("LOG", options->log, "", "file to read").Required();
-    const Argument profile = command.Add("--profile", options->profile, "PROFILE",
-                                         "write the dialogue of the last detection as a profile");
-    command
-        .Add("--detection", options->detection, "N",
-             "with --profile: the detection with this number")
-        .Needs(profile)
-        .Between(1L, 1000000L);
-    command.AddFlag("--force", options->force, "replace an existing profile").Needs(profile);
-    command.AddFlag("--json", options->json, "print JSON");
-    command.AddFooter(
-        "User names, passwords, subscriber numbers and serial numbers are not shown.\n"
-        "Exit status 1 when a part of the log could not be read.\n"
-        "Example: velmor trace phonelinkcatalog.log --profile customer.profile\n");
 }
 
 }  // namespace tool

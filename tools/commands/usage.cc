@@ -1,14 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "commands/usage.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdint>
-
-#include "commands/suggestion.h"
-#include "support/texts.h"
+#include <numeric>
 
 namespace tool {
 namespace {
+
+// The changes of single characters that make one word of the other.
+std::size_t Distance(const std::string& a, const std::string& b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), 0U);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t corner = row[0]++;
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t changed = corner + (a[i] == b[j] ? 0 : 1);
+            corner = row[j + 1];
+            row[j + 1] = std::min({changed, corner + 1, row[j] + 1});
+        }
+    }
+    return row[b.size()];
+}
 
 bool IsOption(const std::string& word) {
     return word.size() > 1 && word[0] == '-';
@@ -43,16 +56,17 @@ std::string ExplainExtra(const CLI::App& command, const std::string& word) {
 
 }  // namespace
 
-std::string PlainNumber(const std::string& text, bool fraction) {
-    const char* const allowed = fraction ? "0123456789." : "0123456789";
-    if (text.empty() || text.find_first_not_of(allowed) != std::string::npos) {
-        throw CLI::ValidationError(text + " is no decimal number");
+std::string Suggestion(const std::string& word, const std::vector<std::string>& names) {
+    const std::string* nearest = nullptr;
+    std::size_t least = std::max<std::size_t>(word.size(), 3) / 2 + 1;
+    for (const std::string& name : names) {
+        const std::size_t distance = Distance(word, name);
+        if (distance < least) {
+            nearest = &name;
+            least = distance;
+        }
     }
-    std::string number = text.substr(std::min(text.find_first_not_of('0'), text.size() - 1));
-    if (!fraction && (number.size() > 10 || std::stoll(number) > INT32_MAX)) {
-        throw CLI::ValidationError(text + " is too large");
-    }
-    return number;
+    return nearest == nullptr ? "" : "; did you mean " + *nearest + "?";
 }
 
 std::string ExplainUsage(const CLI::App& app, const CLI::Error& error,

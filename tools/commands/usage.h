@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
+// What a user wrote wrong, and what was probably meant.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+class Error;
+}  // namespace CLI
 
 namespace tool {
 
-// The number in the plain form that CLI11 reads as decimal; it takes 010 for 8. Throws a
-// CLI::ValidationError when the text is no decimal number, or one too large for 32 bits.
-std::string PlainNumber(const std::string& text, bool fraction);
+// "; did you mean NAME?" with the name that is most like the word; empty without a similar one.
+std::string Suggestion(const std::string& word, const std::vector<std::string>& names);
 
 // One line that says what is wrong with the command line, and what to do.
 std::string ExplainUsage(const CLI::App& app, const CLI::Error& error,

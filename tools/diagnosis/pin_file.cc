@@ -75,9 +75,7 @@ PinFile::PinFile(const std::string& path) : path_(path) {
 }
 
 void PinFile::Mark() const {
-    OutputFile mark(mark_, true);
-    mark.Write(version_);
-    mark.Commit();
+    OutputFile(mark_, true).Write(version_);
     // Without this a power failure could take the name back.
     const int folder =
         open(std::filesystem::path(mark_).parent_path().c_str(), O_RDONLY | O_CLOEXEC);

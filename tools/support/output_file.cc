@@ -5,11 +5,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 
 #include "support/error.h"
 
@@ -18,13 +21,12 @@ namespace {
 
 using Attributes = struct statx;
 
-// What has this name; nothing when the name is free. With statx, because stat fails on large inodes
-// in 32 bits.
-std::optional<Attributes> Look(const std::string& path) {
-    Attributes found = {};
-    const bool there = statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW,
-                             STATX_TYPE | STATX_MODE | STATX_UID | STATX_GID, &found) == 0;
-    return there ? std::optional(found) : std::nullopt;
+[[noreturn]] void Fail(const std::string& path, const char* what) {
+    throw ToolError(path, ": ", what, ": ", std::strerror(errno));
+}
+
+[[noreturn]] void FailExisting(const std::string& path) {
+    throw ToolError(path, ": exists; --force replaces it");
 }
 
 // A device or a pipe would be lost, and a link would leave the file that is meant.
@@ -40,108 +42,128 @@ void RequireRegular(const std::string& path, const Attributes& found) {
     }
 }
 
+// What has this name and may be replaced; nothing when the name is free. With statx, because stat
+// fails on large inodes in 32 bits.
+std::optional<Attributes> Replaced(const std::string& path, bool force) {
+    Attributes found = {};
+    if (statx(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW,
+              STATX_TYPE | STATX_MODE | STATX_UID | STATX_GID, &found) != 0) {
+        return std::nullopt;
+    }
+    RequireRegular(path, found);
+    if (!force) {
+        FailExisting(path);
+    }
+    return found;
+}
+
+// Holds all signals back while it lives.
+class SignalHold {
+  public:
+    SignalHold() {
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_BLOCK, &all, &before_);
+    }
+    ~SignalHold() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    SignalHold(const SignalHold&) = delete;
+    SignalHold& operator=(const SignalHold&) = delete;
+
+  private:
+    sigset_t before_;
+};
+
+// The temporary file beside an output. It goes with the object; until then no signal ends the
+// command, which would leave the file behind.
+class ScratchFile {
+  public:
+    explicit ScratchFile(const std::string& path) : path_(path), name_(path + ".XXXXXX") {
+        descriptor_ = mkostemp(name_.data(), O_CLOEXEC);
+        if (descriptor_ < 0 && (errno == ENOENT || errno == ENOTDIR)) {
+            throw ToolError(path, ": cannot be created: there is no such directory; make it first");
+        }
+        if (descriptor_ < 0) {
+            Fail(path, "cannot be created");
+        }
+    }
+    ~ScratchFile() {
+        close(descriptor_);
+        unlink(name_.c_str());  // gone already when it was renamed
+    }
+    ScratchFile(const ScratchFile&) = delete;
+    ScratchFile& operator=(const ScratchFile&) = delete;
+
+    // Takes the owner and mode of the file that is replaced, or the usual mode. mkostemp lets only
+    // the owner read.
+    void TakeAttributes(const std::optional<Attributes>& replaced, OutputFile::Readers readers) {
+        const mode_t mask = umask(0);  // it can only be read by changing it
+        umask(mask);
+        mode_t mode = replaced ? replaced->stx_mode & 07777U : 0666U & ~mask;
+        mode &= readers == OutputFile::Readers::kOwner ? 07700U : 07777U;
+        Attributes own = {};
+        const bool moved =
+            replaced &&
+            (statx(descriptor_, "", AT_EMPTY_PATH, STATX_UID | STATX_GID, &own) != 0 ||
+             own.stx_uid != replaced->stx_uid || own.stx_gid != replaced->stx_gid) &&
+            fchown(descriptor_, replaced->stx_uid, replaced->stx_gid) != 0;
+        if (moved || fchmod(descriptor_, mode) != 0) {
+            throw ToolError(path_, ": its owner and mode cannot stay: ", std::strerror(errno),
+                            "; remove the file first, or name another one");
+        }
+    }
+
+    // Writes the bytes to the disk and gives them the name of the output. False with errno; EEXIST
+    // when the name is taken.
+    bool Commit(const std::string& bytes, bool force) const {
+        // Without fsync a power failure could leave an empty file under the name.
+        if (!WriteAll(descriptor_, bytes) || fsync(descriptor_) != 0) {
+            return false;
+        }
+        const char* const name = name_.c_str();
+        if (force) {
+            return rename(name, path_.c_str()) == 0;
+        }
+        // Some file systems know no such renaming, but hard links; others know no hard links.
+        return renameat2(AT_FDCWD, name, AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0 ||
+               (errno != EEXIST && link(name, path_.c_str()) == 0);
+    }
+
+  private:
+    const SignalHold hold_;
+    const std::string& path_;
+    std::string name_;
+    int descriptor_;
+};
+
 }  // namespace
 
 OutputFile::OutputFile(std::string path, bool force, Readers readers)
-    : path_(std::move(path)), force_(force) {
+    : path_(std::move(path)), force_(force), readers_(readers) {
     if (path_.empty()) {
         throw ToolError("the name of the output is empty; name a file");
     }
-    const std::optional<Attributes> replaced = Look(path_);
-    if (replaced) {
-        RequireRegular(path_, *replaced);
-        if (!force_) {
-            FailExisting();
+    const std::optional<Attributes> replaced = Replaced(path_, force_);
+    ScratchFile(path_).TakeAttributes(replaced, readers_);  // a trial
+}
+
+void OutputFile::Write(const std::string& bytes) const {
+    ScratchFile scratch(path_);
+    scratch.TakeAttributes(Replaced(path_, force_), readers_);
+    if (!scratch.Commit(bytes, force_)) {
+        if (errno == EEXIST) {
+            FailExisting(path_);
         }
-    }
-    Create();
-    // mkstemp lets only the owner read. The mask can only be read by changing it.
-    const mode_t mask = umask(0);
-    umask(mask);
-    mode_t mode = replaced ? replaced->stx_mode & 07777U : 0666U & ~mask;
-    mode &= readers == Readers::kOwner ? 07700U : 07777U;
-    Attributes own = {};
-    const bool moved = replaced &&
-                       (statx(descriptor_, "", AT_EMPTY_PATH, STATX_UID | STATX_GID, &own) != 0 ||
-                        own.stx_uid != replaced->stx_uid || own.stx_gid != replaced->stx_gid) &&
-                       fchown(descriptor_, replaced->stx_uid, replaced->stx_gid) != 0;
-    if (moved || fchmod(descriptor_, mode) != 0) {
-        const std::string reason = std::strerror(errno);
-        close(descriptor_);
-        throw ToolError(path_, ": its owner and mode cannot stay: ", reason,
-                        "; remove the file first, or name another one");
+        Fail(path_, "cannot be written");
     }
 }
 
-OutputFile::~OutputFile() {
-    if (descriptor_ >= 0) {
-        close(descriptor_);
+bool WriteAll(int descriptor, const std::string& bytes) {
+    ssize_t written = 0;
+    for (std::size_t done = 0; written >= 0 && done < bytes.size();) {
+        written = write(descriptor, bytes.data() + done, bytes.size() - done);
+        done += static_cast<std::size_t>(std::max<ssize_t>(written, 0));
     }
-}
-
-void OutputFile::Create() {
-    std::string name = path_ + ".XXXXXX";
-    const SignalHold hold;
-    descriptor_ = mkostemp(name.data(), O_CLOEXEC);
-    if (descriptor_ >= 0) {
-        scratch_.emplace(name);
-    } else if (errno == ENOENT || errno == ENOTDIR) {
-        throw ToolError(path_, ": cannot be created: there is no such directory; make it first");
-    } else {
-        Fail("cannot be created");
-    }
-}
-
-void OutputFile::Write(const std::string& bytes) {
-    for (std::size_t done = 0; done < bytes.size();) {
-        const ssize_t written = write(descriptor_, bytes.data() + done, bytes.size() - done);
-        if (written < 0 && errno != EINTR) {
-            Fail("cannot be written");
-        }
-        done += written > 0 ? static_cast<std::size_t>(written) : 0;
-    }
-}
-
-// Whether the temporary file has the name now. False with errno, EEXIST when the name is taken.
-bool OutputFile::TakeFreeName() const {
-    const char* scratch = scratch_->path().c_str();
-    if (renameat2(AT_FDCWD, scratch, AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0) {
-        return true;
-    }
-    // Some file systems know no such renaming, but hard links; others know no hard links.
-    return errno != EEXIST && link(scratch, path_.c_str()) == 0 && unlink(scratch) == 0;
-}
-
-void OutputFile::Commit() {
-    // Without fsync a power failure could leave an empty file under the name.
-    if (fsync(descriptor_) != 0) {
-        Fail("cannot be written");
-    }
-    {
-        const SignalHold hold;
-        if (force_) {
-            if (const std::optional<Attributes> found = Look(path_)) {
-                RequireRegular(path_, *found);
-            }
-        }
-        if (force_ ? rename(scratch_->path().c_str(), path_.c_str()) != 0 : !TakeFreeName()) {
-            if (errno == EEXIST) {
-                FailExisting();
-            }
-            Fail("cannot be written");
-        }
-        scratch_->Keep();
-    }
-    close(descriptor_);
-    descriptor_ = -1;
-}
-
-void OutputFile::FailExisting() const {
-    throw ToolError(path_, ": exists; --force replaces it");
-}
-
-void OutputFile::Fail(const std::string& what) const {
-    throw ToolError(path_, ": ", what, ": ", std::strerror(errno));
+    return written >= 0;
 }
 
 void RequireOther(const std::string& output, const std::vector<std::string>& inputs) {

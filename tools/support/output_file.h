@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
 #include <string>
 #include <vector>
-
-#include "support/leftover.h"
 
 namespace tool {
 
@@ -16,29 +13,23 @@ class OutputFile {
     // Who may read the file.
     enum class Readers { kAsUsual, kOwner };
 
-    // Refuses an existing file unless `force` is set, and always what is no regular file. A file
-    // that is replaced hands on its owner and mode.
+    // Refuses at once what cannot be written: the work for the bytes may be long. That is an
+    // existing file unless `force` is set, always what is no regular file, and a directory that
+    // takes no file.
     OutputFile(std::string path, bool force, Readers readers = Readers::kAsUsual);
-    ~OutputFile();
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
 
-    void Write(const std::string& bytes);
     // Writes the file to the disk and gives it its name. A file that got the name meanwhile stays
-    // unless `force` was set.
-    void Commit();
+    // unless `force` was set. A file that is replaced hands on its owner and mode.
+    void Write(const std::string& bytes) const;
 
   private:
-    [[noreturn]] void Fail(const std::string& what) const;
-    [[noreturn]] void FailExisting() const;
-    void Create();
-    bool TakeFreeName() const;
-
     std::string path_;
     bool force_;
-    std::optional<Leftover> scratch_;
-    int descriptor_ = -1;
+    Readers readers_;
 };
+
+// False with errno when not all bytes could be written.
+bool WriteAll(int descriptor, const std::string& bytes);
 
 // Throws a ToolError when the output is one of the inputs, by whatever name.
 void RequireOther(const std::string& output, const std::vector<std::string>& inputs);

@@ -69,8 +69,7 @@ std::size_t TerminalWidth() {
     return columns == nullptr ? 0 : std::strtoul(columns, nullptr, 10);
 }
 
-}  // namespace
-
+// The names between the commas.
 std::vector<std::string> SplitColumns(const std::string& columns) {
     std::vector<std::string> names;
     for (std::size_t at = 0; at <= columns.size();) {
@@ -81,6 +80,7 @@ std::vector<std::string> SplitColumns(const std::string& columns) {
     return names;
 }
 
+// Throws a ToolError when the column is none of the known ones.
 void RequireColumn(const std::string& column, const std::vector<std::string>& known) {
     if (std::find(known.begin(), known.end(), column) == known.end()) {
         std::string list;
@@ -90,6 +90,8 @@ void RequireColumn(const std::string& column, const std::vector<std::string>& kn
         throw ToolError("--columns ", column, ": is no column; there are ", list);
     }
 }
+
+}  // namespace
 
 void PrintJson(const Json& json) {
     const std::string text = json.dump(2, ' ', false, Json::error_handler_t::replace);
@@ -108,21 +110,13 @@ void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson) {
     }
 }
 
-void PrintList(const Json& list, const std::string& columns, bool json) {
-    std::vector<std::string> names;
-    if (!list.empty()) {
-        for (const auto& member : list[0].items()) {
-            names.push_back(member.key());
-        }
+void PrintList(const Json& list, const std::vector<std::string>& members,
+               const std::string& columns, bool json) {
+    const TextRow names = columns.empty() ? members : SplitColumns(columns);
+    for (const std::string& name : names) {
+        RequireColumn(name, members);
     }
-    if (!columns.empty() && !list.empty()) {
-        const std::vector<std::string> chosen = SplitColumns(columns);
-        for (const std::string& name : chosen) {
-            RequireColumn(name, names);
-        }
-        names = chosen;
-    }
-    std::vector<TextRow> lines;
+    std::vector<TextRow> lines{names};
     Json objects = Json::array();
     for (const Json& object : list) {
         TextRow line;
@@ -132,13 +126,22 @@ void PrintList(const Json& list, const std::string& columns, bool json) {
             shown[name] = value;
             line.push_back(value.is_string() ? value.get<std::string>() : value.dump());
         }
-        if (lines.empty()) {
-            lines.push_back(names);
-        }
         lines.push_back(line);
         objects.push_back(shown);
     }
     Print(lines, objects, json);
+}
+
+void PrintList(const Json& list, const std::string& columns, bool json) {
+    std::vector<std::string> members;
+    if (list.empty()) {
+        Print({}, list, json);
+        return;
+    }
+    for (const auto& member : list[0].items()) {
+        members.push_back(member.key());
+    }
+    PrintList(list, members, columns, json);
 }
 
 }  // namespace tool

@@ -24,13 +24,11 @@ void PrintAligned(const std::vector<TextRow>& rows);
 // Prints the JSON or the rows. On a terminal, long texts of the rows are cut to its width.
 void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson);
 
-// Prints objects with the same members: as JSON, or as rows under the names of the members. Only
-// those members that `columns` names, with commas between them; empty: all.
+// Prints objects with these members: as JSON, or as rows under the names of the members. Only those
+// members that `columns` names, with commas between them; empty: all.
+void PrintList(const Json& list, const std::vector<std::string>& members,
+               const std::string& columns, bool json);
+// The same with the members of the first object. Without objects there are no names to print.
 void PrintList(const Json& list, const std::string& columns, bool json);
-
-// The names between the commas.
-std::vector<std::string> SplitColumns(const std::string& columns);
-// Throws a ToolError when the column is none of the known ones.
-void RequireColumn(const std::string& column, const std::vector<std::string>& known);
 
 }  // namespace tool

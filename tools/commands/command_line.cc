@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: MIT
+// The subcommands and their arguments. Only this file and usage.cc see CLI11: it takes long to
+// compile.
+#include "commands/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+
+#include "commands/options.h"
+#include "commands/usage.h"
+#include "support/error.h"
+#include "support/utf8.h"
+
+namespace tool {
+namespace {
+
+constexpr long kHighestId = INT32_MAX;
+
+// The command line, and the exit status of the subcommand that ran.
+struct CommandLine {
+    CLI::App app{"Makes, checks and reads Velmor catalogues.", "velmor"};
+    int status = kExitOk;
+};
+
+// Returns a number in the plain form that CLI11 reads as decimal; it takes 010 for 8.
+std::string PlainNumber(const std::string& text, bool fraction) {
+    const char* const allowed = fraction ? "0123456789." : "0123456789";
+    if (text.empty() || text.find_first_not_of(allowed) != std::string::npos) {
+        throw CLI::ValidationError(text + " is no decimal number");
+    }
+    std::string number = text.substr(std::min(text.find_first_not_of('0'), text.size() - 1));
+    if (!fraction && (number.size() > 10 || std::stoll(number) > INT32_MAX)) {
+        throw CLI::ValidationError(text + " is too large");
+    }
+    return number;
+}
+
+// Adds an argument or an option. The help calls its value `word`.
+template <class Value>
+CLI::Option* Add(CLI::App* app, const char* name, Value& value, const char* word,
+                 const char* help) {
+    CLI::Option* option = app->add_option(name, value, help)->type_name(word);
+    if constexpr (std::is_arithmetic_v<Value>) {
+        option->transform([](const std::string& text) {
+            return PlainNumber(text, std::is_floating_point_v<Value>);
+        });
+    }
+    return option;
+}
+
+CLI::Option* AddFile(CLI::App* app, const char* name, std::string& path,
+                     const char* help = "file to read") {
+    return Add(app, name, path, "", help);
+}
+
+// Refuses options that the format of the output does not use. `forDiallers`: only diallers use
+// these.
+void RefuseIgnored(const CLI::App& app, const std::vector<std::string>& forDiallers) {
+    const auto given = [&app](const std::string& name) {
+        const CLI::Option* option = app.get_option_no_throw(name);
+        return option != nullptr && option->count() > 0;
+    };
+    std::string format = given("--json") ? "json" : "text";
+    if (given("--format")) {
+        format = app.get_option("--format")->as<std::string>();
+    }
+    const auto require = [&](const std::string& option, const std::string& formats) {
+        if (given(option) && formats.find(format) == std::string::npos) {
+            throw ToolError(option, ": has no effect with --format ", format,
+                            "; leave it out, or add --format ", formats);
+        }
+    };
+    for (const std::string& option : forDiallers) {
+        require(option, "ppp, wvdial or networkmanager");
+    }
+    require("--output", "ppp or networkmanager");
+    if (given("--force") && !given("--output") && !given("--record")) {
+        throw ToolError("--force: no file is written; leave it out, or add --output");
+    }
+}
+
+// Adds a subcommand. The caller adds its arguments, which fill the options.
+template <class Options>
+std::pair<CLI::App*, Options*> AddSubcommand(CommandLine& line, const char* name, const char* help,
+                                             int (*run)(const Options&), const char* footer,
+                                             const std::vector<std::string>& forDiallers = {}) {
+    CLI::App* const app = line.app.add_subcommand(name, help)->footer(footer);
+    const auto options = std::make_shared<Options>();  // the callback keeps it alive
+    app->callback([&line, app, run, options, forDiallers] {
+        if (!forDiallers.empty()) {
+            RefuseIgnored(*app, forDiallers);
+        }
+        line.status = run(*options);
+    });
+    return {app, options.get()};
+}
+
+void AddJson(CLI::App* app, bool& json) {
+    app->add_flag("--json", json, "print JSON");
+}
+
+// Adds --columns.
+CLI::Option* AddColumns(CLI::App* app, ReadOptions& options) {
+    return Add(app, "--columns", options.columns, "NAMES",
+               "only these columns, with commas between them");
+}
+
+void AddCatalogue(CLI::App* app, std::string& catalogue) {
+    AddFile(app, "CATALOGUE", catalogue)->required();
+}
+
+// Adds CATALOGUE, --json and --columns.
+void AddList(CLI::App* app, ReadOptions& options) {
+    AddCatalogue(app, options.catalogue);
+    AddJson(app, options.json);
+    AddColumns(app, options);
+}
+
+void AddVerbose(CLI::App* app, bool& verbose) {
+    app->add_flag("-v,--verbose", verbose,
+                  "show the dialogue even when standard error is not a terminal");
+}
+
+// Adds --format, --json, --output and --force.
+void AddFormat(CLI::App* app, OutputFormat& format) {
+    CLI::Option* const name = Add(app, "--format", format.name, "FORMAT",
+                                  "text, json, ppp (pppd and chat), wvdial or networkmanager")
+                                  ->check(CLI::IsMember(std::vector<std::string>{
+                                      "text", "json", "ppp", "wvdial", "networkmanager"}));
+    app->add_flag_callback(
+           "--json", [&format] { format.name = "json"; }, "the same as --format json")
+        ->excludes(name);
+    Add(app, "-o,--output", format.directory, "DIRECTORY",
+        "with --format ppp or networkmanager: write the files there");
+    app->add_flag("--force", format.force, "replace existing files");
+}
+
+void AddConversion(CommandLine& line, const char* name, const char* help, const char* from,
+                   const char* to, int (*run)(const ConvertOptions&), const char* footer) {
+    const auto [app, options] = AddSubcommand(line, name, help, run, footer);
+    AddFile(app, from, options->input)->required();
+    Add(app, "-o,--output", options->output, to, "file to write")->required();
+    app->add_flag("--force", options->force, "replace an existing file");
+}
+
+void AddDetect(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "detect", "Detects the phone on a serial device and shows the settings that fit.",
+        RunDetect,
+        "An unknown phone is dialled with the rows of the fallback phone that the catalogue "
+        "names.\n"
+        "Exit status 1 when no setting is ready to dial.\n"
+        "Example: velmor detect my.catalogue --device /dev/rfcomm0\n",
+        {"--setting"});
+    AddCatalogue(app, options->catalogue);
+    CLI::App* const source = app->add_option_group("phone")->require_option(0, 1);
+    Add(source, "--device", options->link.device, "PATH",
+        "serial device of the phone; default: the one that answers");
+    Add(source, "--search", options->search, "PATTERN",
+        "take the one that answers among these devices; see velmor devices");
+    Add(source, "--phone", options->profile, "PROFILE",
+        "play this profile instead of a real phone");
+    Add(app, "--baud", options->link.baud, "N", "speed of the device; default 115200");
+    Add(app, "--timeout", options->timeout, "SECONDS", "limit for each AT command; default 10")
+        ->check(CLI::Range(0.01, 3600.0));
+    Add(app, "--probe", options->probe, "SECONDS",
+        "wait so long for any answer before the detection; default 0.9; 0: do not ask")
+        ->check(CLI::Range(0.0, 3600.0));
+    Add(app, "--record", options->record, "PROFILE",
+        "write the dialogue as a profile that --phone plays");
+    Add(app, "--setting", options->setting, "SETTING-ID",
+        "for a dialler: use this setting, not the first one")
+        ->check(CLI::Range(1L, kHighestId));
+    Add(app, "--apn", options->choice.apn, "NAME", "only settings with this access point");
+    Add(app, "--contract", options->choice.contract, "KIND",
+        "only settings for this contract: prepaid or postpaid")
+        ->check(CLI::IsMember(std::vector<std::string>{"prepaid", "postpaid"}));
+    Add(app, "--like", options->like, "PHONE-ID",
+        "ID of the fallback phone: an unknown phone is dialled with its rows")
+        ->check(CLI::Range(1L, kHighestId));
+    Add(app, "--pin-file", options->pinFile, "FILE",
+        "unlock the SIM card with the PIN in this file, which only you may read");
+    AddVerbose(app, options->verbose);
+    AddFormat(app, options->format);
+}
+
+void AddDevices(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "devices", "Lists the serial devices that may be a phone, and asks each.", RunDevices,
+        "The usual names are those in /dev/serial/by-id, ttyACM*, ttyUSB* and rfcomm*.\n"
+        "Exit status 1 when no device answers.\n"
+        "Example: velmor devices --search 'ttyS*'\n");
+    Add(app, "--search", options->search.pattern, "PATTERN",
+        "look for these devices, not for those with the usual names");
+    Add(app, "--baud", options->search.baud, "N", "speed of the devices; default 115200");
+    AddJson(app, options->json);
+}
+
+void AddDiff(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "diff",
+        "Tells what the change from one catalogue to another means for phones and networks.",
+        RunDiff,
+        "Exit status: 0 when both say the same, 1 when they differ, also in identifiers alone, 2\n"
+        "when a file cannot be read or is damaged.\n"
+        "Example: velmor diff old.catalogue new.source\n");
+    AddFile(app, "OLD", options->before, "catalogue or source before the change")->required();
+    AddFile(app, "NEW", options->after, "catalogue or source after it")->required();
+    AddJson(app, options->json);
+}
+
+void AddImport(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "import",
+        "Makes a catalogue source from mobile operators' data and a source of phones.", RunImport,
+        "Reports what was imported and how often each rule was used.\n"
+        "Example: velmor import serviceproviders.xml --phones phones.source -o operators.source");
+    AddFile(app, "SERVICEPROVIDERS.XML", options->providers,
+            "the operators' data of mobile-broadband-provider-info");
+    Add(app, "--android", options->android, "PATH",
+        "Android's list of access points, or a folder of lists, for numbers without an operator");
+    Add(app, "--phones", options->phones, "SOURCE",
+        "source with manufacturers, phones, their answers and the recipes")
+        ->required();
+    Add(app, "--previous", options->previous, "CATALOGUE",
+        "the catalogue to renew: what is still there keeps its identifiers");
+    Add(app, "-o,--output", options->output, "SOURCE", "file to write")->required();
+    Add(app, "--iso", options->iso, "JSON", "English names of countries, from iso-codes")
+        ->capture_default_str();
+    app->add_flag("--force", options->force, "replace an existing file");
+}
+
+void AddPhone(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "phone", "Plays a simulated phone on a pseudo-terminal.", RunPhone,
+        "Prints the path of the device and plays until Control-C or until the phone disconnects.\n"
+        "Example: velmor phone data/profiles/nokia-6300.profile\n");
+    AddFile(app, "PROFILE", options->profile, "how the phone answers")->required();
+    AddVerbose(app, options->verbose);
+}
+
+void AddSetting(CommandLine& line) {
+    const auto [app, options] =
+        AddSubcommand(line, "setting", "Shows one dial-up setting for one phone.", RunSetting,
+                      "Exit status 1 when the catalogue does not say how the phone dials.\n"
+                      "Example: velmor setting my.catalogue --phone 10 --setting 1 --format ppp\n",
+                      {"--device", "--baud"});
+    AddCatalogue(app, options->catalogue);
+    Add(app, "--phone", options->phone, "PHONE-ID", "identifier as velmor phones prints it")
+        ->required();
+    Add(app, "--setting", options->setting, "SETTING-ID", "identifier as velmor settings prints it")
+        ->required();
+    Add(app, "--device", options->link.device, "PATH", "for a dialler: serial device of the phone");
+    Add(app, "--baud", options->link.baud, "N", "speed of the device; default 115200");
+    AddFormat(app, options->format);
+}
+
+void AddShow(CommandLine& line) {
+    const auto [app, options] =
+        AddSubcommand(line, "show", "Shows the tables of a catalogue, or the rows of one.", RunShow,
+                      "Exit status 1 when --where finds no row.\n"
+                      "Example: velmor show my.catalogue Phones --where ManufacturerID=1\n");
+    AddCatalogue(app, options->catalogue);
+    CLI::Option* const table = AddFile(app, "TABLE", options->table, "table to show");
+    Add(app, "--where", options->where, "COLUMN=VALUE", "only the rows that hold this value")
+        ->needs(table);
+    AddColumns(app, *options)->needs(table);
+    AddJson(app, options->json);
+}
+
+void AddTrace(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "trace", "Shows the calls in a trace log, or makes a profile of a detection.",
+        RunTrace,
+        "User names, passwords, subscriber numbers and serial numbers are not shown.\n"
+        "Exit status 1 when a part of the log could not be read.\n"
+        "Example: velmor trace phonelinkcatalog.log --profile customer.profile\n");
+    AddFile(app, "LOG", options->log)->required();
+    CLI::Option* const profile = Add(app, "--profile", options->profile, "PROFILE",
+                                     "write the dialogue of the last detection as a profile");
+    Add(app, "--detection", options->detection, "N",
+        "with --profile: the detection with this number")
+        ->needs(profile)
+        ->check(CLI::Range(1L, 1000000L));
+    app->add_flag("--force", options->force, "replace an existing profile")->needs(profile);
+    AddJson(app, options->json);
+}
+
+// The commands with few arguments, and the others, in the order of the help.
+void AddSubcommands(CommandLine& line) {
+    const auto [check, checked] = AddSubcommand(
+        line, "check", "Reports what is wrong with a catalogue, in its source or stored form.",
+        RunCheck,
+        "Exit status: 0 without errors (warnings do not count), 1 with errors, 2 when the file"
+        " cannot be read.\nExample: velmor check my.source\n");
+    AddCatalogue(check, checked->catalogue);
+    AddJson(check, checked->json);
+    const auto [countries, listed] =
+        AddSubcommand(line, "countries", "Lists the countries as a host sees them.", RunCountries,
+                      "Example: velmor countries my.catalogue\n");
+    AddList(countries, *listed);
+    AddConversion(line, "decode", "Makes the source from a catalogue.", "CATALOGUE", "SOURCE",
+                  RunDecode,
+                  "Line ends become line feeds. Everything else comes back byte for byte.\n"
+                  "Example: velmor decode my.catalogue -o my.source\n");
+    AddDetect(line);
+    AddDevices(line);
+    AddDiff(line);
+    AddConversion(line, "encode", "Makes a catalogue from its source.", "SOURCE", "CATALOGUE",
+                  RunEncode,
+                  "Line ends become line feeds. Everything else comes back byte for byte.\n"
+                  "Example: velmor encode my.source -o my.catalogue\n");
+    AddImport(line);
+    AddPhone(line);
+    const auto [phones, known] =
+        AddSubcommand(line, "phones", "Lists the phones as a host sees them.", RunPhones,
+                      "Example: velmor phones my.catalogue\n");
+    AddList(phones, *known);
+    AddSetting(line);
+    const auto [settings, offered] =
+        AddSubcommand(line, "settings",
+                      "Lists the dial-up settings of a country as a host sees them.", RunSettings,
+                      "Exit status 1 when the country has no settings.\n"
+                      "Example: velmor settings my.catalogue --country Norland\n");
+    AddList(settings, *offered);
+    Add(settings, "--country", offered->country, "NAME", "name of the country")->required();
+    AddShow(line);
+    AddTrace(line);
+}
+
+}  // namespace
+
+int RunCommandLine(const std::string& version, std::vector<std::string> words) {
+    CommandLine line;
+    line.app.set_version_flag("--version", version);
+    line.app.require_subcommand(1);
+    AddSubcommands(line);
+    line.app.failure_message([words](const CLI::App* app, const CLI::Error& error) {
+        return "velmor: " + Visible(ExplainUsage(*app, error, words)) + "\n";
+    });
+    std::reverse(words.begin(), words.end());  // as CLI11 takes them
+    try {
+        line.app.parse(std::move(words));
+    } catch (const CLI::ParseError& error) {
+        return line.app.exit(error) == 0 ? kExitOk : kExitTrouble;
+    }
+    return line.status;
+}
+
+}  // namespace tool

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// velmor countries, phones and settings: the lists that a host offers to its user.
+#include <iostream>
+
+#include "commands/options.h"
+#include "commands/usage.h"
+#include "host/session.h"
+#include "host/setting_format.h"
+#include "support/error.h"
+#include "support/utf8.h"
+
+namespace tool {
+
+int RunCountries(const ReadOptions& options) {
+    const LibrarySession session(options.catalogue);
+    Json list = Json::array();
+    for (long i = 0; i < Velmor_GetNrCountries(0); ++i) {
+        list.push_back({{"index", i},
+                        {"settings", Velmor_GetCountryNrOfBasicDUNSettings(0, i)},
+                        {"name", CountryName(i)}});
+    }
+    PrintList(list, options.columns, options.json);
+    return kExitOk;
+}
+
+int RunPhones(const ReadOptions& options) {
+    const LibrarySession session(options.catalogue);
+    Json list = Json::array();
+    for (long i = 0; i < Velmor_GetNrOfPhones(0); ++i) {
+        long id = 0;
+        char description[1024];
+        if (Velmor_GetPhoneByIndex(0, i, &id, description, sizeof description) != 0) {
+            std::cerr << "velmor: " << Visible(options.catalogue) << ": phone " << i
+                      << " has no manufacturer; a host cannot list it\n";
+            continue;
+        }
+        list.push_back({{"id", id}, {"phone", HostText(description)}});
+    }
+    PrintList(list, options.columns, options.json);
+    return kExitOk;
+}
+
+int RunSettings(const SettingsOptions& options) {
+    const LibrarySession session(options.catalogue);
+    Json list = Json::array();
+    std::vector<std::string> names;
+    bool found = false;
+    for (long country = 0; country < Velmor_GetNrCountries(0); ++country) {
+        names.push_back(CountryName(country));
+        if (names.back() != options.country) {
+            continue;
+        }
+        found = true;
+        for (long i = 0; i < Velmor_GetCountryNrOfBasicDUNSettings(0, country); ++i) {
+            Velmor_DUNSetting setting;
+            if (Velmor_GetCountryBasicDUNSettingByIndex(0, country, i, &setting) == 0) {
+                list.push_back(DescribeSetting(setting));
+            }
+        }
+    }
+    if (!found) {
+        throw ToolError(options.catalogue, ": has no country ", options.country,
+                        Suggestion(options.country, names), "; velmor countries lists them");
+    }
+    PrintList(list, options.columns, options.json);
+    return list.empty() ? kExitFindings : kExitOk;
+}
+
+}  // namespace tool

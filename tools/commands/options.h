@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// What each subcommand is asked, and the function that runs it and returns the exit status.
+#pragma once
+
+#include <string>
+
+#include "device/port_search.h"
+#include "diagnosis/detection.h"
+#include "dialer/dialer_files.h"
+
+namespace tool {
+
+// The exit statuses of all commands: success, findings or nothing found, failure.
+enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
+
+// velmor check, countries and phones
+struct ReadOptions {
+    std::string catalogue;
+    std::string columns;  // with commas between them; empty: all
+    bool json = false;
+};
+
+int RunCheck(const ReadOptions& options);
+int RunCountries(const ReadOptions& options);
+int RunPhones(const ReadOptions& options);
+
+// velmor settings
+struct SettingsOptions : ReadOptions {
+    std::string country;
+};
+
+int RunSettings(const SettingsOptions& options);
+
+// velmor show
+struct ShowOptions : ReadOptions {
+    std::string table;
+    std::string where;
+};
+
+int RunShow(const ShowOptions& options);
+
+// velmor encode and decode
+struct ConvertOptions {
+    std::string input;
+    std::string output;
+    bool force = false;
+};
+
+int RunEncode(const ConvertOptions& options);
+int RunDecode(const ConvertOptions& options);
+
+// velmor diff
+struct DiffOptions {
+    std::string before;
+    std::string after;
+    bool json = false;
+};
+
+int RunDiff(const DiffOptions& options);
+
+// velmor import
+struct ImportOptions {
+    std::string providers;
+    std::string android;
+    std::string phones;
+    std::string previous;
+    std::string output;
+    std::string iso = "/usr/share/iso-codes/json/iso_3166-1.json";
+    bool force = false;
+};
+
+int RunImport(const ImportOptions& options);
+
+// velmor devices
+struct DevicesOptions {
+    PortSearch search;
+    bool json = false;
+};
+
+int RunDevices(const DevicesOptions& options);
+
+// The form in which a command prints a DUN setting.
+struct OutputFormat {
+    std::string name = "text";  // or json, or that of a dialler
+    std::string directory;      // for the files of a dialler; empty: standard output
+    bool force = false;         // replace existing files
+};
+
+// velmor setting
+struct SettingOptions {
+    std::string catalogue;
+    long phone = 0;
+    long setting = 0;
+    DialerLink link;
+    OutputFormat format;
+};
+
+int RunSetting(const SettingOptions& options);
+
+// velmor detect
+struct DetectOptions {
+    std::string catalogue;
+    DialerLink link;
+    std::string profile;
+    std::string search;
+    std::string record;
+    double timeout = 10;
+    double probe = 0.9;
+    long setting = 0;  // 0: the first one that is ready to dial
+    long like = 0;     // 0: the fallback phone that the catalogue names
+    Choice choice;
+    std::string pinFile;
+    bool verbose = false;
+    OutputFormat format;
+};
+
+int RunDetect(const DetectOptions& options);
+
+// velmor phone
+struct PhoneOptions {
+    std::string profile;
+    bool verbose = false;
+};
+
+int RunPhone(const PhoneOptions& options);
+
+// velmor trace
+struct TraceOptions {
+    std::string log;
+    std::string profile;
+    unsigned detection = 0;  // 0: the last one
+    bool force = false;
+    bool json = false;
+};
+
+int RunTrace(const TraceOptions& options);
+
+}  // namespace tool
