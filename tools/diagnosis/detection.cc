@@ -16,10 +16,6 @@ using namespace vel::schema;
 
 namespace {
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 // The limit of the answer to a command that prepares the phone, in seconds.
 constexpr double kPreparation = 3;
 
@@ -53,7 +49,7 @@ void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& d
         const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
         std::istringstream numbers(table.LookUp(kID, id, kNumbers));
         for (std::string number; numbers >> number;) {
-            if (number.size() > setting.number.size() && StartsWith(digits, number)) {
+            if (number.size() > setting.number.size() && BeginsWith(digits, number)) {
                 setting.number = number;
             }
         }

@@ -24,10 +24,6 @@ namespace {
 // The most digits of an IMSI that name a network (3GPP TS 23.003). The library looks at five.
 constexpr std::size_t kMostNetworkDigits = 6;
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 // The answer to the first use of the command; empty when the library did not send it.
 vel::ATAnswer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>& dialogue) {
     vel::ATAnswer answer;
@@ -57,7 +53,7 @@ bool IsUnsolicited(const std::string& line, const vel::Question& question) {
     const bool marked = line[0] == '+' || line[0] == '^' || line[0] == '*';
     const auto answers = [&](const vel::Attempt& attempt) {
         const std::string command = attempt.command;  // AT+CGMM and a carriage return
-        return StartsWith(line, command.substr(2, command.size() - 3) + ":");
+        return BeginsWith(line, command.substr(2, command.size() - 3) + ":");
     };
     return line == "RING" || (marked && std::none_of(std::begin(question.attempts),
                                                      std::end(question.attempts), answers));
@@ -69,7 +65,7 @@ void TakeResponse(Response& response, const std::string& line, const vel::Attemp
                   const vel::Question& question) {
     const bool isModel = question.recipe == vel::kPhoneQuestion.recipe;
     // ATI3 often answers as ATI0, whose line labels the manufacturer.
-    const bool isLabel = isModel && StartsWith(line, "Manufacturer:");
+    const bool isLabel = isModel && BeginsWith(line, "Manufacturer:");
     if (!response.IsUsable() && !isLabel && SaysSomething(line, attempt.command) &&
         !IsUnsolicited(line, question)) {
         response = {line, KeyOf(line, question.recipe)};
@@ -82,7 +78,7 @@ void TakeNetwork(Identification& found, const std::string& imsi, const vel::Stri
     const std::string name = FromLibrary(vel::OperatorName(operatorLine));
     found.operatorName = SaysSomething(name, "") ? name : "";
     found.digits = IsDigits(found.operatorName) ? found.operatorName : "";
-    if (StartsWith(imsi, "+CME ERROR:") || StartsWith(imsi, "+CMS ERROR:")) {
+    if (BeginsWith(imsi, "+CME ERROR:") || StartsWith(imsi, "+CMS ERROR:")) {
         return;  // the library takes the number of the error for digits
     }
     const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));

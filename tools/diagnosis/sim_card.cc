@@ -18,10 +18,6 @@
 namespace tool {
 namespace {
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 // The limit of an answer in seconds.
 constexpr double kAnswer = 5;
 
@@ -94,7 +90,7 @@ SimCard Understand(const std::string& answer) {
     for (const auto& meaning : kMeanings) {
         const std::string expected = meaning.line;
         const std::string text = meaning.text;
-        const bool begins = expected.back() == '-' && StartsWith(usual, expected);
+        const bool begins = expected.back() == '-' && BeginsWith(usual, expected);
         if (usual == expected || begins || (!text.empty() && usual == "+cme error: " + text)) {
             return {line, meaning.state, meaning.words, {}};
         }

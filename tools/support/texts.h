@@ -19,6 +19,10 @@ inline bool IsDigits(const std::string& text) {
     return text.find_first_not_of("0123456789") == std::string::npos;
 }
 
+inline bool BeginsWith(const std::string& text, const std::string& beginning) {
+    return text.compare(0, beginning.size(), beginning) == 0;
+}
+
 // The text with its ASCII capitals made small.
 inline std::string InSmallLetters(std::string text) {
     for (char& c : text) {
