@@ -57,6 +57,59 @@ class Model : public testing::Test {
         EXPECT_EQ(rows->get_Count(count), 0);
         return count;
     }
+    // The IDs of the rows that a condition finds, behind a status other than 0.
+    static std::string Found(ITable& in, const Pointer<IRowCondition>& condition) {
+        Rows rows;
+        const int status = in.Find(condition.get(), rows.Receive());
+        std::string ids = status == 0 ? "" : std::to_string(status) + ":";
+        for (int i = 0; i < Count(rows); ++i) {
+            Pointer<IRow> row;
+            EXPECT_EQ(rows->get_Item(i, row.Receive()), 0);
+            ids += Value(*row, "ID");
+        }
+        return ids;
+    }
+    static Pointer<IColumn> Cell(const IRow& row, const char* column) {
+        Pointer<IColumn> cell;
+        EXPECT_EQ(row.get_Column(column, cell.Receive()), 0);
+        return cell;
+    }
+    // The table and the database that a row or cell is in; "-" for none. The pointers hold
+    // something before, so that "none" shows.
+    template <class Part>
+    std::string Parents(const Part& part) const {
+        ITable* of = table.get();
+        IDatabase* in = made_;
+        EXPECT_TRUE(part.get_Table(of) == 0 && part.get_Database(in) == 0);
+        const auto inTable = Pointer<ITable>::Adopt(of);
+        const auto inDatabase = Pointer<IDatabase>::Adopt(in);
+        String name("-"), version("-");
+        EXPECT_EQ(of == nullptr ? 0 : of->get_Name(name), 0);
+        EXPECT_EQ(in == nullptr ? 0 : in->get_Version(version), 0);
+        return " of " + Plain(name) + " in " + Plain(version);
+    }
+    // A row with its index, its first column, their number and its parents.
+    std::string Said(const IRow& row) const {
+        String id, first("left");
+        int index = -1;
+        Array<String> names = Texts({"left"});
+        EXPECT_TRUE(row.get_ID(id) == 0 && row.get_Index(index) == 0);
+        EXPECT_EQ(row.get_ColumnNames(names) + row.get_ColumnName(0, first), 0);
+        return Plain(id) + "[" + std::to_string(index) + "] " + Plain(first) + " and " +
+               std::to_string(names.count) + Parents(row);
+    }
+    // A cell with its index, its row and its parents.
+    std::string Said(const IColumn& cell) const {
+        String name, value;
+        int index = -1;
+        IRow* row = nullptr;
+        const int status = cell.get_Name(name);
+        EXPECT_TRUE(cell.get_Value(value) == 0 && cell.get_Index(index) == 0);
+        EXPECT_EQ(cell.get_Row(row), 0);
+        const auto held = Pointer<IRow>::Adopt(row);
+        return std::to_string(status) + " " + Plain(name) + "[" + std::to_string(index) +
+               "]=" + Plain(value) + Parents(cell) + (row == nullptr ? "" : ", " + Said(*row));
+    }
 
   private:
     std::ptrdiff_t before_ = allocation::Live();
@@ -64,6 +117,9 @@ class Model : public testing::Test {
   protected:
     Pointer<IDatabase> database;
     Pointer<ITable> table;
+
+  private:
+    IDatabase* const made_ = database.get();
 };
 
 TEST_F(Model, RowsAndCells) {
@@ -74,59 +130,27 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(table->CreateRow(Texts({"3"}), refused), 1);
     EXPECT_EQ(table->CreateRow(Texts({"3", "a", "b"}), refused), 1);
     EXPECT_EQ(refused, row.get());
-
-    int index = -1;
-    EXPECT_EQ(row->get_Index(index), 0);
-    EXPECT_EQ(index, 1);
     Pointer<IRow> found;
     EXPECT_EQ(table->get_Row("2", *&found), 0);  // the other form of Receive
     EXPECT_TRUE(found == row);
     IRow* none = row.get();  // holds a row: Receive would empty a Pointer
-    EXPECT_EQ(table->get_Row("4", none), 0);
-    EXPECT_EQ(none, nullptr);
+    EXPECT_TRUE(table->get_Row("4", none) == 0 && none == nullptr);
+    int index = -1;
+    EXPECT_TRUE(table->get_ColumnIndex("Nothing", index) == 0 && index == -1);
     EXPECT_EQ(Value(*row, "name"), "<none>");
-    EXPECT_EQ(table->get_ColumnIndex("Nothing", index), 0);
-    EXPECT_EQ(index, -1);
+    EXPECT_FALSE(static_cast<Row&>(*row).Text(2) || static_cast<Row&>(*row).Text(-1));
 
-    Pointer<IColumn> cell;
-    EXPECT_EQ(row->get_Column("Name", cell.Receive()), 0);
-    Pointer<IRow> owner;
-    EXPECT_EQ(cell->get_Row(owner.Receive()), 0);
-    EXPECT_TRUE(owner == row);
-    String text;
-    EXPECT_EQ(cell->get_Name(text), 0);
-    EXPECT_EQ(text, String("Name"));
-    EXPECT_EQ(cell->get_Value(text), 0);
-    EXPECT_EQ(text, String("green"));
-    EXPECT_EQ(cell->get_Index(index), 0);
-    EXPECT_EQ(index, 1);
+    const Pointer<IColumn> cell = Cell(*row, "Name");
+    EXPECT_EQ(Said(*cell), "0 Name[1]=green of Colours in 7, 2[1] ID and 2 of Colours in 7");
+    EXPECT_EQ(Said(*Cell(*row, "ID")).substr(0, 9), "0 ID[0]=2");
     Pointer<ICollection<IColumn*>> cells;
     EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
-    EXPECT_EQ(cells->get_Count(index), 0);
-    EXPECT_EQ(index, 2);
     Pointer<IColumn> same;
-    EXPECT_EQ(cells->get_Item(1, same.Receive()), 0);
-    EXPECT_TRUE(same == cell);
-    Pointer<IDatabase> ofRow, ofCell;
-    Pointer<ITable> tableOfRow, tableOfCell;
-    EXPECT_TRUE(row->get_Database(ofRow.Receive()) == 0 && ofRow == database);
-    EXPECT_TRUE(cell->get_Database(ofCell.Receive()) == 0 && ofCell == database);
-    EXPECT_TRUE(row->get_Table(tableOfRow.Receive()) == 0 && tableOfRow == table);
-    EXPECT_TRUE(cell->get_Table(tableOfCell.Receive()) == 0 && tableOfCell == table);
-    Array<String> names;
-    EXPECT_EQ(row->get_ColumnNames(names), 0);
-    EXPECT_EQ(Plain(names), (Lines{"ID", "Name"}));
-    EXPECT_TRUE(row->get_ColumnName(0, text) == 0 && text == String("ID"));
-    EXPECT_TRUE(table->get_Name(text) == 0 && text == String("Colours"));
-    EXPECT_TRUE(database->get_Name(text) == 0 && text == String("World"));
-    EXPECT_TRUE(database->get_Version(text) == 0 && text == String("7"));
-    EXPECT_TRUE(row->get_ID(text) == 0 && text == String("2"));
-    EXPECT_EQ(table->AddRef(), table->Release() + 1);
-    EXPECT_TRUE(row->get_Column("ID", same.Receive()) == 0 && same && !(same == cell));
-    EXPECT_FALSE(static_cast<Row&>(*row).Text(2) || static_cast<Row&>(*row).Text(-1));
+    EXPECT_TRUE(cells->get_Item(1, same.Receive()) == 0 && same == cell);
+    EXPECT_TRUE(cells->get_Count(index) == 0 && index == 2);
     IColumn* noCell = cell.get();
-    EXPECT_EQ(row->get_Column("Nothing", noCell), 0);
-    EXPECT_EQ(noCell, nullptr);
+    EXPECT_TRUE(row->get_Column("Nothing", noCell) == 0 && noCell == nullptr);
+    EXPECT_EQ(table->AddRef(), table->Release() + 1);
     EXPECT_EQ(Dump(*database),
               (Lines{"World 7", "Colours: ID Name", "  [1][red]", "  [2][green]", "  [2][blue]"}));
     EXPECT_EQ(table->Clear(), 0);
@@ -190,97 +214,69 @@ TEST_F(Model, TakenNameIsNotRegistered) {
 // valid, but it is empty.
 TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     const Pointer<IRow> row = Create({"1", "red"});
-    Pointer<IColumn> cell;
-    EXPECT_EQ(row->get_Column("Name", cell.Receive()), 0);
-    Rows rows;
+    const Pointer<IColumn> cell = Cell(*row, "Name");
+    Rows rows, found;
     EXPECT_EQ(table->get_Rows(rows.Receive()), 0);
     EXPECT_EQ(Count(rows), 1);
-    Rows found;
-    EXPECT_EQ(
-        table->Find(Pointer<IRowCondition>::Adopt(new MultyValueMatch).get(), found.Receive()), 0);
-    IDatabase *ofTable = database.get(), *ofCell = ofTable, *ofRow = ofTable;
+    const auto all = Pointer<IRowCondition>::Adopt(new MultyValueMatch);
+    EXPECT_EQ(table->Find(all.get(), found.Receive()), 0);
+    IDatabase* ofTable = database.get();
     database.Reset();
 
     EXPECT_EQ(Count(rows), 0);
     EXPECT_EQ(Count(found), 1);
     EXPECT_TRUE(table->get_Database(ofTable) == 0 && ofTable == nullptr);
-    EXPECT_TRUE(cell->get_Database(ofCell) == 0 && ofCell == nullptr);
-    EXPECT_TRUE(row->get_Database(ofRow) == 0 && ofRow == nullptr);
-    ITable* parent = table.get();
-    EXPECT_TRUE(cell->get_Table(parent) == 0 && parent == nullptr);
+    EXPECT_EQ(Said(*row), "1[0]  and 0 of - in -");
+    EXPECT_EQ(Said(*cell), "1 <error>[1]=red of - in -");
     EXPECT_EQ(Value(*row, "Name"), "<none>");
-    Array<String> names = Texts({"left"});
-    EXPECT_EQ(row->get_ColumnNames(names), 0);
-    EXPECT_EQ(names.count, 0);
-    String text;
-    EXPECT_EQ(row->get_ColumnName(0, text), 0);
-    EXPECT_EQ(text, String());
     IColumn* gone = cell.get();
     EXPECT_TRUE(row->get_Column("ID", gone) == 0 && gone == nullptr);
-    EXPECT_EQ(cell->get_Name(text), 1);
-    EXPECT_EQ(text, String("<error>"));
-    EXPECT_EQ(cell->get_Value(text), 0);
-    EXPECT_EQ(text, String("red"));
     Pointer<ICollection<IColumn*>> cells;
-    EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
     int count = -1;
-    EXPECT_EQ(cells->get_Count(count), 0);
-    EXPECT_EQ(count, 0);
+    EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
+    EXPECT_TRUE(cells->get_Count(count) == 0 && count == 0);
 }
 
 TEST_F(Model, MatchesSeveralValues) {
     for (const auto& row : {Lines{"0", ""}, {"1", "red"}, {"2", "Red"}, {"3", "red"}, {"3", ""}}) {
         Create(row);
     }
-    const auto ids = [&](const std::vector<std::pair<const char*, const char*>>& required) {
-        Dictionary<String, String> conditions;
-        for (const auto& [column, value] : required) {
-            conditions.Add(column, value);
-        }
-        auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch(conditions));
-        Rows found;
-        std::string all = table->Find(match.get(), found.Receive()) == 0 ? "" : "refused";
-        for (int i = 0; i < Count(found); ++i) {
-            Pointer<IRow> row;
-            found->get_Item(i, row.Receive());
-            all += Value(*row, "ID");
-        }
-        EXPECT_EQ(match->Prepare(nullptr), 1);
-        EXPECT_FALSE(match->Matches(nullptr));
-        return all;
-    };
-    EXPECT_EQ(ids({}), "01233");
-    EXPECT_EQ(ids({{"Name", "red"}}), "13");
-    EXPECT_EQ(ids({{"Name", ""}}), "03");
-    EXPECT_EQ(ids({{"Name", "red"}, {"ID", "3"}}), "3");
-    EXPECT_EQ(ids({{"Name", "re"}}), "");
-    EXPECT_EQ(ids({{"ID", "1"}, {"Colour", "red"}}), "refused");
-    // Prepared for another table, a condition looks at its columns there.
     Pointer<ITable> other;
     database->CreateTable("Other", Texts({"Name", "ID"}), other.Receive());
     Pointer<IRow> inOther;
     other->CreateRow(Texts({"red", "9"}), inOther.Receive());
-    auto match = Pointer<MultyValueMatch>::Adopt(new MultyValueMatch);
-    match->Require("Name", "red");
-    Rows here, there, neither;
-    EXPECT_EQ(table->Find(match.get(), here.Receive()), 0);
-    EXPECT_EQ(other->Find(match.get(), there.Receive()), 0);
-    EXPECT_EQ(Count(here) + 10 * Count(there), 12);
-    match->Require("ID", "9");
-    EXPECT_EQ(other->Find(match.get(), there.Receive()), 0);
-    EXPECT_EQ(Count(there), 1);
-    EXPECT_EQ(table->Find(nullptr, neither.Receive()), 1);
-    EXPECT_EQ(Count(neither), 0);
-    auto odd = Pointer<OddStatus>::Adopt(new OddStatus);
-    EXPECT_EQ(table->Find(odd.get(), neither.Receive()), 7);
-    EXPECT_EQ(Count(neither), 0);
+    const struct {
+        std::vector<std::pair<const char*, const char*>> required;
+        const char *here, *there;  // there the columns have another order
+    } rows[] = {
+        {{}, "01233", "9"},
+        {{{"Name", "red"}}, "13", "9"},
+        {{{"Name", ""}}, "03", ""},
+        {{{"Name", "red"}, {"ID", "3"}}, "3", ""},
+        {{{"ID", "9"}, {"Name", "red"}}, "", "9"},
+        {{{"Name", "re"}}, "", ""},
+        {{{"ID", "1"}, {"Colour", "red"}}, "1:", "1:"},
+    };
+    for (const auto& [required, here, there] : rows) {
+        Dictionary<String, String> conditions;
+        for (const auto& [column, value] : required) {
+            conditions.Add(column, value);
+        }
+        const Pointer<IRowCondition> match =
+            Pointer<IRowCondition>::Adopt(new MultyValueMatch(conditions));
+        EXPECT_EQ(Found(*table, match), here);
+        EXPECT_EQ(Found(*other, match), there);
+        EXPECT_EQ(match->Prepare(nullptr), 1);
+        EXPECT_FALSE(match->Matches(nullptr));
+    }
+    EXPECT_EQ(Found(*table, nullptr), "1:");
+    EXPECT_EQ(Found(*table, Pointer<IRowCondition>::Adopt(new OddStatus)), "7:");
+    EXPECT_TRUE(ArrayCompareWithRowCondition(nullptr).Matches({}));
     Pointer<IRow> row;
     EXPECT_EQ(table->FindByIndex("Name", "red", row.Receive()), 0);
     EXPECT_EQ(Value(*row, "ID"), "1");
     IRow* none = row.get();
-    EXPECT_TRUE(ArrayCompareWithRowCondition(nullptr).Matches({}));
-    EXPECT_EQ(table->FindByIndex("Colour", "red", none), 1);
-    EXPECT_EQ(none, nullptr);
+    EXPECT_TRUE(table->FindByIndex("Colour", "red", none) == 1 && none == nullptr);
 }
 
 // When the object of a new row cannot be made, the table does not have the row.

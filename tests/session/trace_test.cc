@@ -1,43 +1,31 @@
 // SPDX-License-Identifier: MIT
 #include "session/trace.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
 #include "api/trace.h"
 #include "runtime/index_exception.h"
 #include "session/call_frame.h"
-#include "session/session.h"
 #include "tests/support/faults.h"
-#include "tests/support/files.h"
+#include "tests/support/session.h"
 
 namespace {
 
 // Switches tracing on for a test.
-class TraceLog : public testing::Test {
+class TraceLog : public SessionTest {
   protected:
-    void SetUp() override {
-        Velmor::getVelmor()->traceSwitch = true;
-        std::filesystem::remove_all(vel::kTraceLogPath);
-    }
-    void TearDown() override {
-        EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
-        Velmor::getVelmor()->traceSwitch = false;
-        Velmor::getVelmor()->traceDepth = 0;
-    }
-    static std::string Log() { return ReadFile(vel::kTraceLogPath); }
+    TraceLog() { session.traceSwitch = true; }
+
+    Velmor& session = *Velmor::getVelmor();
 };
 
 TEST_F(TraceLog, EveryFragmentIsIndented) {
-    Velmor::getVelmor()->traceDepth = 1;
+    session.traceDepth = 1;
     Trace("");
     Trace(static_cast<const char*>(nullptr));
     vel::String text("a");
     text.Append("\0b", 2);
     Trace(text);
     Trace(-2147483647L - 1);
-    Velmor::getVelmor()->traceDepth = 0;
+    session.traceDepth = 0;
     EXPECT_EQ(Log(), "         a   -2147483648");
 }
 
@@ -51,7 +39,7 @@ TEST_F(TraceLog, NoIndexIsThrownOutOfAFrame) {
 }
 
 TEST_F(TraceLog, SwitchedOffNothingIsAllocatedOrWritten) {
-    Velmor::getVelmor()->traceSwitch = false;
+    session.traceSwitch = false;
     const vel::String text("text");
     const std::size_t before = allocation::Count();
     vel::Framed("Call", -1, [&](vel::CallFrame& frame) -> long {

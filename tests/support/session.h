@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "session/session.h"
 #include "session/trace.h"
+#include "tests/support/end_session.h"
 #include "tests/support/files.h"
 #include "tests/support/patterns.h"
 
@@ -42,14 +42,12 @@ class SampleSource {
     std::string text_ = ReadFile(VELMOR_DATA_DIR "/sample.source");
 };
 
-// Ends the session after a test.
+// Leaves the library as in a new process after a test, and no log.
 class SessionTest : public testing::Test {
   protected:
     ~SessionTest() override {
-        Velmor_DeInitialise();
-        Velmor& session = *Velmor::getVelmor();
-        EXPECT_EQ(session.traceDepth, 0);
-        session.traceSwitch = false;
+        EndSession();
+        EXPECT_EQ(Velmor::getVelmor()->traceDepth, 0);
         std::filesystem::remove_all(vel::kTraceLogPath);
     }
     static long Initialise(const std::string& bytes, Velmor_ReadFunction read = nullptr,
