@@ -44,7 +44,8 @@ std::string ImportOperators(const Operators& operators, const std::string& words
         xml += "</gsm></provider>\n";
     }
     WriteFile("operators.xml", xml + "</country></serviceproviders>\n");
-    return Import("operators.xml -o " + words, phones);
+    return Import("operators.xml --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " + words,
+                  phones);
 }
 
 using Set = std::set<std::string>;
@@ -84,9 +85,9 @@ std::size_t Common(const Set& a, const Set& b) {
     return common.size();
 }
 
-// The rule of docs/import.md: of the new networks with at least half of an old one's numbers, the
-// one with most of them has its identifier, unless it goes on with another one that had more of its
-// own.
+// The rule of docs/import.md. Of the new networks with at least half of the numbers of an old
+// network, the network with most of them has its identifier, unless it has the identifier of
+// another old network with which it has as many numbers in common.
 void ExpectIdentifiersToStay(Reading& old, Reading& fresh) {
     for (const auto& [oldId, oldKeys] : old.keys) {
         const Set& oldNumbers = old.numbers[oldId];

@@ -73,7 +73,7 @@ std::string DialledValuesOfNetwork(const Item& item, const Side& side) {
     std::set<std::string> values;  // tables can have their columns in any order
     for (const auto& [column, value, kind, reference] : item.fields) {
         if (column != vel::schema::kDefault && column != kNumbers && reference == kNoItem) {
-            values.insert(column + "\n" + value);
+            values.insert(Concat(column, "\n", value));
         }
     }
     std::string text = "=";
