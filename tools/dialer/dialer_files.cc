@@ -56,7 +56,9 @@ std::string ChatWord(const std::string& value) {
 std::string KeyfileValue(const std::string& value) {
     std::string text;
     for (const char c : value) {
-        text += c == '\\' ? "\\\\" : c == ' ' && text.empty() ? "\\s" : std::string(1, c);
+        const bool blank = c == ' ' && text.empty();
+        text += blank || c == '\\' ? "\\" : "";
+        text += blank ? 's' : c;
     }
     return text;
 }
@@ -97,13 +99,16 @@ std::string Title(const Velmor_DUNSetting& setting) {
 
 // No dialler of Debian uses name servers of its own files.
 std::string NameServers(const Velmor_DUNSetting& setting) {
-    const std::string first = Address("name server", HostText(setting.Dns1));
-    const std::string second = Address("name server 2", HostText(setting.Dns2));
-    return first.empty() && second.empty()
+    std::string servers;
+    for (const std::string& server : {Address("name server", HostText(setting.Dns1)),
+                                      Address("name server 2", HostText(setting.Dns2))}) {
+        servers += server.empty() ? "" : " " + server;
+    }
+    return servers.empty()
                ? ""
-               : "# Name servers of this setting, for /etc/resolv.conf when the network gives "
-                 "none: " +
-                     first + (first.empty() || second.empty() ? "" : " ") + second + "\n";
+               : "# Name servers of this setting, for /etc/resolv.conf when the network "
+                 "gives none:" +
+                     servers + "\n";
 }
 
 }  // namespace
@@ -121,7 +126,7 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     const std::string gateway = Address("gateway", HostText(setting.GatewayIP));
     text += client.empty() ? "noipdefault\n" : "";
     text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
-    // Or pppd ends when the network has another one, as many have that tell none.
+    // Else pppd quits if the peer proposes another gateway, as many do.
     text += gateway.empty() ? "" : "ipcp-accept-remote\n";
     text += NameServers(setting);
     const std::string user = OneLine("user", HostText(setting.DefaultUser));
@@ -131,7 +136,8 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     return text;
 }
 
-// The echo is switched off first: the name of an access point may hold a word that ends the script.
+// ATE0 comes first: an access point may be named like a word that ends the script, as ERROR, and
+// the echo would show it.
 std::string ChatScript(const Velmor_DUNSetting& setting) {
     std::string text =
         "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cwchar>
 #include <iterator>
+#include <utility>
 
 namespace tool {
 namespace {
@@ -96,8 +97,20 @@ std::string Shown(const std::string& text, Form form) {
     return shown;
 }
 
-std::size_t Columns(const Character& c) {
-    return static_cast<std::size_t>(std::max(c.columns, 0));
+// How many bytes of the text fit into so many columns, and the columns that they take.
+std::pair<std::size_t, std::size_t> Fitting(const std::string& text, std::size_t width) {
+    std::size_t end = 0;
+    std::size_t used = 0;
+    while (end < text.size()) {
+        const Character c = CharacterAt(text, end);
+        const auto columns = static_cast<std::size_t>(std::max(c.columns, 0));
+        if (used + columns > width) {
+            break;
+        }
+        used += columns;
+        end += c.bytes;
+    }
+    return {end, used};
 }
 
 }  // namespace
@@ -132,28 +145,14 @@ std::string VisibleJson(const std::string& json) {
 }
 
 std::size_t DisplayWidth(const std::string& text) {
-    std::size_t width = 0;
-    for (std::size_t i = 0; i < text.size();) {
-        const Character c = CharacterAt(text, i);
-        width += Columns(c);
-        i += c.bytes;
-    }
-    return width;
+    return Fitting(text, std::string::npos).second;
 }
 
 std::string CutTo(const std::string& text, std::size_t width) {
-    if (DisplayWidth(text) <= width) {
-        return text;
+    if (width == 0 || Fitting(text, width).first == text.size()) {
+        return width == 0 ? "" : text;
     }
-    std::size_t end = 0;
-    for (std::size_t used = 0;;) {
-        const Character next = CharacterAt(text, end);
-        used += Columns(next);
-        if (used + 1 > width) {
-            return text.substr(0, end) + (width > 0 ? kMark : "");
-        }
-        end += next.bytes;
-    }
+    return text.substr(0, Fitting(text, width - 1).first) + kMark;
 }
 
 }  // namespace tool
