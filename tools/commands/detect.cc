@@ -25,7 +25,7 @@ std::string FindDevice(const std::string& pattern, unsigned baud) {
     PortSearch search;
     search.pattern = pattern;
     search.baud = baud;
-    const std::string device = TheOneThatAnswers(SearchPorts(search));
+    std::string device = TheOneThatAnswers(SearchPorts(search));
     if (Interruption::Signal() != 0) {
         throw ToolError("interrupted");
     }

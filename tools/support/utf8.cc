@@ -52,7 +52,7 @@ Character CharacterAt(const std::string& text, std::size_t at) {
     const std::size_t bytes = std::mbrtowc(&wide, text.data() + at, left, &state);
     const int columns = wcwidth(wide);
     uselocale(before);
-    const auto code = static_cast<unsigned long>(wide);
+    const auto code = static_cast<unsigned long>(static_cast<std::wint_t>(wide));
     if (bytes == 0 || bytes > left || code > kLastCode) {
         return {first, 1, -1, false};
     }
