@@ -43,7 +43,8 @@ std::string WithoutLinks(const std::string& path) {
     return fs::canonical(path, error).string();
 }
 
-// The line in a file of sysfs; empty when there is none. Devices choose some of these texts.
+// The line in a file of sysfs; empty when there is none. Some of these texts come from the device,
+// so a terminal must get no control characters.
 std::string Line(const fs::path& file) {
     std::ifstream stream(file);
     std::string line;
@@ -71,7 +72,7 @@ std::string ProductIn(const fs::path& folder) {
     if (maker.empty() && product.empty()) {
         return Line(folder / "idVendor") + ":" + Line(folder / "idProduct");
     }
-    const bool both = !maker.empty() && product.compare(0, maker.size(), maker) != 0;
+    const bool both = !maker.empty() && !BeginsWith(product, maker);
     return both ? maker + (product.empty() ? "" : " ") + product : product;
 }
 
@@ -82,25 +83,25 @@ void Describe(Port& port, const std::string& folder) {
         return;
     }
     bool onInterface = false;
-    for (fs::path place = folder; place.has_relative_path(); place = place.parent_path()) {
-        const std::string number = Line(place / "port_number");
+    for (fs::path level = folder; level.has_relative_path(); level = level.parent_path()) {
+        const std::string number = Line(level / "port_number");
         if (!number.empty()) {
             port.number = std::strtoul(number.c_str(), nullptr, 10);
         }
-        const std::string interface = Line(place / "bInterfaceNumber");
+        const std::string interface = Line(level / "bInterfaceNumber");
         if (!interface.empty() && !onInterface) {
             port.interface = std::strtoul(interface.c_str(), nullptr, 16);
             onInterface = true;
         }
-        if (!Line(place / "idVendor").empty()) {
-            port.product = ProductIn(place);
-            port.unit = place.string();
+        if (!Line(level / "idVendor").empty()) {
+            port.product = ProductIn(level);
+            port.unit = level.string();
             return;
         }
     }
 }
 
-// Numbers at the end of names count: ttyUSB10 comes after ttyUSB2.
+// By length first, so that ttyUSB10 comes after ttyUSB2.
 auto Order(const Port& port) {
     return std::make_tuple(port.interface, port.number, port.device.size(), port.device);
 }
@@ -131,8 +132,8 @@ std::vector<PortGroup> ListPorts(const std::string& search, const SystemFolders&
         }
         const auto stable = stableNames.find(port.device);
         port.path = stable == stableNames.end() ? path : stable->second;
-        port.rfcomm = fs::path(path).filename().string().compare(0, 6, "rfcomm") == 0 ||
-                      fs::path(port.device).filename().string().compare(0, 6, "rfcomm") == 0;
+        port.rfcomm = BeginsWith(fs::path(path).filename(), "rfcomm") ||
+                      BeginsWith(fs::path(port.device).filename(), "rfcomm");
         Describe(port, folder);
         ports.insert({port.device, port});
     }

@@ -14,10 +14,10 @@ struct SystemFolders {
 
 // A serial device of the system.
 struct Port {
-    std::string path;    // its name in /dev/serial/by-id, which is stable, where there is one
+    std::string path;    // its stable name in /dev/serial/by-id if it has one, else as found
     std::string device;  // the path without symbolic links
     std::string product;
-    std::string unit;  // ports with the same belong to one device
+    std::string unit;  // the device; ports of the same device have the same unit
     unsigned long interface = 0;
     unsigned long number = 0;  // within the interface
     bool rfcomm = false;       // opening it starts a radio connection
@@ -26,8 +26,8 @@ struct Port {
 // The ports of one device, the lowest interface first. There is at least one.
 using PortGroup = std::vector<Port>;
 
-// The serial devices that may be a phone. A search, a pattern of the shell, replaces the usual
-// names; one without a slash is a name in /dev. Opens none of the devices.
+// The serial devices that may be a phone. A search is a pattern of the shell and replaces the usual
+// names; a pattern without a slash is a name in /dev. Opens no device.
 std::vector<PortGroup> ListPorts(const std::string& search, const SystemFolders& folders = {});
 
 }  // namespace tool

@@ -52,7 +52,7 @@ bool Uses(const std::string& process, dev_t device) {
         std::error_code error;
         const std::string target = fs::read_symlink(folder + descriptor, error);
         // Other targets are left alone: stat waits for a file server that is not there.
-        if (target.compare(0, 5, "/dev/") != 0) {
+        if (!BeginsWith(target, "/dev/")) {
             continue;
         }
         struct stat status = {};

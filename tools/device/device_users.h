@@ -18,9 +18,9 @@ class DeviceInUse : public ToolError {
 // The number of a pseudo-terminal, as in /dev/pts/5; -1 for another device.
 int PseudoTerminal(dev_t device);
 
-// A process other than this one that has a device open or holds its flock(2), as far as /proc shows
-// it: only root sees what the processes of other users have open. 0: none is seen. The program that
-// plays the other end of a pseudo-terminal does not count.
+// Another process that has the device open or holds its flock(2); 0: none is seen. /proc shows only
+// root what the processes of other users have open. The program at the other end of a
+// pseudo-terminal does not count.
 pid_t FindDeviceUser(const std::string& device);
 
 // "in use by process 12 (pppd)", and what to do where that is known. 0: by another program.

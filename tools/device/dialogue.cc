@@ -17,8 +17,8 @@ constexpr std::size_t kMostBytes = 16384;
 // The limit of a read in milliseconds when the catalogue has no AT-TIME-OUT.
 constexpr double kDefaultWait = 1000;
 
-// The times that a phone is asked whether it is there, and the seconds of silence after which it
-// has answered. One that goes on talking is not waited for longer than kMostTalk.
+// How often Probe sends AT, and the seconds of silence that end an answer. A phone that never falls
+// silent is read for kMostTalk seconds.
 constexpr int kProbes = 3;
 constexpr double kSilence = 0.3;
 constexpr double kMostTalk = 3;
@@ -29,8 +29,8 @@ constexpr double kStep = 1;
 // How long the library may repeat reads of a command that is over, in seconds.
 constexpr double kPatience = 0.5;
 
-// Thrown through the library, which ends the detection then. A failed read would not do: the
-// library repeats it AT-RETRY times, and the catalogue may say two thousand million.
+// Thrown through the library to end the detection. A failed read does not end it in time: the
+// library repeats the read AT-RETRY times, and the catalogue may say two thousand million.
 struct Abandoned {};
 
 Dialogue* current = nullptr;  // the callbacks have no argument for it
@@ -124,7 +124,7 @@ std::string Dialogue::Ask(const std::string& command, double seconds, const char
     const double end = log_.Seconds() + seconds;
     std::string answer;
     while (!IsFinal(answer) && answer.size() < kMostBytes && log_.Seconds() < end + kMostTalk) {
-        // Also after the end: a late answer must not be taken for the next one.
+        // Also after the end: a late answer must not be taken for that to the next command.
         const double left = std::max(end - log_.Seconds(), kSilence);
         char byte = 0;
         if (!Await(byte, left, left)) {
@@ -145,7 +145,7 @@ bool Dialogue::Probe(double seconds) {
     for (int i = 0; i < kProbes && !answered && IsOpen(); ++i) {
         log_.Command(command);
         Write(command);
-        // A line can send back the echo although nothing takes commands.
+        // The echo alone is no answer: a loopback or a terminal sends back every byte.
         const double end = log_.Seconds() + seconds / kProbes;
         std::size_t echo = 0;
         for (double left = seconds / kProbes; left > 0 && !answered; left = end - log_.Seconds()) {

@@ -18,9 +18,9 @@ enum class DialogueState {
     kAbandoned,  // the library went on with a command that was over
 };
 
-// The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. Only one may
-// exist at a time; without one the callbacks fail. A limit of seconds and one of bytes end each
-// command, whatever the phone sends and the catalogue says.
+// The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. Only one
+// dialogue may exist at a time; without a dialogue the callbacks fail. A limit of seconds and a
+// limit of bytes end each command, whatever the phone sends and the catalogue says.
 class Dialogue {
   public:
     // The line must outlive the dialogue. The catalogue says how long the library waits for a byte.
@@ -32,15 +32,14 @@ class Dialogue {
     static long Read(char* buffer, long count, long timeout);
     static long Send(const char* buffer, long length);
 
-    // Asks AT up to three times within these seconds until more than the echo comes, then reads
-    // until it is silent: a late answer must not be taken for the next one. Returns whether any
-    // byte came. Not one of the exchanges.
+    // Sends AT up to three times within these seconds until more than the echo comes. Then reads
+    // until the phone is silent, so that a late answer is not taken for that to the next command.
+    // Returns whether more than the echo came. Adds no exchange.
     bool Probe(double seconds);
 
-    // Sends a command of the host's own, without its carriage return. Returns all that the phone
-    // sends up to a final result code, or until the seconds are over and it is silent. `shown`
-    // stands for a command with a secret in the log, which then leaves out the answer. Not one of
-    // the exchanges.
+    // Sends a command of the host, given without its carriage return. Returns all that the phone
+    // sends up to a final result code, or until the seconds are over and the phone is silent. The
+    // log shows `shown` in place of a command with a secret, and no answer. Adds no exchange.
     std::string Ask(const std::string& command, double seconds, const char* shown = nullptr);
 
     // Reads and discards what arrives in these seconds.

@@ -11,13 +11,15 @@
 #include "device/uucp_lock.h"
 #include "support/error.h"
 #include "support/interruption.h"
+#include "support/texts.h"
 
 namespace tool {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A port is asked so often, each time for so many milliseconds. Opening takes a part of its second.
+// How often AT is sent to a port, and the milliseconds for an answer. Opening takes the rest of the
+// second.
 constexpr int kQuestions = 3;
 constexpr int kWait = 300;
 
@@ -77,9 +79,8 @@ std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& se
         return {PortState::kBusy, InUseBy(user)};
     }
     const auto reason = [&](const ToolError& error) {
-        const std::string text = error.what();
-        const std::string begin = port.device + ": ";
-        return text.compare(0, begin.size(), begin) == 0 ? text.substr(begin.size()) : text;
+        const std::string text = error.what(), start = port.device + ": ";
+        return BeginsWith(text, start) ? text.substr(start.size()) : text;
     };
     try {
         SerialLine line(port.device, search.baud);
@@ -96,7 +97,7 @@ std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& se
 }  // namespace
 
 std::vector<FoundDevice> SearchPorts(const PortSearch& search) {
-    SerialLine::Speed(search.baud);  // a wrong one is no fault of a device
+    SerialLine::Speed(search.baud);  // throws for a wrong speed before any device is opened
     std::vector<FoundDevice> devices;
     for (PortGroup& ports : ListPorts(search.pattern, search.folders)) {
         FoundDevice device;

@@ -13,13 +13,13 @@ enum class PortState {
     kAnswers,
     kBusy,      // in use; it was not opened where that could be seen from outside
     kUnusable,  // it cannot be opened
-    kOther,     // it sends something else than the answer to AT
+    kOther,     // it sends lines, but no answer to AT
     kSilent,
     kNotAsked,
 };
 
-// A device with one or more ports, and the port to take: the lowest one that answers, or the lowest
-// one with the most useful state when none does.
+// A device with its ports, and the port to take: the lowest port that answers, or the lowest port
+// with the most useful state when none answers.
 struct FoundDevice {
     Port port;
     PortState state = PortState::kNotAsked;
@@ -34,8 +34,8 @@ struct PortSearch {
     SystemFolders folders;
 };
 
-// Lists devices and asks each with AT, at most a second a port. A device in use is not asked, and
-// one over Bluetooth only when the pattern says rfcomm. A signal ends the search early.
+// Lists devices and sends AT to each, for at most a second a port. Sends nothing to a device in
+// use, and to a Bluetooth port only when the pattern says rfcomm. A signal ends the search early.
 std::vector<FoundDevice> SearchPorts(const PortSearch& search);
 
 // The path of the device that answers; empty when none does. Throws a ToolError with the list when

@@ -10,9 +10,9 @@ namespace tool {
 // process has ended. It throws a ToolError when another process holds the lock. There is no lock
 // where lock files cannot be written: users of a device need no permission to write there.
 //
-// A lock file without the number of a process may be one that a program is just writing. It counts
-// as a lock for a minute. It is never deleted, because nobody can tell whose it is: after the
-// minute the device is used without a lock file.
+// A program may just be writing a lock file that has no process number yet. Such a file counts as a
+// lock for a minute. It is never deleted, because nobody can tell whose it is: after the minute the
+// device is used without a lock file.
 class UucpLock {
   public:
     // `device`: the path without symbolic links.

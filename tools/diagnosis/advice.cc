@@ -3,7 +3,7 @@
 //
 // The library takes the first manufacturer whose pattern occurs in a key, then the phone whose
 // manufacturer and key are equal to those found. So an unknown model needs a row of its own even
-// where its manufacturer is known, and a new pattern must stand before a shorter one that it
+// where its manufacturer is known, and a new pattern must stand before a shorter pattern that it
 // contains. A row without a key catches phones that name no model; it belongs to a manufacturer of
 // its own, or it would catch all models of a known manufacturer.
 //
@@ -225,7 +225,7 @@ class Adviser {
         return networkId;
     }
 
-    // Adds a row for each network type without one. The phone dials there as most other phones do.
+    // Adds a dial row for each network type that has none, with the texts that most phones have.
     void AddDialStrings(const std::string& phoneId) {
         const std::vector<std::string> known = Cells(kNetworks, kNetworkType);
         std::set<std::string> types(known.begin(), known.end());
@@ -239,7 +239,7 @@ class Adviser {
                 types.erase(row.Cell(table.Column(kNetworkType)));
             }
         }
-        // For a catalogue without such rows.
+        // The usual texts, for a catalogue without dial rows.
         uses.insert({{"ATD*99***1#", "AT+CGDCONT=1,\"IP\",\"%APN%\""}, 0});
         const auto most =
             std::max_element(uses.begin(), uses.end(),

@@ -41,8 +41,8 @@ void UseFallback(Detection& found, long phoneId) {
     }
 }
 
-// Operators can share a network's key, the first digits. The settings for the whole number come
-// first: those whose longest number is the longest beginning of the subscriber's.
+// Operators can share a network's key, the first digits of the IMSI. A setting may list the numbers
+// of its operator. The settings whose number agrees with most digits of the subscriber come first.
 void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& digits,
                  const CatalogueTable& table) {
     for (Detection::Setting& setting : settings) {

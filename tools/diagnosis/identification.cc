@@ -5,9 +5,9 @@
 // manufacturer, and the responses that would identify what the catalogue does not know. So the
 // library's detection runs again over the recorded answers, with the tables of its session.
 //
-// The library takes every line for a response, because one that means something else matches no
-// row. In a new row it would be a key that fits other phones too. So the echo, result codes,
-// unsolicited lines, labels and error numbers are left out here.
+// The library takes every line for a response. That does no harm, because an echo or an unsolicited
+// line matches no row. But a new row with such a key would match other phones too. So the echo,
+// result codes, unsolicited lines, labels and error numbers are left out here.
 #include "diagnosis/identification.h"
 
 #include <algorithm>
@@ -59,8 +59,8 @@ bool IsUnsolicited(const std::string& line, const vel::Question& question) {
                                                      std::end(question.attempts), answers));
 }
 
-// Takes the line of an answer as the response unless there was a usable one before: the later
-// commands are for phones that do not know the first one.
+// Takes the line of an answer as the response unless an earlier command had a usable response: the
+// later commands are for phones that do not know the first command.
 void TakeResponse(Response& response, const std::string& line, const vel::Attempt& attempt,
                   const vel::Question& question) {
     const bool isModel = question.recipe == vel::kPhoneQuestion.recipe;
@@ -78,7 +78,7 @@ void TakeNetwork(Identification& found, const std::string& imsi, const vel::Stri
     const std::string name = FromLibrary(vel::OperatorName(operatorLine));
     found.operatorName = SaysSomething(name, "") ? name : "";
     found.digits = IsDigits(found.operatorName) ? found.operatorName : "";
-    if (BeginsWith(imsi, "+CME ERROR:") || StartsWith(imsi, "+CMS ERROR:")) {
+    if (BeginsWith(imsi, "+CME ERROR:") || BeginsWith(imsi, "+CMS ERROR:")) {
         return;  // the library takes the number of the error for digits
     }
     const std::string digits = FromLibrary(vel::ImsiDigits(ToLibrary(imsi)));

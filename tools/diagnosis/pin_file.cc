@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "support/error.h"
+#include "support/input_file.h"
 #include "support/output_file.h"
 #include "support/texts.h"
 
@@ -20,45 +21,22 @@ namespace {
 constexpr std::size_t kFewestDigits = 4;
 constexpr std::size_t kMostDigits = 8;
 
-// The beginning of a regular file, and its state.
-struct Beginning {
-    std::string bytes;
-    struct stat state = {};
-};
-
-// Throws a ToolError when there is no such regular file.
-Beginning Read(const std::string& path) {
-    // O_NONBLOCK: opening a pipe would wait for its writer.
-    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    Beginning beginning;
-    char bytes[64];
-    ssize_t count = file < 0 || fstat(file, &beginning.state) != 0 ? -1 : 0;
-    const bool regular = count == 0 && S_ISREG(beginning.state.st_mode);
-    if (regular) {
-        count = read(file, bytes, sizeof bytes);
-    }
-    const int reason = errno;
-    if (file >= 0) {
-        close(file);
-    }
-    if (count < 0) {
-        throw ToolError(path, ": cannot be read: ", std::strerror(reason));
-    }
-    if (!regular) {
+// The beginning of a regular file, and its state. Throws a ToolError when there is none.
+std::string Read(const std::string& path, struct stat& state) {
+    if (stat(path.c_str(), &state) == 0 && !S_ISREG(state.st_mode)) {
         throw ToolError(path, ": is not a regular file");
     }
-    beginning.bytes.assign(bytes, static_cast<std::size_t>(count));
-    return beginning;
+    return ReadInput(path, 64);
 }
 
 }  // namespace
 
 PinFile::PinFile(const std::string& path) : path_(path) {
-    auto [bytes, state] = Read(path);
+    struct stat state = {};
+    pin_ = Read(path, state);
     if ((state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
         throw ToolError(path, ": others may use this file; chmod 600 makes it private");
     }
-    pin_ = bytes;
     for (const char end : {'\n', '\r'}) {
         if (!pin_.empty() && pin_.back() == end) {
             pin_.pop_back();
@@ -71,7 +49,7 @@ PinFile::PinFile(const std::string& path) : path_(path) {
     version_ = Concat(state.st_size, " ", state.st_mtim.tv_sec, ".", state.st_mtim.tv_nsec, "\n");
     mark_ = std::filesystem::canonical(path).string() + ".refused";
     struct stat mark = {};
-    marked_ = lstat(mark_.c_str(), &mark) == 0 && Read(mark_).bytes == version_;
+    marked_ = lstat(mark_.c_str(), &mark) == 0 && Read(mark_, mark) == version_;
 }
 
 void PinFile::Mark() const {

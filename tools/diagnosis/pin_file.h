@@ -6,9 +6,8 @@
 namespace tool {
 
 // A file with the PIN of a SIM card, which only its owner can read, and a mark beside it. The mark
-// says that this version of the file was sent, and that the card did not take it as far as is
-// known. It tells the version by size and time, because a digest of so few digits would give the
-// PIN away.
+// says that this version of the file was sent and that the card is not known to have taken it. The
+// mark holds the size and the time of the version: a digest of so few digits would reveal the PIN.
 class PinFile {
   public:
     // Throws a ToolError when the file cannot be read, when others may read it, when it holds

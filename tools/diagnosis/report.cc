@@ -62,10 +62,6 @@ void PrintAdvice(const Detection& found) {
     }
 }
 
-Json DescribeResponse(const Response& response) {
-    return {{"answer", response.text}, {"key", response.key}};
-}
-
 }  // namespace
 
 void PrintDetection(const Detection& found) {
@@ -101,40 +97,45 @@ void PrintDetection(const Detection& found) {
 }
 
 void PrintDetectionJson(const Detection& found) {
-    const Identification& identification = found.identification;
-    Json json = {{"complete", found.IsComplete()}};
-    json["manufacturer"] = DescribeResponse(identification.manufacturer);
-    json["manufacturer"]["name"] = found.manufacturer;
-    json["phone"] = DescribeResponse(identification.phone);
-    json["phone"]["name"] = found.phone;
-    json["phone"]["id"] = found.phoneId;
-    json["phone"]["known"] = found.phoneId >= 0;
+    const Identification& said = found.identification;
+    Json json = {{"complete", found.IsComplete()},
+                 {"manufacturer",
+                  {{"answer", said.manufacturer.text},
+                   {"key", said.manufacturer.key},
+                   {"name", found.manufacturer}}},
+                 {"phone",
+                  {{"answer", said.phone.text},
+                   {"key", said.phone.key},
+                   {"name", found.phone},
+                   {"id", found.phoneId},
+                   {"known", found.phoneId >= 0}}}};
     if (found.fallbackId >= 0) {
         json["dialled_as"] = {{"id", found.fallbackId}, {"name", found.fallback}};
     }
-    json["network"] = DescribeResponse(identification.network);
-    json["network"]["id"] = identification.networkId;
-    json["network"]["type"] = found.networkType;
-    json["network"]["operator"] = identification.operatorName;
+    json["network"] = {{"answer", said.network.text},
+                       {"key", said.network.key},
+                       {"id", said.networkId},
+                       {"type", found.networkType},
+                       {"operator", said.operatorName}};
     if (!found.card.words.empty()) {
         json["sim"] = {
             {"state", found.card.state}, {"answer", found.card.line}, {"text", found.card.words}};
     }
-    json["settings"] = Json::array();
+    for (const char* member : {"settings", "advice", "dialogue"}) {
+        json[member] = Json::array();
+    }
     for (const Detection::Setting& setting : found.settings) {
         json["settings"].push_back(DescribeSetting(setting.values, setting.ready));
         if (!setting.number.empty()) {
             json["settings"].back()["number"] = setting.number;
         }
     }
-    json["advice"] = Json::array();
     for (const AdvisedLine& line : found.advice) {
         json["advice"].push_back({{"table", line.table}, {"line", line.line}});
         if (!line.before.empty()) {
             json["advice"].back()["before"] = line.before;
         }
     }
-    json["dialogue"] = Json::array();
     for (const Exchange& exchange : found.dialogue) {
         json["dialogue"].push_back({{"command", exchange.command},
                                     {"answer", exchange.answer},

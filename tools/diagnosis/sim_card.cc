@@ -6,8 +6,8 @@
 // took it or did not see it. A mark beside the file remembers this from before the PIN goes out: a
 // command that starts whenever the power returns must not count as three attempts.
 //
-// The state is asked with AT+CPIN?, but many phones tell an error there or at the next question
-// only. So the last question that says anything counts.
+// AT+CPIN? asks for the state, but many phones report an error only at the next question. So the
+// last answer that says anything counts.
 #include "diagnosis/sim_card.h"
 
 #include <algorithm>

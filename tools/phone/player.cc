@@ -115,7 +115,7 @@ PlayedPhone::PlayedPhone(const std::string& profile) {
         if (getppid() == parent) {
             player.Play();
         }
-        _exit(0);  // the objects and buffers are those of the parent
+        _exit(0);  // runs no destructor and flushes no buffer of the parent
     }
 }
 

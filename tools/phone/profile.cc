@@ -12,10 +12,6 @@
 namespace tool {
 namespace {
 
-bool StartsWith(const std::string& text, const std::string& start) {
-    return text.compare(0, start.size(), start) == 0;
-}
-
 // The bytes of an answer in its usual frame. A phone sends no OK after a result code.
 std::string WholeAnswer(const std::string& text) {
     std::string bytes = "\r\n";
@@ -39,7 +35,7 @@ class Parser {
             if (!line.empty() && line.back() == '\r') {
                 line.pop_back();
             }
-            if (StartsWith(line, "AT")) {
+            if (line.compare(0, 2, "AT") == 0) {
                 ParseAnswer(line);
             } else if (line.find_first_not_of(" \t") != std::string::npos && line[0] != '#') {
                 ParseProperty(line);
@@ -60,16 +56,16 @@ class Parser {
                 bytes += text[i];
                 continue;
             }
-            const std::map<char, char> simple = {
-                {'r', '\r'}, {'n', '\n'}, {'t', '\t'}, {'\\', '\\'}};
-            const char kind = ++i < text.size() ? text[i] : '\0';
+            const std::string names = "rnt\\", meanings = "\r\n\t\\";
+            const std::size_t simple = ++i < text.size() ? names.find(text[i]) : names.npos;
             unsigned code = 0;
-            if (kind == 'x' && i + 2 < text.size() &&
-                std::from_chars(&text[i + 1], &text[i + 1] + 2, code, 16).ptr == &text[i + 1] + 2) {
+            if (simple != names.npos) {
+                bytes += meanings[simple];
+            } else if (i + 2 < text.size() && text[i] == 'x' &&
+                       std::from_chars(&text[i + 1], &text[i + 1] + 2, code, 16).ptr ==
+                           &text[i + 1] + 2) {
                 bytes += static_cast<char>(code);
                 i += 2;
-            } else if (const auto found = simple.find(kind); found != simple.end()) {
-                bytes += found->second;
             } else {
                 Fail("an escape is one of \\r \\n \\t \\\\ \\xNN");
             }
@@ -118,43 +114,36 @@ class Parser {
     void ParseProperty(const std::string& line) {
         const std::size_t equals = line.find('=');
         if (equals == std::string::npos) {
-            Fail("neither \"key = value\" nor \"COMMAND: answer\"");
+            Fail("neither \"property = value\" nor \"COMMAND: answer\"");
         }
-        const std::string key = Trimmed(line.substr(0, equals));
+        const std::string name = Trimmed(line.substr(0, equals));
         const std::string value = Trimmed(line.substr(equals + 1));
         const std::map<std::string, std::string*> texts = {
             {"maker", &profile_.maker},     {"name", &profile_.name},
             {"source", &profile_.source},   {"phone", &profile_.phone},
             {"network", &profile_.network}, {"undetectable", &profile_.undetectable},
         };
-        if (const auto found = texts.find(key); found != texts.end()) {
+        if (const auto found = texts.find(name); found != texts.end()) {
             *found->second = value;
-        } else if (key == "echo" && (value == "on" || value == "off")) {
+        } else if (name == "echo" && (value == "on" || value == "off")) {
             profile_.echo = value == "on";
-        } else if (key == "unknown") {
+        } else if (name == "unknown") {
             profile_.unknown = value.empty() ? "" : WholeAnswer(Unescaped(value));
-        } else if (key == "delay") {
+        } else if (name == "delay") {
             profile_.delay = Number(value);
-        } else {
-            ParseFault(key, value);
-        }
-    }
-
-    void ParseFault(const std::string& key, const std::string& value) {
-        if (key == "pause") {
-            const std::size_t blank = value.find(' ');
+        } else if (name == "pause") {
+            const std::size_t blank = std::min(value.find(' '), value.size());
             const std::string where = value.substr(0, blank);
-            const unsigned reads =
-                Number(blank == std::string::npos ? "" : value.substr(blank + 1));
+            const unsigned reads = Number(Trimmed(value.substr(blank)));
             (where == "every" ? profile_.pauseEvery : profile_.pauses[Number(where)]) = reads;
-        } else if (key == "accepts") {
+        } else if (name == "accepts") {
             profile_.accepts = Number(value);
-        } else if (key == "disconnect") {
+        } else if (name == "disconnect") {
             profile_.disconnect = Number(value);
-        } else if (key == "flood") {
+        } else if (name == "flood") {
             profile_.flood = Unescaped(value) + "\r\n";
         } else {
-            Fail("no such key, or no such value of it");
+            Fail("no such property, or no such value of it");
         }
     }
 

@@ -9,10 +9,10 @@
 
 namespace tool {
 
-// The answers of one phone; docs/profiles.md describes the file. Answers are the exact bytes that
-// the phone sends, with framing and line ends.
+// The answers of a phone; docs/profiles.md describes the file. Answers are the exact bytes that the
+// phone sends, with framing and line ends.
 struct Profile {
-    // One answer to a command. A command can have several: the phone gives each one once, and
+    // An answer to a command. A command can have several answers: the phone gives each once and
     // repeats the last.
     struct Answer {
         std::string before;  // an unsolicited line before the echo
@@ -21,13 +21,13 @@ struct Profile {
         bool last = false;   // the phone disconnects after it
     };
 
-    // Only for people.
+    // For people; the programs do not use them.
     std::string maker;
     std::string name;
     std::string source;
 
     // What Velmor detects with the catalogue of data/phones.source: the phone as "maker: model",
-    // the network, and why it does not detect one of them although the phone answered.
+    // the network, and why it does not detect the phone or the network.
     std::string phone;
     std::string network;
     std::string undetectable;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // People send recordings and logs to others, so numbers that identify a subscriber or a device
 // become zeros. What a detection needs stays: the number of the network, and the names of makers
-// and models. A false find costs little, a missed one cannot be taken back. So long runs of digits
-// go wherever they stand, shorter ones only behind a name that says what they are.
+// and models. A zero too many costs little, but a number that was sent cannot be called back. So a
+// long run of digits goes wherever it stands, a shorter run only behind a name such as IMEI.
 #include "phone/redaction.h"
 
 #include <algorithm>

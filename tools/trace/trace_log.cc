@@ -99,9 +99,9 @@ class CallReader {
         return text_.substr(std::min(start, text_.size()), broken_ ? end : end - start);
     }
 
-    // What stands between "{" and "}". The answer that ended goes up to its final line, even when
-    // the phone sent what looks like the end of the block. The library writes a text up to a NUL:
-    // without a final line, the first end of a block counts.
+    // The text between "{" and "}". A whole answer goes up to its final line, even when the phone
+    // sent what looks like the end of the block. The library writes a text up to a NUL: without a
+    // final line, the first end of a block counts.
     std::string TakeBlock(std::size_t depth, bool whole) {
         const std::string end = LineEnd(depth) + Blanks(depth) + "}" + LineEnd(depth);
         const std::size_t start = at_ + Blanks(depth).size();
@@ -145,11 +145,11 @@ class CallReader {
 
     std::string text_;
     std::size_t at_ = 0;
-    bool broken_ = false;  // the text went on in no way that a call does
+    bool broken_ = false;  // what follows is not a part of a call
 };
 
-// The answer in the block of an exchange. What followed a NUL is missing in the log: a final line
-// behind it gives the phone's answer the same result.
+// The answer in the block of an exchange. The log has no bytes behind a NUL, so the final line can
+// be missing; one with the same result takes its place.
 std::string AnswerOf(const TraceCall& exchange) {
     std::string answer = exchange.TextOf(Kind::kAnswer);
     const auto has = [&](const char* line) {
@@ -162,8 +162,8 @@ std::string AnswerOf(const TraceCall& exchange) {
     return answer;
 }
 
-// The lines that the text consists of; none when it is not made of lines of a log. The library
-// writes some outside of its calls, and a host may.
+// The lines of a text between two calls; none when it holds anything else. The library writes some
+// lines outside of its calls, and a host may.
 std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;
     for (std::size_t at = 0; at < text.size();) {

@@ -9,7 +9,7 @@
 
 namespace tool {
 
-// A call in a trace log, with everything that it wrote.
+// A call in a trace log, with all that it wrote.
 struct TraceCall {
     // A part of a call. All parts have a text.
     struct Part {
@@ -27,9 +27,9 @@ struct TraceCall {
 
     std::string name;
     std::vector<Part> parts;       // in the order of the log
-    std::vector<TraceCall> calls;  // those inside
+    std::vector<TraceCall> calls;  // the calls inside
     std::optional<long> result;
-    std::vector<std::string> after;  // lines behind it that belong to no call
+    std::vector<std::string> after;  // the lines between this call and the next one
     bool ended = false;              // false: the log was cut, or the host stopped
 
     bool IsDetection() const { return name == "Velmor_DetectPhoneAndNetwork"; }

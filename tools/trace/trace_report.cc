@@ -7,6 +7,7 @@
 #include "phone/redaction.h"
 #include "support/input_file.h"
 #include "support/print.h"
+#include "support/texts.h"
 
 namespace tool {
 namespace {
@@ -20,10 +21,10 @@ std::string CommandOf(const TraceCall& call) {
     return call.TextOf(Kind::kArgument, "cmd");
 }
 
-// The value of a part as it may be shown. An address says nothing but that there is one.
+// The value of a part without secrets. Of a pointer, only whether it is null matters.
 std::string Shown(const TraceCall& call, const TraceCall::Part& part) {
     const std::string& label = part.label;
-    if (label.compare(0, sizeof kPointer - 1, kPointer) == 0) {
+    if (BeginsWith(label, kPointer)) {
         return part.text == "0" ? "null" : "address";
     }
     if (!part.text.empty() &&
@@ -34,8 +35,7 @@ std::string Shown(const TraceCall& call, const TraceCall::Part& part) {
 }
 
 std::string NameOf(const TraceCall::Part& part) {
-    const bool pointer = part.label.compare(0, sizeof kPointer - 1, kPointer) == 0;
-    return part.label.substr(pointer ? sizeof kPointer - 1 : 0);
+    return part.label.substr(BeginsWith(part.label, kPointer) ? sizeof kPointer - 1 : 0);
 }
 
 // Prints a text of the log without blanks at its end.
@@ -95,32 +95,21 @@ void PrintCall(std::size_t indent, const TraceCall& call, const std::string& not
 }
 
 Json DescribeCall(const TraceCall& call) {
-    Json json = {{"call", call.name}, {"ended", call.ended}, {"result", nullptr}};
-    if (call.result) {
-        json["result"] = *call.result;
-    }
-    for (const char* member : {"arguments", "outputs"}) {
-        json[member] = Json::object();
-    }
-    for (const char* member : {"lines", "calls"}) {
-        json[member] = Json::array();
-    }
+    Json json = {{"call", call.name},
+                 {"ended", call.ended},
+                 {"result", call.result ? Json(*call.result) : Json()},
+                 {"arguments", Json::object()},
+                 {"outputs", Json::object()},
+                 {"lines", Json::array()},
+                 {"calls", Json::array()}};
     for (const TraceCall::Part& part : call.parts) {
-        switch (part.kind) {
-            case Kind::kArgument:
-                json["arguments"][NameOf(part)] = Shown(call, part);
-                break;
-            case Kind::kOutput:
-                json["outputs"][NameOf(part)] = Shown(call, part);
-                break;
-            case Kind::kLine:
-                json["lines"].push_back(Shown(call, part));
-                break;
-            case Kind::kAnswer:
-                json["answer"] = Shown(call, part);
-                break;
-            case Kind::kCall:
-                break;
+        if (part.kind == Kind::kArgument || part.kind == Kind::kOutput) {
+            Json& values = json[part.kind == Kind::kArgument ? "arguments" : "outputs"];
+            values[NameOf(part)] = Shown(call, part);
+        } else if (part.kind == Kind::kLine) {
+            json["lines"].push_back(Shown(call, part));
+        } else if (part.kind == Kind::kAnswer) {
+            json["answer"] = Shown(call, part);
         }
     }
     for (const TraceCall& inside : call.calls) {
