@@ -43,7 +43,7 @@ TEST(Profile, Answers) {
         {"maker = A\n\nAT+CGMI", "", "script: line 3: no colon after the command"},
         {"AT+X:> A", "", "script: line 1: this line belongs below an answer"},
         {"AT+X: \\x4", "", "script: line 1: an escape is one of \\r \\n \\t \\\\ \\xNN"},
-        {"echo = yes", "", "script: line 1: no such key, or no such value of it"},
+        {"echo = yes", "", "script: line 1: no such property, or no such value of it"},
     };
     for (const auto& [profile, commands, said] : rows) {
         EXPECT_EQ(Dialogue(profile, commands), said) << profile;

@@ -146,48 +146,43 @@ TEST(Devices, OnesInUseAreLeftAlone) {
     const std::string ready = "; await ready $user; ";
     const std::string exclusive =
         R"(perl -e 'open F, "+<", shift; ioctl F, 0x540C, 0; open R, ">ready"; print R 1; close R; sleep 50' )";
-    const struct {
-        std::string holder;
-        std::string name;
-        bool detect;  // whether detect with this device refuses it too
-    } rows[] = {
-        {"socat -u $device,raw OPEN:/dev/null & user=$!" + opened, "socat", false},
-        {"flock $device sh -c 'echo 1 >ready; while kill -0 $PPID; do sleep 0.1; done' & user=$!" +
-             ready,
-         "flock", true},
-        {exclusive + "$device & user=$!" + ready, "perl", true},
-        {"sleep 50 & user=$!; lock=/var/lock/LCK..pts_${device##*/}; printf '%10d x\\n' $user "
-         ">$lock; ",
-         "sleep", true},
-        {"cp /bin/sleep ModemManager; exec 9<>$device; flock 9; ./ModemManager 50 & user=$!" +
-             opened + "exec 9>&-; ",
-         "ModemManager); keep it off this port with a udev rule as in velmor(1", true},
-    };
-    WriteFile("sample", SampleSource().text());
-    WriteFile("profile", kPhone);
     int known = 0;
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
     const bool hasRequest = ioctl(terminal, TIOCGEXCL, &known) == 0;  // no emulator has it
     close(terminal);
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.holder);
-        const bool refused = row.detect && (row.name != "perl" || hasRequest);
-        if (row.name == "socat" && !Installed("socat")) {
-            continue;
-        }
-        fs::remove("ready");
-        const auto [status, errors] = Shell(WithPhone(
-            row.holder +
-            "velmor devices --search $device; [ $? = 1 ] || exit 9; echo user $user; " +
-            (refused ? "velmor detect sample --device $device; [ $? = 2 ] || exit 8; " : "") +
-            "kill $user; [ -z $lock ] || rm $lock || exit 7; ! grep AT log"));
-        const std::string out = ReadFile("out");
-        EXPECT_EQ(status, 0) << out << errors;
-        const std::string user = *Matches(out, "user ([0-9]+)").begin();
-        const std::string words = "in use by process " + user + " (" + row.name;
-        EXPECT_NE(out.find(words), std::string::npos) << out;
-        EXPECT_EQ(errors.find(words) != std::string::npos, refused) << errors;
+    // `refused`: whether detect with this device refuses it too.
+    const auto row = [](const std::string& holder, const std::string& name, bool refused) {
+        const std::string told = "grep -F \"in use by process $user (" + name + "\" seen || exit ";
+        return PhoneRow{
+            kPhone,
+            holder + "velmor devices --search $device >seen; [ $? = 1 ] || exit 9; " + told +
+                "8; " +
+                (refused
+                     ? "velmor detect ../sample --device $device 2>seen; [ $? = 2 ] || exit 7; " +
+                           told + "6; "
+                     : "") +
+                "kill $user; [ -z $lock ] || rm $lock || exit 5; ! grep AT log",
+            0, name};
+    };
+    WriteFile("sample", SampleSource().text());
+    std::vector<PhoneRow> rows = {
+        row("flock $device sh -c 'echo 1 >ready; while kill -0 $PPID; do sleep 0.1; done' & "
+            "user=$!" +
+                ready,
+            "flock", true),
+        row(exclusive + "$device & user=$!" + ready, "perl", hasRequest),
+        row("sleep 50 & user=$!; lock=/var/lock/LCK..pts_${device##*/}; printf '%10d x\\n' $user "
+            ">$lock; ",
+            "sleep", true),
+        row("cp /bin/sleep ModemManager; exec 9<>$device; flock 9; ./ModemManager 50 & user=$!" +
+                opened + "exec 9>&-; ",
+            "ModemManager); keep it off this port with a udev rule as in velmor(1", true),
+    };
+    if (Installed("socat")) {
+        rows.push_back(
+            row("socat -u $device,raw OPEN:/dev/null & user=$!" + opened, "socat", false));
     }
+    ExpectPhoneRows(rows);
 }
 
 // A lock file that names no process counts for a minute, and stays.
