@@ -55,8 +55,8 @@ CLI::Option* AddFile(CLI::App* app, const char* name, std::string& path,
     return Add(app, name, path, "", help);
 }
 
-// Refuses options that the format of the output does not use. `forDiallers`: only diallers use
-// these.
+// Refuses options that have no effect with the chosen format: the user expects an effect.
+// `forDiallers`: the options that only diallers use.
 void RefuseIgnored(const CLI::App& app, const std::vector<std::string>& forDiallers) {
     const auto given = [&app](const std::string& name) {
         const CLI::Option* option = app.get_option_no_throw(name);

@@ -35,7 +35,7 @@ std::string FindDevice(const std::string& pattern, unsigned baud) {
     return device;
 }
 
-// The questions of the library, and those about the SIM card: the last ones.
+// The questions of the library, then the questions about the SIM card.
 std::string RecordingOf(const Detection& found, bool gone) {
     std::vector<Exchange> exchanges = found.dialogue;
     exchanges.insert(exchanges.end(), found.card.questions.begin(), found.card.questions.end());
@@ -74,7 +74,7 @@ Detection AskPhone(const DialerLink& link, const std::string& catalogueBytes,
     return found;
 }
 
-// `wanted`: the identifier of a setting; 0: the first one that is ready.
+// `wanted`: the identifier of a setting; 0: the first that is ready.
 const Velmor_DUNSetting& ChooseSetting(const Detection& found, long wanted) {
     const Detection::Setting* setting =
         wanted == 0 ? found.FirstReady() : found.FindSetting(wanted);

@@ -14,7 +14,7 @@
 namespace tool {
 namespace {
 
-// The places of the two files on Debian.
+// The paths of the two files on Debian.
 constexpr char kPeers[] = "/etc/ppp/peers/velmor";
 constexpr char kChatScript[] = "/etc/chatscripts/velmor";
 

@@ -106,7 +106,7 @@ struct DetectOptions {
     std::string record;
     double timeout = 10;
     double probe = 0.9;
-    long setting = 0;  // 0: the first one that is ready to dial
+    long setting = 0;  // 0: the first that is ready to dial
     long like = 0;     // 0: the fallback phone that the catalogue names
     Choice choice;
     std::string pinFile;
@@ -128,7 +128,7 @@ int RunPhone(const PhoneOptions& options);
 struct TraceOptions {
     std::string log;
     std::string profile;
-    unsigned detection = 0;  // 0: the last one
+    unsigned detection = 0;  // 0: the last
     bool force = false;
     bool json = false;
 };

@@ -56,7 +56,7 @@ void ShowTables(const Tables& tables, bool json) {
     Print(lines, list, json);
 }
 
-// All rows of a table, or those with the value that --where gives.
+// All rows of a table, or only the rows with the value that --where gives.
 Velmor::Rows Select(const Velmor::Table& table, const ShowOptions& options) {
     if (options.where.empty()) {
         Velmor::Rows all;

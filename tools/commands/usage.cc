@@ -8,7 +8,8 @@
 namespace tool {
 namespace {
 
-// The changes of single characters that make one word of the other.
+// How many characters to insert, remove or replace to make b of a (Levenshtein distance). It keeps
+// one row of the matrix.
 std::size_t Distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0U);

@@ -8,7 +8,7 @@
 namespace tool {
 
 // The bytes of a catalogue in memory, with a path for the library to open. The catalogue itself can
-// be a pipe, which only one reader can read, and once.
+// be a pipe, which can be read only once, and by one reader.
 class LoadedCatalogue {
   public:
     explicit LoadedCatalogue(const std::string& bytes);

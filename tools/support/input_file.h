@@ -9,8 +9,8 @@ namespace tool {
 // Returns the bytes of a file, at most the first `most`. Throws a ToolError when it cannot be read.
 std::string ReadInput(const std::string& path, std::size_t most = std::string::npos);
 
-// Splits the bytes at the line feeds as the library does: after a final line feed comes one more,
-// empty line. Carriage returns stay.
+// Splits the bytes at the line feeds as the library does: after a final line feed comes
+// another, empty line. Carriage returns stay.
 std::vector<std::string> SplitLines(const std::string& bytes);
 
 // Removes every carriage return, as the library does when it reads a line.

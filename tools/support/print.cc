@@ -80,7 +80,7 @@ std::vector<std::string> SplitColumns(const std::string& columns) {
     return names;
 }
 
-// Throws a ToolError when the column is none of the known ones.
+// Throws a ToolError when the column is not known.
 void RequireColumn(const std::string& column, const std::vector<std::string>& known) {
     if (std::find(known.begin(), known.end(), column) == known.end()) {
         std::string list;

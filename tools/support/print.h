@@ -24,7 +24,7 @@ void PrintAligned(const std::vector<TextRow>& rows);
 // Prints the JSON or the rows. On a terminal, long texts of the rows are cut to its width.
 void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson);
 
-// Prints objects with these members: as JSON, or as rows under the names of the members. Only those
+// Prints objects with these members: as JSON, or as rows under the names of the members. Only the
 // members that `columns` names, with commas between them; empty: all.
 void PrintList(const Json& list, const std::vector<std::string>& members,
                const std::string& columns, bool json);

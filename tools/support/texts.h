@@ -39,7 +39,7 @@ std::string Concat(const Parts&... parts) {
     return text.str();
 }
 
-// Conversions between the texts of the library and those of the command.
+// Conversions between texts of the library and texts of the command.
 
 inline vel::String ToLibrary(const std::string& text) {
     return vel::String::FromBytes(text.data(), static_cast<int>(text.size()));

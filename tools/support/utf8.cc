@@ -2,7 +2,7 @@
 // Decides what of a text a reader sees. Texts come from catalogues, phones and logs. Printed as
 // they are, they could send control sequences to the terminal, turn the direction of writing, or
 // hide characters, so that two names look the same. The C library knows which characters are
-// assigned and how wide they are, but not which ones have no glyph: these are listed here.
+// assigned and how wide they are, but not which characters have no glyph: a table here lists them.
 #include "support/utf8.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@ bool IsUtf8(const std::string& text);
 std::string EscapedByte(char byte);
 
 // The text as it may go to a terminal. Control characters of ASCII and bytes that are not UTF-8
-// become \xNN. Other characters that a reader does not see become \uNNNN, or two of these above
+// become \xNN. Other characters that a reader does not see become \uNNNN, or two such escapes above
 // U+FFFF, as in JSON.
 std::string Visible(const std::string& text);
 // The same in quotes. A quote and a backslash in it get a backslash.
