@@ -9,7 +9,7 @@
 // what they call, which reads and writes its fields directly.
 class Velmor {
   public:
-    // Shorter names for the host's side.
+    // Shorter names, for the command.
     using Table = vel::TablePointer;
     using Rows = vel::RowsPointer;
 

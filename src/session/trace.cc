@@ -13,11 +13,8 @@ constexpr int kIndent = 3;  // blanks for each call that has not returned yet
 
 }  // namespace
 
-void WriteTrace(const Velmor& session, const char* first, const char* second, const char* third,
-                long size, const long* number) {
-    if (!session.traceSwitch) {
-        return;
-    }
+void AppendTrace(const Velmor& session, const char* first, const char* second, const char* third,
+                 long size, const long* number) {
     Guarded([&] {
         String line;
         for (int i = 0; i < kIndent * session.traceDepth; ++i) {
