@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <cstring>
+#include <map>
 
 #include "tests/support/session.h"
 
@@ -14,9 +14,9 @@ TEST_F(PickLists, Countries) {
     for (const long index : {1L, 2L, -1L, 3L, 1L << (5 * sizeof(long))}) {
         char name[] = "xxxxxxx";
         EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, 7), index == 1 || index == 2 ? 0 : -1);
-        EXPECT_EQ(std::string(name, 7), index == 1   ? "Sudland"
-                                        : index == 2 ? "Leerlan"
-                                                     : std::string(7, '\0'));
+        const std::map<long, std::string> names = {{1, "Sudland"}, {2, "Leerlan"}};
+        EXPECT_EQ(std::string(name, 7),
+                  names.count(index) > 0 ? names.at(index) : std::string(7, '\0'));
     }
     EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, nullptr, 8), 0);
     ASSERT_EQ(Initialise(SampleSource().AddRow("Countries", "#9#Nor\0d#"s).text()), 0);

@@ -17,10 +17,12 @@ const char* canned = "";
 
 long Send(const char* command, long length) {
     const std::string_view sent(command, static_cast<std::size_t>(length));
-    canned = sent == "AT+CGMI\r"   ? "AT+CGMI\r\r\nAcme\r\n\r\nOK\r\n"
-             : sent == "AT+GMM\r"  ? "AT+GMM\r\r\nACME X100\r\n\r\nOK\r\n"
-             : sent == "AT+CIMI\r" ? "AT+CIMI\r\r\n999011234\r\n\r\nOK\r\n"
-                                   : "\r\nERROR\r\n";
+    canned = "\r\nERROR\r\n";
+    for (const char* answer :
+         {"AT+CGMI\r\r\nAcme\r\n\r\nOK\r\n", "AT+GMM\r\r\nACME X100\r\n\r\nOK\r\n",
+          "AT+CIMI\r\r\n999011234\r\n\r\nOK\r\n"}) {
+        canned = std::strncmp(answer, sent.data(), sent.size()) == 0 ? answer : canned;  // the echo
+    }
     return length;
 }
 

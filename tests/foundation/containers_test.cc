@@ -87,19 +87,15 @@ TEST(List, IndexedAccessInAnyOrder) {
         list[6];
         FAIL();
     } catch (vel::CIndexOutOfRangeException* exception) {
-        EXPECT_EQ(exception->index, 6);
-        EXPECT_EQ(exception->count, 6);
+        EXPECT_TRUE(exception->index == 6 && exception->count == 6);
         delete exception;
     }
     list.allowDuplicates = true;
     list.Add(0);
-    EXPECT_EQ(list.cursor, nullptr);  // an append forgets the node last reached
-    EXPECT_EQ(list.cursorIndex, 0U);
-    EXPECT_EQ(list[6], 0);
+    // An append forgets the node last reached.
+    EXPECT_TRUE(list.cursor == nullptr && list.cursorIndex == 0 && list[6] == 0);
     list.RemoveAll();
-    EXPECT_EQ(list.cursorIndex, ~0U);
-    EXPECT_EQ(list.count, 0U);
-    EXPECT_EQ(list.cursor, nullptr);
+    EXPECT_TRUE(list.cursor == nullptr && list.cursorIndex == ~0U && list.count == 0);
     list.AddHead(8);
     list.Add(9);
     EXPECT_TRUE(list.head->next == list.tail && list[0] == 8 && list[1] == 9);

@@ -75,44 +75,33 @@ TEST(File, WritesAndAppends) {
 }
 
 TEST(File, BytesAndPositions) {
-    WriteFile("bytes", "0123456789");
+    const std::string bytes = "0123456789" + std::string(70000, 'x') + "y\nend";
+    const auto size = static_cast<int>(bytes.size());
+    WriteFile("bytes", bytes);
     File file("bytes", vel::accessRead);
-    char buffer[16] = {};
-    EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(0, SEEK_SET));  // not open
+    std::string read(bytes.size(), '-');
+    const auto reads = [&](int each, int n) { return file.readBytes(read.data(), each, n); };
+    EXPECT_FALSE(reads(1, 1) || file.setPosition(0, SEEK_SET));  // not open
     EXPECT_EQ(file.getPosition(), -1);
-    ASSERT_TRUE(file.openFile());
-    EXPECT_EQ(file.getPosition(), 0);
-    EXPECT_TRUE(file.setPosition(4, SEEK_SET) && file.readBytes(buffer, 2, 1));
-    EXPECT_EQ(file.getPosition(), 6);
-    EXPECT_TRUE(file.setPosition(-2, SEEK_CUR));
-    EXPECT_TRUE(file.readBytes(buffer, 2, 3));
-    EXPECT_STREQ(buffer, "456789");
-    EXPECT_FALSE(file.readBytes(buffer, 4, 0) || file.readBytes(buffer, 0, 4));
-    for (int i = 0; i < 2; ++i) {
-        EXPECT_FALSE(file.readBytes(buffer, 1, 1) || file.setPosition(-1, SEEK_SET));
-    }
-    EXPECT_TRUE(file.setPosition(-2, SEEK_END));
-    EXPECT_EQ(file.getPosition(), 8);
-    String line;
-    EXPECT_TRUE(file.readLine(&line));
-    EXPECT_EQ(line, String("89"));
-    EXPECT_EQ(file.getPosition(), 10);
-    std::string large = std::string(70000, 'x') + "y";
-    WriteFile("bytes", large);
-    ASSERT_TRUE(file.openFile());
-    std::string read(large.size(), '-');
-    EXPECT_TRUE(file.readBytes(read.data(), 1, static_cast<int>(read.size())) && read == large);
-    WriteFile("bytes", "one\ntwo\n");
     for (int i = 0; i < 2; ++i) {  // the second time from the top again
         ASSERT_TRUE(file.openFile());
-        EXPECT_TRUE(file.readLine(&line));
-        EXPECT_EQ(line, String("one"));
-        for (char* byte = buffer; byte < buffer + 4; ++byte) {
-            EXPECT_TRUE(file.readBytes(byte, 1, 1));
-        }
-        EXPECT_EQ(std::string(buffer, 4), "two\n");
-        file.closeFile();
+        EXPECT_EQ(file.getPosition(), 0);
+        EXPECT_TRUE(file.setPosition(4, SEEK_SET) && reads(2, 1));
+        EXPECT_EQ(file.getPosition(), 6);
+        EXPECT_TRUE(file.setPosition(-2, SEEK_CUR) && reads(2, 3));
+        EXPECT_EQ(read.substr(0, 6), "456789");
+        EXPECT_FALSE(reads(4, 0) || reads(0, 4) || file.setPosition(-1, SEEK_SET));
+        EXPECT_TRUE(file.setPosition(0, SEEK_SET) && reads(1, size) && read == bytes);
+        EXPECT_FALSE(reads(1, 1) || reads(1, 1));
+        String line;
+        EXPECT_TRUE(file.setPosition(-5, SEEK_END) && file.readLine(&line));
+        EXPECT_EQ(line, String("y"));
+        EXPECT_EQ(file.getPosition(), size - 3);
+        EXPECT_TRUE(reads(1, 1) && reads(2, 1));
+        EXPECT_EQ(read.substr(0, 2), "nd");
     }
+    file.closeFile();
+    EXPECT_FALSE(reads(1, 1));
 }
 
 // fuzz/differential_fuzzer.cc has the cipher and the copy.

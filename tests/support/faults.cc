@@ -80,10 +80,10 @@ WRAPPED(std::size_t, fread, void* to, std::size_t size, std::size_t count, std::
 
 WRAPPED(std::size_t, fwrite, const void* from, std::size_t size, std::size_t count, std::FILE* to) {
     const auto fate = stdio::Next(true);
-    const std::size_t granted = fate == stdio::Fate::kGranted  ? count
-                                : fate == stdio::Fate::kHalved ? count / 2
-                                                               : 0;
-    return __real_fwrite(from, size, granted, to);
+    if (fate == stdio::Fate::kGranted) {
+        return __real_fwrite(from, size, count, to);
+    }
+    return __real_fwrite(from, size, fate == stdio::Fate::kHalved ? count / 2 : 0, to);
 }
 
 WRAPPED(int, fseek, std::FILE* stream, long offset, int origin) {

@@ -37,9 +37,11 @@ class Faults {
         }
         failed = true;
         const std::size_t after = count - failAt;
-        const bool shortened = mode == Fail::kShort && after == 0;
+        if (mode == Fail::kShort && after == 0) {
+            return Fate::kHalved;
+        }
         const bool refused = mode == Fail::kFromThereOn || after == (mode == Fail::kShort ? 1 : 0);
-        return shortened ? Fate::kHalved : refused ? Fate::kRefused : Fate::kGranted;
+        return refused ? Fate::kRefused : Fate::kGranted;
     }
     static inline std::ptrdiff_t live = 0;
 
