@@ -13,25 +13,20 @@ namespace {
 
 using Rows = Pointer<ICollection<IRow*>>;
 
-// A condition that no table suits.
-class OddStatus final : public IRowCondition {
-  public:
-    int Prepare(ITable*) override { return 7; }
-    bool Matches(const IRow* const&) const override { return true; }
-};
-
-// Keeps the rows that it is shown.
+// Prepares with a status, and keeps the rows that it is shown and does not match.
 class Keeper final : public IRowCondition {
   public:
-    int Prepare(ITable*) override { return 0; }
+    explicit Keeper(int prepared = 0) : status(prepared) {}
+    int Prepare(ITable*) override { return status; }
     bool Matches(const IRow* const& row) const override {
-        const bool second = Value(*row, "ID") == "2";
-        if (!second) {
+        if (Value(*row, "ID") != "2") {
             kept.emplace_back(const_cast<IRow*>(row));
+            return false;
         }
-        return second;
+        return true;
     }
 
+    const int status;
     mutable std::vector<Pointer<IRow>> kept;
 };
 
@@ -270,7 +265,7 @@ TEST_F(Model, MatchesSeveralValues) {
         EXPECT_FALSE(match->Matches(nullptr));
     }
     EXPECT_EQ(Found(*table, nullptr), "1:");
-    EXPECT_EQ(Found(*table, Pointer<IRowCondition>::Adopt(new OddStatus)), "7:");
+    EXPECT_EQ(Found(*table, Pointer<IRowCondition>::Adopt(new Keeper(7))), "7:");
     EXPECT_TRUE(ArrayCompareWithRowCondition(nullptr).Matches({}));
     Pointer<IRow> row;
     EXPECT_EQ(table->FindByIndex("Name", "red", row.Receive()), 0);

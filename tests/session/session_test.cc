@@ -1,7 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <pthread.h>
-
-#include "runtime/cancellation.h"
 #include "session/open_session.h"
 #include "session/setting.h"
 #include "tests/support/scripted_phone.h"
@@ -38,18 +35,6 @@ TEST_F(Session, LeavesNothingBesideTheCatalogueWhenToldSo) {
         EXPECT_EQ(Velmor::getVelmor()->readFunction, ScriptedPhone::Read);
         EXPECT_EQ(FileExists("catalogue.encode"), copy == EncodedCopy::kWrite);
     }
-}
-
-// A call within a call leaves the end to the outer one.
-TEST(Cancellation, IsRestoredByTheOutermostCall) {
-    int state = -1;
-    EXPECT_TRUE(Cancellation::HoldOff());
-    EXPECT_FALSE(Cancellation::HoldOff());
-    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &state);
-    EXPECT_EQ(state, PTHREAD_CANCEL_DISABLE);
-    Cancellation::Restore();
-    pthread_setcancelstate(PTHREAD_CANCEL_ENABLE, &state);
-    EXPECT_EQ(state, PTHREAD_CANCEL_ENABLE);
 }
 
 TEST_F(Session, AnotherCatalogueReplacesTheFirst) {

@@ -55,6 +55,10 @@ extern "C" {
 
 WRAPPED(std::FILE*, fopen, const char* path, const char* mode) {
     std::FILE* stream = REFUSED ? nullptr : __real_fopen(path, mode);
+    if (*mode == 'r') {
+        bytesRead = 0;
+        readFailed = stream == nullptr;
+    }
     stdio::live += stream == nullptr ? 0 : 1;
     return stream;
 }
@@ -68,13 +72,15 @@ WRAPPED(int, fclose, std::FILE* stream) {
 
 WRAPPED(std::size_t, fread, void* to, std::size_t size, std::size_t count, std::FILE* from) {
     const auto fate = stdio::Next(true);
-    if (fate == stdio::Fate::kGranted) {
-        return __real_fread(to, size, count, from);
+    const bool refused = fate == stdio::Fate::kRefused;
+    std::size_t read = refused ? 0 : __real_fread(to, size, count, from);
+    if (fate != stdio::Fate::kGranted) {
+        read /= 2;
+        readFailed = true;
+        std::clearerr(from);     // an error at the end of the file does not show the end
+        std::fputc('\0', from);  // sets the error: the stream is for reading
     }
-    const bool halved = fate == stdio::Fate::kHalved;
-    const std::size_t read = halved ? __real_fread(to, size, count, from) / 2 : 0;
-    std::clearerr(from);     // an error at the end of the file does not show the end
-    std::fputc('\0', from);  // sets the error: the stream is for reading
+    bytesRead += read * size;
     return read;
 }
 

@@ -51,5 +51,10 @@ class Faults {
     static inline bool failed = false;
 };
 
+// Of the file that was last opened for reading: its bytes that were read, and whether a request for
+// it has failed.
+inline std::size_t bytesRead = 0;
+inline bool readFailed = false;
+
 using allocation = Faults<struct Allocation>;
 using stdio = Faults<struct Stdio>;
