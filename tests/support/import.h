@@ -8,6 +8,7 @@
 #include <string>
 
 #include "commands/command_line.h"
+#include "support/error.h"
 
 const std::string kTestPhones = VELMOR_TESTS_DIR "/tools/phones.source";
 
@@ -22,4 +23,14 @@ inline std::string Import(const std::string& words, const std::string& phones = 
         throw;
     }
     return testing::internal::GetCapturedStdout();
+}
+
+// The message of an import that fails.
+inline std::string Fault(const std::string& words, const std::string& phones = kTestPhones) {
+    try {
+        Import(words, phones);
+        return "no fault";
+    } catch (const tool::ToolError& error) {
+        return error.what();
+    }
 }
