@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <iostream>
 #include <optional>
-#include <set>
 
 #include "catalogue/source_writer.h"
 #include "commands/options.h"
 #include "import/android.h"
 #include "import/country_names.h"
 #include "import/identifiers.h"
-#include "import/print.h"
+#include "import/report.h"
 #include "import/source.h"
 #include "session/schema.h"
 #include "support/error.h"
@@ -18,9 +17,6 @@
 #include "support/utf8.h"
 
 namespace tool {
-
-namespace schema = vel::schema;
-
 namespace {
 
 // A country gets its name from the list, else its name in the data, else its code. Not all names in
@@ -46,24 +42,6 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     }
 }
 
-vel::Recipe ReadNetworkRecipe(const InputCatalogue& source) {
-    const CatalogueTable& table = source.Get(schema::kNetworkRecipe);
-    source.Column(table, schema::kVariable);
-    source.Column(table, schema::kValue);
-    return ReadRecipe(&table);
-}
-
-void CountCountriesWithoutAccess(const Providers& providers, const Networks& networks,
-                                 ImportReport& report) {
-    std::set<std::string> served;
-    for (const Network& network : networks.networks) {
-        for (const Offer& offer : network.offers) {
-            served.insert(offer.point->country);
-        }
-    }
-    report[ReportLine::kCountriesWithoutAccess] += providers.countries.size() - served.size();
-}
-
 }  // namespace
 
 int RunImport(const ImportOptions& options) {
@@ -76,13 +54,10 @@ int RunImport(const ImportOptions& options) {
     OutputFile output(options.output, options.force);  // before the work: it may refuse
     ImportReport report;
     const InputCatalogue phones(options.phones);
-    const vel::Recipe recipe = ReadNetworkRecipe(phones);
+    const vel::Recipe recipe = ReadRecipe(&phones.GetVariables(vel::schema::kNetworkRecipe));
     Providers providers;
     if (!options.providers.empty()) {
         providers = ReadProviders(options.providers, report);
-    }
-    if (!options.previous.empty()) {
-        report.parts.insert(ReportPart::kPrevious);
     }
     if (!options.android.empty()) {
         report.parts.insert(ReportPart::kAndroid);
@@ -90,11 +65,11 @@ int RunImport(const ImportOptions& options) {
     }
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);
-    CountCountriesWithoutAccess(providers, networks, report);
     Catalogue catalogue = MakeCatalogue(phones, providers, networks, report);
     std::optional<InputCatalogue> previous;
     if (!options.previous.empty()) {
         previous.emplace(options.previous);
+        report.parts.insert(ReportPart::kPrevious);
     }
     GiveIdentifiers(previous ? &*previous : nullptr, options.phones, catalogue, report);
     output.Write(WriteSource(options.output, catalogue));

@@ -5,7 +5,6 @@
 #include <map>
 
 #include "detection/questions.h"
-#include "import/android_rows.h"
 #include "support/texts.h"
 
 namespace tool {

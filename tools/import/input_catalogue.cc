@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/input_catalogue.h"
 
+#include "session/schema.h"
 #include "support/error.h"
 #include "support/input_file.h"
 
@@ -22,6 +23,13 @@ const CatalogueTable& InputCatalogue::Get(const std::string& table) const {
         throw ToolError(path_, ": has no table ", table);
     }
     return *found;
+}
+
+const CatalogueTable& InputCatalogue::GetVariables(const std::string& table) const {
+    for (const char* column : {vel::schema::kVariable, vel::schema::kValue}) {
+        Column(Get(table), column);
+    }
+    return Get(table);
 }
 
 int InputCatalogue::Column(const CatalogueTable& table, const std::string& column) const {

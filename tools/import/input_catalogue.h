@@ -18,6 +18,8 @@ class InputCatalogue {
     const Catalogue& Tables() const { return catalogue_; }
     // Throws a ToolError when there is no such table.
     const CatalogueTable& Get(const std::string& table) const;
+    // The same for a table of variables with their values.
+    const CatalogueTable& GetVariables(const std::string& table) const;
     // The index for CatalogueRow::Cell. Throws a ToolError when there is no such column.
     int Column(const CatalogueTable& table, const std::string& column) const;
 

@@ -19,23 +19,13 @@
 namespace tool {
 namespace {
 
-// An operator that holds a key.
-struct Holder {
-    std::size_t index;                 // of the operator
-    std::vector<std::string> numbers;  // the numbers with the key, at least one
+// The operators that hold a key, by their index: the numbers with the key, at least one.
+using Holders = std::map<std::size_t, std::vector<std::string>>;
 
-    // Whether a number has no more digits than the key.
-    bool HasKeyAsNumber() const {
-        return std::any_of(numbers.begin(), numbers.end(), [](const std::string& number) {
-            return number.size() == vel::kImsiDigits;
-        });
-    }
-};
-
-// Orders pointers by what they point to.
-struct ByValue {
-    bool operator()(const AccessPoint* a, const AccessPoint* b) const { return *a < *b; }
-};
+// Whether a number has no more digits than a key.
+bool IsKeyLong(const std::string& number) {
+    return number.size() == vel::kImsiDigits;
+}
 
 // Collects the networks and keys.
 class NetworkPlan {
@@ -52,12 +42,12 @@ class NetworkPlan {
             // Resellers with a longer number come last: most subscribers are not theirs.
             std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks;
             bool onlyResellers = true;
-            for (const Holder& holder : holders) {
-                const Operator& owner = operators_[holder.index];
+            for (const auto& [index, numbers] : holders) {
+                const Operator& owner = operators_[index];
                 if (owner.Imported()) {
-                    const bool same = holder.HasKeyAsNumber();
+                    const bool same = std::any_of(numbers.begin(), numbers.end(), IsKeyLong);
                     const bool resold = owner.reseller && !same;
-                    ranks.emplace_back(!owner.primary, !same, resold, holder.index);
+                    ranks.emplace_back(!owner.primary, !same, resold, index);
                     onlyResellers = onlyResellers && resold;
                 }
             }
@@ -127,17 +117,15 @@ class NetworkPlan {
 
     // All operators with a number, in the order of the data. Those that are left out show which
     // keys have no access point.
-    std::map<std::string, std::vector<Holder>> HoldersOfKeys() {
-        std::map<std::string, std::vector<Holder>> keys;
+    std::map<std::string, Holders> HoldersOfKeys() {
+        std::map<std::string, Holders> keys;
         std::set<std::string> numbers;
         for (std::size_t i = 0; i < operators_.size(); ++i) {
             for (const std::string& number : operators_[i].numbers) {
                 numbers.insert(number);
-                auto& holders = keys[KeyOf(number)];
-                if (holders.empty() || holders.back().index != i) {
-                    holders.push_back({i, {}});
-                }
-                holders.back().numbers.push_back(number);
+                // Detection has no more digits of a subscriber's number.
+                const std::string digits = number.substr(0, vel::kImsiDigits);
+                keys[MakeKey(recipe_, digits)][i].push_back(number);
             }
         }
         keys.erase("");  // the recipe may remove digits
@@ -173,10 +161,6 @@ class NetworkPlan {
         return meanings;
     }
 
-    std::string KeyOf(const std::string& number) const {
-        return MakeKey(recipe_, number.substr(0, vel::kImsiDigits));
-    }
-
     std::size_t NetworkOf(const std::vector<std::size_t>& owners) {
         const auto [entry, isNew] = known_.emplace(owners, result_.networks.size());
         if (isNew) {
@@ -189,12 +173,12 @@ class NetworkPlan {
     }
 
     // Notes the whole numbers of a key's holders.
-    void AddNumbers(const std::vector<Holder>& holders, std::size_t network) {
-        for (const Holder& holder : holders) {
-            if (operators_[holder.index].Imported()) {
-                networksOf_[holder.index].insert(network);
-                for (const std::string& number : holder.numbers) {
-                    numbers_[network][holder.index].insert(number);
+    void AddNumbers(const Holders& holders, std::size_t network) {
+        for (const auto& [index, numbers] : holders) {
+            if (operators_[index].Imported()) {
+                networksOf_[index].insert(network);
+                for (const std::string& number : numbers) {
+                    numbers_[network][index].insert(number);
                     networkOfNumber_.emplace(number, network);
                 }
             }
@@ -204,12 +188,12 @@ class NetworkPlan {
     void AddOffers() {
         for (std::size_t i = 0; i < result_.networks.size(); ++i) {
             Network& network = result_.networks[i];
-            std::map<const AccessPoint*, std::size_t, ByValue> known;  // to its index
+            std::map<AccessPoint, std::size_t> known;  // to its index
             for (const std::size_t owner : *owners_[i]) {
                 network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
                 const std::set<std::string>& numbers = numbers_[i][owner];
                 for (const AccessPoint& point : operators_[owner].accessPoints) {
-                    const auto [entry, isNew] = known.emplace(&point, network.offers.size());
+                    const auto [entry, isNew] = known.emplace(point, network.offers.size());
                     ++report_[isNew ? ReportLine::kSettings : ReportLine::kSettingsRepeated];
                     if (isNew) {
                         network.offers.push_back({&point, {}});

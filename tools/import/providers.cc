@@ -14,7 +14,7 @@ namespace {
 // Reads the XML elements and counts the decisions.
 class ProvidersReader {
   public:
-    explicit ProvidersReader(ImportReport& report) : report_(report), values_(report) {}
+    explicit ProvidersReader(ImportReport& report) : report_(report) {}
 
     void ReadCountry(const pugi::xml_node& node) {
         const std::string code = InSmallLetters(Clean(node.attribute("code").value()));
@@ -122,7 +122,7 @@ class ProvidersReader {
         point.apn = Clean(apn.attribute("value").value());
         point.user = Clean(apn.child_value("username"));
         point.password = Clean(apn.child_value("password"));
-        point.gateway = values_.Address(Clean(apn.child_value("gateway")));
+        point.gateway = AddressValue(Clean(apn.child_value("gateway")), report_);
         report_[ReportLine::kAuthentications] += Count(apn, "authentication");
         std::vector<std::string> servers;
         for (const pugi::xml_node& server : apn.children("dns")) {
@@ -137,7 +137,7 @@ class ProvidersReader {
                 point.contract += (point.contract.empty() ? "" : "+") + std::string(plan);
             }
         }
-        values_.CheckLengths(point, operatorName);
+        CheckLengths(point, operatorName, report_);
         return point;
     }
 
@@ -151,10 +151,9 @@ class ProvidersReader {
         return Clean(node.child_value("name"));
     }
 
-    std::string Clean(const char* value) { return values_.Clean(value); }
+    std::string Clean(const char* value) { return CleanValue(value, report_); }
 
     ImportReport& report_;
-    ValueReader values_;
     Providers providers_;
     std::map<std::string, std::size_t> countries_;  // code to index
 };

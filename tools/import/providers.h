@@ -33,7 +33,6 @@ struct AccessPoint {
     auto Values() const {
         return std::tie(country, displayName, apn, user, password, gateway, dns1, dns2, contract);
     }
-    bool operator==(const AccessPoint& other) const { return Values() == other.Values(); }
     bool operator<(const AccessPoint& other) const { return Values() < other.Values(); }
 };
 

@@ -46,4 +46,7 @@ class ImportReport {
     std::array<std::size_t, static_cast<std::size_t>(ReportLine::kCount)> counts_{};
 };
 
+// Prints on standard output.
+void PrintReport(const ImportReport& report);
+
 }  // namespace tool

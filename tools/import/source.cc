@@ -37,14 +37,7 @@ class CatalogueMaker {
         result_.version = phones.Tables().version.empty() ? "1" : phones.Tables().version;
     }
 
-    void Copy(const char* table) { result_.tables.push_back(phones_.Get(table)); }
-
-    void AddVariables() {
-        const CatalogueTable& table = phones_.Get(schema::kGeneralVariables);
-        phones_.Column(table, schema::kVariable);
-        phones_.Column(table, schema::kValue);
-        Copy(schema::kGeneralVariables);
-    }
+    void Add(const CatalogueTable& table) { result_.tables.push_back(table); }
 
     void AddCountries(const std::vector<Country>& countries) {
         Begin(schema::kCountries, {schema::kID, schema::kName});
@@ -93,10 +86,12 @@ class CatalogueMaker {
         columns.emplace_back(kNumbers);
         Begin(schema::kBasicDUNSettings, columns);
         std::size_t count = 0;
+        std::set<std::string> served;  // countries
         for (std::size_t i = 0; i < networks.size(); ++i) {
             for (const Offer& offer : networks[i].offers) {
                 const AccessPoint* const point = offer.point;
                 const bool isFirst = &offer == &networks[i].offers.front();
+                served.insert(point->country);
                 const bool needsUser = !point->user.empty() || !point->password.empty();
                 Add(InColumns(columns, {{schema::kID, IdOf(count++)},
                                         {schema::kNetworkID, IdOf(i)},
@@ -115,6 +110,8 @@ class CatalogueMaker {
                                         {kNumbers, JoinWithBlanks(offer.numbers)}}));
             }
         }
+        report_[ReportLine::kCountriesWithoutAccess] +=
+            result_.Table(schema::kCountries).rows.size() - served.size();
     }
 
     Catalogue Take() { return std::move(result_); }
@@ -165,15 +162,15 @@ class CatalogueMaker {
 Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers,
                         const Networks& networks, ImportReport& report) {
     CatalogueMaker maker(phones, report);
-    maker.AddVariables();
+    maker.Add(phones.GetVariables(schema::kGeneralVariables));
     for (const char* table :
          {schema::kManufacturerRecipe, schema::kPhoneRecipe, schema::kNetworkRecipe}) {
-        maker.Copy(table);
+        maker.Add(phones.Get(table));
     }
     maker.AddCountries(providers.countries);
     for (const char* table : {schema::kManufacturers, schema::kManufacturerIdentification,
                               schema::kPhones, schema::kPhoneIdentification}) {
-        maker.Copy(table);
+        maker.Add(phones.Get(table));
     }
     maker.AddNetworks(networks.networks);
     maker.AddKeys(networks.keys);

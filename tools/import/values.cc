@@ -15,31 +15,31 @@ constexpr char kWhiteSpace[] = " \t\r\n";
 
 }  // namespace
 
-std::string ValueReader::Clean(const char* value) {
+std::string CleanValue(const char* value, ImportReport& report) {
     std::string text(value);
     const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
     const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
     if (end - begin < text.size()) {
-        ++report_[ReportLine::kTrimmed];
+        ++report[ReportLine::kTrimmed];
         text = text.substr(begin, end - begin);
     }
     if (std::any_of(text.begin(), text.end(), IsControl)) {
-        ++report_[ReportLine::kControlCharacters];
+        ++report[ReportLine::kControlCharacters];
         std::replace_if(text.begin(), text.end(), IsControl, ' ');
     }
     return text;
 }
 
-std::string ValueReader::Address(const std::string& value) {
+std::string AddressValue(const std::string& value, ImportReport& report) {
     in_addr address;
     if (value.empty() || inet_pton(AF_INET, value.c_str(), &address) == 1) {
         return value;
     }
-    ++report_[ReportLine::kGatewaysNoAddress];
+    ++report[ReportLine::kGatewaysNoAddress];
     return "";
 }
 
-void ValueReader::CheckLengths(const AccessPoint& point, const std::string& operatorName) {
+void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report) {
     const std::pair<const char*, const std::string&> texts[] = {{"display name", point.displayName},
                                                                 {"access point name", point.apn},
                                                                 {"user", point.user},
@@ -48,8 +48,8 @@ void ValueReader::CheckLengths(const AccessPoint& point, const std::string& oper
                                                                 {"name server", point.dns2}};
     for (const auto& [what, text] : texts) {
         if (text.size() >= VELMOR_TEXT_SIZE) {
-            ++report_[ReportLine::kTooLong];
-            report_.remarks.push_back(
+            ++report[ReportLine::kTooLong];
+            report.remarks.push_back(
                 Concat(operatorName, ": ", what, " of ", text.size(), " bytes"));
         }
     }

@@ -7,21 +7,14 @@
 
 namespace tool {
 
-// Makes values of a catalogue from values of the operators' data, and counts what it changes.
-class ValueReader {
-  public:
-    explicit ValueReader(ImportReport& report) : report_(report) {}
+// These make values of a catalogue from values of the operators' data, and count what they change.
 
-    // The value without outer blanks; control characters become blanks.
-    std::string Clean(const char* value);
-    // The value when it is an IPv4 address, else nothing: hosts give pppd the address, and pppd
-    // takes no other.
-    std::string Address(const std::string& value);
-    // Names values that a host sees cut.
-    void CheckLengths(const AccessPoint& point, const std::string& operatorName);
-
-  private:
-    ImportReport& report_;
-};
+// The value without outer blanks; control characters become blanks.
+std::string CleanValue(const char* value, ImportReport& report);
+// The value when it is an IPv4 address, else nothing: hosts give pppd the address, and pppd takes
+// no other.
+std::string AddressValue(const std::string& value, ImportReport& report);
+// Names values that a host sees cut.
+void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report);
 
 }  // namespace tool

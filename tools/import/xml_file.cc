@@ -52,10 +52,6 @@ void XmlFile::RequireUtf8() const {
 
 std::size_t XmlFile::Line(const pugi::xml_node& node) {
     const auto offset = static_cast<std::size_t>(node.offset_debug());
-    if (offset < offset_) {
-        offset_ = 0;
-        line_ = 1;
-    }
     line_ += LineFeeds(bytes_, offset_, offset);
     offset_ = offset;
     return line_;

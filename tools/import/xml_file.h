@@ -12,11 +12,10 @@ class XmlFile {
   public:
     XmlFile(std::string path, const char* root, const char* what);
 
-    const std::string& Path() const { return path_; }
     pugi::xml_node Root() const { return root_; }
     // Throws a ToolError unless the file is in UTF-8. Only then Line is right.
     void RequireUtf8() const;
-    // The line of a node. Fast when the nodes come in their order.
+    // The line of a node. The nodes must come in their order.
     std::size_t Line(const pugi::xml_node& node);
 
   private:

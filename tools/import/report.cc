@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "import/print.h"
+#include "import/report.h"
 
 #include <iomanip>
 #include <iostream>
