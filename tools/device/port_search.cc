@@ -25,46 +25,39 @@ constexpr int kWait = 300;
 
 constexpr char kQuestion[] = "AT";
 
-// Whether the bytes have a line with a final result code, or with the number of OK (ITU-T V.250:
-// ATV0). `more` becomes true when there is any line except the echo. A satellite receiver, for
-// example, sends lines all the time.
-bool HasResult(const std::string& bytes, bool& more) {
-    std::string line;
-    for (const char c : bytes) {
-        if (c != '\r' && c != '\n') {
-            line += c;
-            continue;
-        }
-        if (line == "0" ||
-            vel::ResultForHost(line.data(), line.size()) != vel::FinalResult::kNone) {
-            return true;
-        }
-        more = more || (!line.empty() && line != kQuestion);
-        line.clear();
-    }
-    return false;
-}
-
+// Sends AT until a line is a final result code. Other lines are no answer: a satellite receiver,
+// for example, sends lines all the time. The number of OK (ITU-T V.250: ATV0) must be the only
+// line, because it can be the rest of a longer one.
 PortState AskAt(SerialLine& line) {
     const Clock::time_point start = Clock::now();
-    bool more = false;
+    bool sendsLines = false;
     for (int question = 1; question <= kQuestions; ++question) {
         const Clock::time_point end = start + std::chrono::milliseconds(question * kWait);
         line.Write(std::string(kQuestion) + "\r", kWait);
-        std::string answer;
+        std::string text, lines;
         while (Clock::now() < end && !line.IsGone() && Interruption::Signal() == 0) {
             const auto left =
                 std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
             char byte = 0;
-            if (line.Read(byte, static_cast<int>(left.count()))) {
-                answer += byte;
+            if (!line.Read(byte, static_cast<int>(left.count()))) {
+                continue;
             }
-            if ((byte == '\r' || byte == '\n') && HasResult(answer, more)) {
+            if (byte != '\r' && byte != '\n') {
+                text += byte;
+                continue;
+            }
+            if (vel::ResultForHost(text.data(), text.size()) != vel::FinalResult::kNone) {
                 return PortState::kAnswers;
             }
+            lines += text == kQuestion ? "" : text;
+            text.clear();
         }
+        if (lines == "0") {
+            return PortState::kAnswers;
+        }
+        sendsLines = sendsLines || !lines.empty();
     }
-    return more ? PortState::kOther : PortState::kSilent;
+    return sendsLines ? PortState::kOther : PortState::kSilent;
 }
 
 std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& search) {

@@ -102,7 +102,7 @@ Identification Identify(const std::vector<Exchange>& dialogue) {
     Identification found;
     const auto ask = [&](vel::Subject subject, const vel::Attempt& attempt) {
         const vel::ATAnswer answer = AnswerTo(attempt, dialogue);
-        const vel::String line = answer.Line(attempt.command, attempt.line);
+        vel::String line = answer.Line(attempt.command, attempt.line);
         if (answer.get_Result() == vel::FinalResult::kOk) {
             if (subject == vel::Subject::kManufacturer) {
                 TakeResponse(found.manufacturer, FromLibrary(line), attempt,

@@ -56,11 +56,11 @@ class Parser {
                 bytes += text[i];
                 continue;
             }
-            const std::string names = "rnt\\", meanings = "\r\n\t\\";
-            const std::size_t simple = ++i < text.size() ? names.find(text[i]) : names.npos;
+            const std::size_t simple =
+                ++i < text.size() ? kEscapeNames.find(text[i]) : std::string::npos;
             unsigned code = 0;
-            if (simple != names.npos) {
-                bytes += meanings[simple];
+            if (simple != std::string::npos) {
+                bytes += kEscapedBytes[simple];
             } else if (i + 2 < text.size() && text[i] == 'x' &&
                        std::from_chars(&text[i + 1], &text[i + 1] + 2, code, 16).ptr ==
                            &text[i + 1] + 2) {

@@ -5,9 +5,14 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tool {
+
+// In texts a backslash and the name stand for the byte.
+constexpr std::string_view kEscapeNames = "rnt\\";
+constexpr std::string_view kEscapedBytes = "\r\n\t\\";
 
 // The answers of a phone; docs/profiles.md describes the file. Answers are the exact bytes that the
 // phone sends, with framing and line ends.

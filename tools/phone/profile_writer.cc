@@ -79,8 +79,8 @@ std::string Escaped(const std::string& bytes) {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const char c = bytes[i];
         const bool outerBlank = c == ' ' && (i == 0 || i + 1 == bytes.size());
-        if (c == '\r' || c == '\n' || c == '\t' || c == '\\') {
-            text += c == '\r' ? "\\r" : c == '\n' ? "\\n" : c == '\t' ? "\\t" : "\\\\";
+        if (const std::size_t simple = kEscapedBytes.find(c); simple != kEscapedBytes.npos) {
+            text += {'\\', kEscapeNames[simple]};
         } else if (' ' <= c && c <= '~' && !outerBlank) {
             text += c;
         } else {
