@@ -53,9 +53,7 @@ TEST(Profile, Answers) {
 // Plays every profile with a catalogue that knows all phones. The profile of a device that stays
 // unknown gives the reason.
 TEST(Profiles, AreDetectedAsTheySay) {
-    WriteFile("catalogue", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
-                               ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                               ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
+    WriteFile("catalogue", AllPhones());
     ASSERT_EQ(Velmor_Initialise("catalogue", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     char name[80];
     char maker[80];

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "device/exchange.h"
 #include "phone/simulated_phone.h"
 #include "tests/support/session.h"
 
@@ -11,11 +12,20 @@ struct ScriptedPhone {
     static inline long reads = 0;                 // calls of Read, also those that failed
     static inline long timeout = 0;               // what the last one got
     static inline std::vector<std::string> sent;  // what each call of Send got
+    static inline std::vector<tool::Exchange> dialogue;
 
     static void Play(const tool::Profile& profile) {
         phone.emplace(profile);
         reads = timeout = 0;
         sent.clear();
+        dialogue.clear();
+    }
+    // As a host does before a detection.
+    static void SwitchEchoOn() {
+        phone->Receive("ATE1\r");
+        while (phone->Pending()) {
+            phone->Next();
+        }
     }
     // The text of a profile, for instance "echo = off\nAT+CGMI: Acme\n".
     static void Play(const std::string& text) { Play(tool::ParseProfile(text, "script")); }
@@ -25,10 +35,14 @@ struct ScriptedPhone {
         timeout = readTimeout;
         const std::optional<char> next = count == 1 ? phone->Next() : std::nullopt;
         *buffer = next.value_or('\0');
+        if (next && !dialogue.empty()) {
+            dialogue.back().answer += *next;
+        }
         return next ? 1 : 0;
     }
     static long Send(const char* buffer, long length) {
         sent.emplace_back(buffer, static_cast<std::size_t>(length));
+        dialogue.push_back({sent.back(), ""});
         return static_cast<long>(phone->Receive(sent.back()));
     }
 };

@@ -42,6 +42,12 @@ class SampleSource {
     std::string text_ = ReadFile(VELMOR_DATA_DIR "/sample.source");
 };
 
+// The source of a catalogue with all phones and networks of data/profiles.
+inline std::string AllPhones() {
+    return "#$_DATABASE_BEGIN_$#Phones#1#\n" + ReadFile(VELMOR_DATA_DIR "/phones.source") +
+           ReadFile(VELMOR_TESTS_DIR "/detection/networks.source");
+}
+
 // Leaves the library as in a new process after a test, and no log.
 class SessionTest : public testing::Test {
   protected:

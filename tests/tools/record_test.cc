@@ -42,9 +42,7 @@ TEST(Record, PlaysTheSameDetection) {
         {"locked", "AT+CPIN?: +CPIN: SIM PIN"},
         {"out-of-reach", "AT+CPIN?: +CPIN: READY\nAT+COPS?: +COPS: 0\nAT+COPS?: +CME ERROR: 30"},
     };
-    WriteFile("phones", "#$_DATABASE_BEGIN_$#Phones#1#\n" +
-                            ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                            ReadFile(VELMOR_TESTS_DIR "/detection/networks.source"));
+    WriteFile("phones", AllPhones());
     fs::create_directory("p");
     for (const char* real : {"huawei-e398", "nokia-e50", "simcom-a7670e"}) {
         fs::copy(VELMOR_DATA_DIR "/profiles/" + std::string(real) + ".profile", "p");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // velmor trace, and the profiles made of dialogues.
-#include <unistd.h>
-
+#include <array>
 #include <random>
 
 #include "phone/profile_writer.h"
@@ -21,13 +20,8 @@ namespace fs = std::filesystem;
 class TraceCommand : public PhoneTest {
   protected:
     static std::string Detect(const std::string& profile) {
-        const std::string catalogue = "#$_DATABASE_BEGIN_$#Phones#1#\n" +
-                                      ReadFile(VELMOR_DATA_DIR "/phones.source") +
-                                      ReadFile(VELMOR_TESTS_DIR "/detection/networks.source");
-        const std::string off = "#TRACE#N#";
-        EXPECT_EQ(Initialise(Replaced(catalogue, off, "#TRACE#Y#"), ScriptedPhone::Read,
-                             ScriptedPhone::Send),
-                  0);
+        const std::string catalogue = Replaced(AllPhones(), "#TRACE#N#", "#TRACE#Y#");
+        EXPECT_EQ(Initialise(catalogue, ScriptedPhone::Read, ScriptedPhone::Send), 0);
         fs::remove(vel::kTraceLogPath);
         ScriptedPhone::Play(profile);
         char maker[200];
@@ -79,7 +73,6 @@ TEST(TraceLog, IsReadAsFarAsItGoes) {
         {std::string(1000, '\0') + "\xFF\x01", "log", 2, "log: is no trace log"},
         {"Enter: Velmor_X\n", "log", 2, "log: its line ends were changed"},
         {success, "missing", 2, "missing: cannot be read: No such file"},
-        {success, ".", 2, ".: cannot be read: Is a directory"},
         {success, "log", 0, "\n      > AT+CIMI\n"},
         {success, "log", 0, "   ATCommand(cmd: AT+CIMI\\r, lineI: -1, responseO: ) = 0\n"},
         {success, "log --json", 0, "\"answer\": \"\\r\\n999011000000000\\r\\n\\r\\nOK\\r\\n\""},
@@ -115,10 +108,6 @@ TEST(TraceLog, IsReadAsFarAsItGoes) {
     EXPECT_EQ(status, 1);
     EXPECT_NE(errors.find("big: only the first 16 MB were read"), std::string::npos) << errors;
     EXPECT_TRUE(FileExists("new"));
-    if (geteuid() != 0) {  // root may read every file
-        fs::permissions("log", fs::perms::none);
-        EXPECT_NE(Shell("velmor trace log").second.find("Permission denied"), std::string::npos);
-    }
 }
 
 // What is cut or changed anywhere is read without harm.
@@ -127,17 +116,11 @@ TEST(TraceLog, MayBeDamagedAnywhere) {
     for (const char* name : {"detection/success.log", "detection/failure.log", "tools/named.log"}) {
         const std::string log = ReadFile(VELMOR_TESTS_DIR "/" + std::string(name));
         for (std::size_t i = 0; i < log.size(); i += 5) {
+            // Another byte, missing bytes, or a missing end.
+            const std::size_t lost =
+                std::array<std::size_t, 3>{1, random() % 100, log.size()}[i % 3];
             std::string damaged = log;
-            switch (random() % 3) {
-                case 0:
-                    damaged[i] = static_cast<char>(random());
-                    break;
-                case 1:
-                    damaged.erase(i, random() % 100);
-                    break;
-                default:
-                    damaged.resize(i);
-            }
+            damaged.replace(i, lost, lost == 1 ? 1 : 0, static_cast<char>(random()));
             try {
                 const TraceLog read = ReadTraceLog(damaged, "");
                 for (const TraceCall& call : read.calls) {
@@ -192,9 +175,7 @@ TEST(ProfileWriter, KeepsEveryByte) {
         }
         const std::string profile = WriteProfile(exchanges, "");
         ScriptedPhone::Play(profile);
-        ScriptedPhone::phone->Receive("ATE1\r");
-        for (char byte = 0; ScriptedPhone::Read(&byte, 1, 0) == 1;) {
-        }
+        ScriptedPhone::SwitchEchoOn();
         for (const Exchange& exchange : exchanges) {
             ScriptedPhone::phone->Receive(exchange.command);
             std::string said;
