@@ -47,7 +47,7 @@ static int open_device(const char* path) {
     return tcsetattr(device, TCSANOW, &line);
 }
 
-/* The phone like which a phone that is not known is dialled; -1 when the catalogue has none. */
+/* The ID of the fallback phone: an unknown phone is dialled with its rows. -1 without one. */
 static long generic_phone(void) {
     char name[64];
     long i, id;
