@@ -43,11 +43,6 @@ std::string Show(const Findings& findings) {
     }
     return text;
 }
-std::string ShowStored(const std::string& source) {
-    WriteFile("catalogue", source);
-    vel::ArrayCrypter().CryptFile("catalogue", "");
-    return Show(CheckCatalogue(ReadFile("catalogue.encode")).findings);
-}
 
 const std::string kBegin = "#$_DATABASE_BEGIN_$#Sample#7#";
 const std::string kEnd = "#$_DATABASE_END_$#\n";
@@ -155,7 +150,9 @@ TEST(Check, EveryFindingAlone) {
             ExpectSeenByLibrary(text);
         }
         if (alike != kNowhere) {
-            EXPECT_EQ(ShowStored(text), expected);
+            WriteFile("catalogue", text);
+            vel::ArrayCrypter().CryptFile("catalogue", "");
+            EXPECT_EQ(Show(CheckCatalogue(ReadFile("catalogue.encode")).findings), expected);
         }
     }
     const std::string page = ReadFile(VELMOR_SOURCE_DIR "/docs/velmor.1");
@@ -192,10 +189,8 @@ TEST(Check, AllowsWarningsOnly) {
 // Two parts of a catalogue give a whole one; the second has only the columns that a test needs.
 TEST(Check, FindsNothingInTheDataOfTheTree) {
     const std::string allowed = "E#ALLOWED-WARNINGS#";
-    std::string phones = kBegin;
-    phones += "\n" + ReadFile(VELMOR_DATA_DIR "/phones.source");
-    phones += ReadFile(VELMOR_TESTS_DIR "/detection/networks.source") + kEnd;
-    phones = Replaced(phones, allowed, allowed + "BasicDUNSettings:missing-column ");
+    const std::string phones =
+        Replaced(AllPhones() + kEnd, allowed, allowed + "BasicDUNSettings:missing-column ");
     for (const std::string& source :
          {phones, SampleSource().text(), ReadFile(VELMOR_DATA_DIR "/operators.source")}) {
         EXPECT_EQ(Show(CheckCatalogue(source).findings), "");

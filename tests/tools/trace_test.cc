@@ -77,7 +77,6 @@ TEST(TraceLog, IsReadAsFarAsItGoes) {
         {success, "log", 0, "   ATCommand(cmd: AT+CIMI\\r, lineI: -1, responseO: ) = 0\n"},
         {success, "log --json", 0, "\"answer\": \"\\r\\n999011000000000\\r\\n\\r\\nOK\\r\\n\""},
         {success, "log --profile kept", 2, "kept: exists; --force replaces it"},
-        {success, "log --profile no/new", 2, "no/new: cannot be created"},
         {success, "log --profile new --detection 2", 2, "log: holds 1 detection(s), and none"},
         {success, "log --detection 1", 2, "--profile"},
         {"text" + success.substr(0, 2000), "log --profile cut", 1,
@@ -103,10 +102,8 @@ TEST(TraceLog, IsReadAsFarAsItGoes) {
     EXPECT_EQ(ReadFile("kept"), "as it was");
     EXPECT_NE(ReadFile("cut").find("AT+CGMM: Acme X-100\n"), std::string::npos);
     WriteFile("log", success);
-    const auto [status, errors] =
-        Shell("(cat log; head -c 16000000 /dev/zero) >big; velmor trace big --profile new");
-    EXPECT_EQ(status, 1);
-    EXPECT_NE(errors.find("big: only the first 16 MB were read"), std::string::npos) << errors;
+    ExpectRow({"(cat log; head -c 16000000 /dev/zero) >big; velmor trace big --profile new", 1,
+               "big: only the first 16 MB were read"});
     EXPECT_TRUE(FileExists("new"));
 }
 
@@ -138,7 +135,6 @@ TEST(ProfileWriter, HidesNumbers) {
     const std::tuple<const char*, const char*, const char*> rows[] = {
         {"AT+CIMI\r", "AT+CIMI\r\r\n999021234567890\r\n", "AT+CIMI\r\r\n999021000000000\r\n"},
         {"at+cimi\r", "+CIMI: 9 99-021 23", "+CIMI: 9 99-021 00"},
-        {"ATI0\r", "1234567890", "0000000000"},
         {"ATI0\r", "V 123456789, 2008/09/17 14:00:22", "V 123456789, 2008/09/17 14:00:22"},
         {"ATI0\r", "ESN: 0x8096BAF2\r\nMEID:A1000012345678",
          "ESN: 0x00000000\r\nMEID:00000000000000"},
@@ -182,7 +178,11 @@ TEST(ProfileWriter, KeepsEveryByte) {
             for (char byte = 0; ScriptedPhone::Read(&byte, 1, 0) == 1;) {
                 said += byte;
             }
-            ASSERT_EQ(said, exchange.answer) << profile;
+            return said;
+        };
+        answer("ATE1\r");
+        for (const Exchange& exchange : exchanges) {
+            ASSERT_EQ(answer(exchange.command), exchange.answer) << profile;
         }
     }
 }
