@@ -6,13 +6,11 @@ set(longest
   api.FaultSweep.EveryCallOfASession/StdioShortTraced
   api.FaultSweep.EveryCallOfASession/StdioOnceTraced
   api.FaultSweep.EveryCallOfASession/StdioFromThereOnTraced
-  terminal.EveryPhone.GetsOnline
   terminal.DetectCommand.EndsWhateverHappens
   terminal.Record.PlaysTheSameDetection
   api.FaultSweep.EveryCallOfASession/AllocationsOnce
   api.FaultSweep.EveryCallOfASession/AllocationsFromThereOn
-  terminal.DetectCommand.TellsOfTheSimCard
-  terminal.EveryPhone.IsDetectedAgainFromItsRecording)
+  terminal.DetectCommand.TellsOfTheSimCard)
 set(cost 100)
 foreach(test ${longest})
   set_tests_properties(${test} PROPERTIES COST ${cost})
