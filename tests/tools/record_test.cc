@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 // velmor detect --record over pseudo-terminals.
-#include <nlohmann/json.hpp>
-
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 
 namespace {
 
-using nlohmann::json;
 namespace fs = std::filesystem;
 
-// What a detection printed, without its times; or its message, without the name of its device.
+// What a detection printed, without its times and the name of its device.
 std::string Told(const std::string& name) {
-    json told = json::parse(ReadFile(name + ".json"), nullptr, false);
-    for (std::size_t i = 0; told.is_object() && i < told["dialogue"].size(); ++i) {
-        told["dialogue"][i].erase("sent");
-        told["dialogue"][i].erase("answered");
-    }
-    const std::string device = "/dev/[a-z0-9/]+";
-    return ReadFile(name + ".status") + (told.is_discarded() ? "" : told.dump(1)) +
-           Replaced(ReadFile(name + ".err"), device, "DEVICE");
+    const std::string told =
+        ReadFile(name + ".status") + ReadFile(name + ".json") + ReadFile(name + ".err");
+    return Replaced(told, "\"(sent|answered)\": [-+.0-9e]+|/dev/[a-z0-9/]+", "");
 }
 
 // A recording of phones that behave in no usual way, some of them real, gives the same result.
@@ -29,12 +21,9 @@ TEST(Record, PlaysTheSameDetection) {
         {"silent-twice", "echo = off\nAT+CGMI:=\nAT+COPS?:="},
         {"echo-alone", "AT+CGMM:=\nAT+CIMI:="},
         {"half", "AT+CGMI:= \\r\\nHuaw\nATI0: Manufacturer: huawei\\nModel: E398"},
-        {"half-echo",
-         "echo = off\nAT+CGMI:= AT+CGMI\\r\\r\\nNokia\\r\\nOK\\r\\n\nAT+GMM: Nokia 6300"},
+        {"half-echo", "echo = off\nAT+CGMI:= AT+CGMI\\r\\r\\nNokia\\r\\nOK\\r\\n"},
         {"no-echo", "echo = off\nATE*: ERROR\nATI0: Nokia\nAT+CGMM: OK\nAT+GMM: Nokia 6300"},
-        {"bytes",
-         "AT+CGMI:= \\r\\n\\x00Nokia\\r\\n \\r\\n\\xFF\\t\\\\ \\r\\nOK\\r\\n\nAT+CGMI:< "
-         "\nAT+CGMM:= \\x20"},
+        {"bytes", "AT+CGMI:= \\r\\n\\x00Nokia\\r\\n\\xFF\\t\\\\ \\r\\nOK\\r\\n\nAT+CGMM:= \\x20"},
         {"lines", "AT+CGMI: Nokia\nAT+CGMI:< RING\nAT+CGMI:< RING\nAT+CGMI:> +CREG: 1\nAT+GMM: OK"},
         {"loud", "flood = Nokia"},
         {"gone", "AT+CGMI: Nokia\nAT+CGMI:!"},
