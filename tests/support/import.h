@@ -16,12 +16,7 @@ const std::string kTestPhones = VELMOR_TESTS_DIR "/tools/phones.source";
 inline std::string Import(const std::string& words, const std::string& phones = kTestPhones) {
     std::istringstream all("import --force --phones " + phones + " " + words);
     testing::internal::CaptureStdout();
-    try {
-        tool::RunCommandLine("", {std::istream_iterator<std::string>(all), {}});
-    } catch (...) {
-        testing::internal::GetCapturedStdout();
-        throw;
-    }
+    tool::RunCommandLine("", {std::istream_iterator<std::string>(all), {}});
     return testing::internal::GetCapturedStdout();
 }
 
@@ -31,6 +26,7 @@ inline std::string Fault(const std::string& words, const std::string& phones = k
         Import(words, phones);
         return "no fault";
     } catch (const tool::ToolError& error) {
+        testing::internal::GetCapturedStdout();
         return error.what();
     }
 }

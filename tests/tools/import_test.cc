@@ -3,7 +3,6 @@
 #include <set>
 
 #include "catalogue/mcc.h"
-#include "support/error.h"
 #include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
 
@@ -31,14 +30,8 @@ std::string ImportData(const std::string& words, const std::string& phones = kTe
 TEST(Import, DecidesWhatTheDataLeaveOpen) {
     EXPECT_EQ(ImportData(kHere + "operators.xml" + kIso), ReadFile(kHere + "operators.report"));
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
-    EXPECT_THROW(ImportData(kHere + "countries.json"), ToolError);
+    EXPECT_NE(Fault("-o out.source " + kHere + "countries.json"), "no fault");
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
-}
-
-// The rows of a list: what is between its root's tags.
-std::string RowsOf(const std::string& list) {
-    const std::size_t begin = list.find('>', list.find("<apns")) + 1;
-    return list.substr(begin, list.rfind("</apns>") - begin);
 }
 
 TEST(Import, AddsTheNumbersOfAndroidsList) {
@@ -48,9 +41,9 @@ TEST(Import, AddsTheNumbersOfAndroidsList) {
     EXPECT_EQ(report, ReadFile(kHere + "android.report"));
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // One file gives the same as many, in any order.
-    WriteFile("one.xml", "\xEF\xBB\xBF<!DOCTYPE apns>\n<apns>" +
-                             RowsOf(ReadFile("android/GR.XML")) +
-                             RowsOf(ReadFile("android/CA.xml")) + "</apns>");
+    const std::string rows = Replaced(ReadFile("android/GR.XML") + ReadFile("android/CA.xml"),
+                                      "<[?!][^>]*>|</?apns[^>]*>", "");
+    WriteFile("one.xml", "\xEF\xBB\xBF<!DOCTYPE apns>\n<apns>" + rows + "</apns>");
     ImportData(kHere + "operators.xml --android one.xml" + kIso);
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // Alone.

@@ -28,8 +28,7 @@ struct TestOperator {
 using Operators = std::vector<TestOperator>;
 
 // Imports operators into a file. Returns the report.
-std::string ImportOperators(const Operators& operators, const std::string& words,
-                            const std::string& phones = kTestPhones) {
+std::string ImportOperators(const Operators& operators, const std::string& words) {
     std::string xml = "<serviceproviders><country code='gr'>\n";
     for (const auto& [name, codes, points] : operators) {
         xml += Concat("<provider><name>", name, "</name><gsm>");
@@ -42,8 +41,7 @@ std::string ImportOperators(const Operators& operators, const std::string& words
         xml += "</gsm></provider>\n";
     }
     WriteFile("operators.xml", xml + "</country></serviceproviders>\n");
-    return Import("operators.xml --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " + words,
-                  phones);
+    return Import("operators.xml --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " + words);
 }
 
 using Set = std::set<std::string>;
