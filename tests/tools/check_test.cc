@@ -54,10 +54,6 @@ const std::string kComment = "Recipes: how an answer of the phone becomes a key.
 // in the stored form, or in neither. The library does not read on after some faults.
 enum Alike { kEverywhere, kNotToLibrary, kNowhere };
 
-std::string Times(const std::string& text, int count) {
-    return count == 0 ? "" : text + Times(text, count - 1);
-}
-
 const struct {
     const char* finding;  // its severity, identifier and table; empty for none at all
     std::string text;     // this text of the sample
@@ -114,7 +110,9 @@ const struct {
     {"W long-value BasicDUNForPhone", "sud.example", std::string(250, 'x'), "E#10#UMTS#"},
     {"W unknown-placeholder BasicDUNForPhone", "%VAR1%", "%VAR2%", "E#10#UMTS#"},
     {"E endless-value BasicDUNSettings", "sud.example#3#,,0,0#",
-     Times("%NUM%", 50) + "#" + Times("%VAR1%", 42) + "#" + std::string(40, 'x') + "#", "E#4#"},
+     Replaced(std::string(50, 'x'), "x", "%NUM%") + "#" +
+         Replaced(std::string(42, 'x'), "x", "%VAR1%") + "#" + std::string(40, 'x') + "#",
+     "E#4#"},
     {"W many-retries GeneralVariables", "RETRY#3#", "RETRY#1001#", "E#AT-RETRY#"},
     {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},

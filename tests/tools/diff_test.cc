@@ -48,7 +48,6 @@ const struct {
      "#Manufacturers#ID#Name#Note#\nE#1#Acme##\nE#2#Brontel##", ""},
     // Marker, variables, recipes, tables of other names.
     {"#Sample#7#", "#Sample#8#", "~ catalogue: version \"7\" -> \"8\"\n"},
-    {"AT-RETRY#3", "AT-RETRY#5", "~ variable \"AT-RETRY\": Value \"3\" -> \"5\"\n"},
     {"E#TRACE#N#", "E#UNKNOWN-PHONE#20#",
      "+ variable \"UNKNOWN-PHONE\": Value \"Brontel: Swift 5\"\n- variable \"TRACE\": Value "
      "\"N\"\n"},
@@ -81,19 +80,12 @@ const struct {
      "InitializationString \"AT+CGDCONT=1,\\\"IP\\\",\\\"%APN%\\\"\"\n"
      "~ phone \"Brontel: Swift 5\"\n  - dial-up row \"GPRS\": DialString \"ATD*99#\", "
      "InitializationString \"AT+CGDCONT=%NUM%,\\\"IP\\\",\\\"%APN%\\\"\"\n"},
-    {"E#11#X200#1#", "E#11#X300#1#",  // the same answer
-     "~ phone \"Acme: X300\": Name \"X200\" -> \"X300\"\n"},
     // Networks, keys and settings.
     {"#Sudphone#UMTS#", "#Sudtel#EDGE#",
      "~ network \"Sudtel\": Name \"Sudphone\" -> \"Sudtel\", NetworkType \"UMTS\" -> \"EDGE\"\n"},
     {"E#FJORDNET#101#", "E#FJORDNET#100#",
      "~ network \"Northtel\"\n  + name key \"FJORDNET\", before of \"Fjordnet\"\n"
      "~ network \"Fjordnet\"\n  - name key \"FJORDNET\", now of \"Northtel\"\n"},
-    {"E#99801#200#\n", "E#99801#200#\nE#99802#200#\n",
-     "~ network \"Sudphone\"\n  + number key 99802\n"},
-    {"E#3#101#fjord.example#2#", "E#3#101#fjord.test#3#",
-     "~ network \"Fjordnet\"\n  ~ setting \"Fjordnet #1 (fjord.test)\": "
-     "APN \"fjord.example\" -> \"fjord.test\", NUM \"2\" -> \"3\"\n"},
     {kRow, "E#9#100#n########N##Y#no###N#\n" + kRow,
      "~ network \"Northtel\"\n  + setting \"N (n)\": APN \"n\", Default \"Y\", "
      "RequiresUserAndPassword \"N\", CountryID \"Norland\", "

@@ -25,7 +25,6 @@ const std::string kStop = "timeout --foreground -s INT --preserve-status 2 " VEL
 // A folder with a catalogue "sample", its source, a file that is there, and a pipe without a
 // writer.
 void MakeFolder() {
-    fs::remove_all("work");
     fs::create_directories("work/dir");
     fs::current_path("work");
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
@@ -83,7 +82,6 @@ TEST(Files, AreKept) {
         EXPECT_EQ(MissingAndNew(before, Listed()), "");
         EXPECT_EQ(ReadFile("kept"), "as it was");
     }
-    fs::current_path("..");
 }
 
 TEST(Files, ReplacedOnesHandOnOwnerAndMode) {
@@ -104,7 +102,6 @@ TEST(Files, ReplacedOnesHandOnOwnerAndMode) {
         Shell("velmor setting sample --phone 10 --setting 1 --format ppp -o dir --force").first, 0);
     ASSERT_EQ(stat("dir/velmor", &state), 0);
     EXPECT_EQ(state.st_mode & 07777, 0600U);
-    fs::current_path("..");
 }
 
 // What a line shows on a terminal of that width.
@@ -133,7 +130,6 @@ TEST(Terminal, TablesFitItsWidth) {
             EXPECT_TRUE(width < 400 || plain == text) << text;
         }
     }
-    fs::current_path("..");
 }
 
 TEST(Terminal, ShowsWhatAReaderSees) {
@@ -188,7 +184,6 @@ TEST(Terminal, GetsNoControlCharacters) {
     // Piped JSON has the same texts.
     Shell("velmor phones nasty --json");
     EXPECT_NE(ReadFile("out").find("\x7f\u009b"), std::string::npos);
-    fs::current_path("..");
 }
 
 }  // namespace

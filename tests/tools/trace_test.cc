@@ -28,8 +28,8 @@ class TraceCommand : public PhoneTest {
         char phone[200];
         const long result = Velmor_DetectPhoneAndNetwork(0, maker, 200, phone, 200);
         const Velmor& session = *Velmor::getVelmor();
-        return std::to_string(result) + " " + session.detectedPhoneId.c_str() + " " +
-               session.detectedNetworkId.c_str() + " " + maker + " " + phone;
+        return Concat(result, " ", session.detectedPhoneId.c_str(), " ",
+                      session.detectedNetworkId.c_str(), " ", maker, " ", phone);
     }
 };
 
