@@ -159,6 +159,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kStranger, detect + "--format ppp", 1, "nothing is ready"},
         {kSubscriber, detect + "--apn Internet.northtel.example --format wvdial", 0,
          "internet.northtel.example"},
+        {kSubscriber, detect + "--contract postpaid | grep -c ^Setting", 0, "1\n"},
         {kSubscriber, detect + "--apn other", 2, "internet.northtel.example (postpaid), prepaid"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,

@@ -21,19 +21,14 @@ namespace {
 constexpr std::size_t kFewestDigits = 4;
 constexpr std::size_t kMostDigits = 8;
 
-// The beginning of a regular file, and its state. Throws a ToolError when there is none.
-std::string Read(const std::string& path, struct stat& state) {
-    if (stat(path.c_str(), &state) == 0 && !S_ISREG(state.st_mode)) {
-        throw ToolError(path, ": is not a regular file");
-    }
-    return ReadInput(path, 64);
-}
+// No file of a PIN or a mark is longer.
+constexpr std::size_t kMostBytes = 64;
 
 }  // namespace
 
 PinFile::PinFile(const std::string& path) : path_(path) {
     struct stat state = {};
-    pin_ = Read(path, state);
+    pin_ = ReadRegular(path, kMostBytes, state);
     if ((state.st_mode & (S_IRWXG | S_IRWXO)) != 0) {
         throw ToolError(path, ": others may use this file; chmod 600 makes it private");
     }
@@ -49,7 +44,7 @@ PinFile::PinFile(const std::string& path) : path_(path) {
     version_ = Concat(state.st_size, " ", state.st_mtim.tv_sec, ".", state.st_mtim.tv_nsec, "\n");
     mark_ = std::filesystem::canonical(path).string() + ".refused";
     struct stat mark = {};
-    marked_ = lstat(mark_.c_str(), &mark) == 0 && Read(mark_, mark) == version_;
+    marked_ = lstat(mark_.c_str(), &mark) == 0 && ReadRegular(mark_, kMostBytes, mark) == version_;
 }
 
 void PinFile::Mark() const {

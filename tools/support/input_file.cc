@@ -2,6 +2,7 @@
 #include "support/input_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -18,8 +19,11 @@ namespace {
 constexpr int kLong = 60000;                   // milliseconds
 constexpr std::size_t kMostBytes = 256000000;  // a device may give bytes without end
 
-// An open file.
+// An open file. Opening does not wait, reading does, where a signal can end it: nobody may write to
+// a pipe.
 struct Descriptor {
+    explicit Descriptor(const std::string& path)
+        : number(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {}
     ~Descriptor() {
         if (number >= 0) {
             close(number);
@@ -28,11 +32,7 @@ struct Descriptor {
     int number;
 };
 
-}  // namespace
-
-// Opens without a wait and waits afterwards, where a signal can end it: nobody may write to a pipe.
-std::string ReadInput(const std::string& path, std::size_t most) {
-    const Descriptor file = {open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)};
+std::string Read(const Descriptor& file, const std::string& path, std::size_t most) {
     std::string bytes;
     char block[65536];
     ssize_t count = file.number < 0 ? -1 : 1;
@@ -60,6 +60,20 @@ std::string ReadInput(const std::string& path, std::size_t most) {
         throw ToolError(path, ": cannot be read: ", std::strerror(errno), advice);
     }
     return bytes;
+}
+
+}  // namespace
+
+std::string ReadInput(const std::string& path, std::size_t most) {
+    return Read(Descriptor(path), path, most);
+}
+
+std::string ReadRegular(const std::string& path, std::size_t most, struct stat& state) {
+    const Descriptor file(path);
+    if (file.number >= 0 && fstat(file.number, &state) == 0 && !S_ISREG(state.st_mode)) {
+        throw ToolError(path, ": is not a regular file");
+    }
+    return Read(file, path, most);
 }
 
 std::vector<std::string> SplitLines(const std::string& bytes) {
