@@ -7,7 +7,7 @@
 #include <sstream>
 #include <string>
 
-#include "commands/command_line.h"
+#include "commands/options.h"
 #include "support/error.h"
 
 const std::string kTestPhones = VELMOR_TESTS_DIR "/tools/phones.source";

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "diff/print.h"
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 

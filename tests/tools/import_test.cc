@@ -2,7 +2,7 @@
 #include <pugixml.hpp>
 #include <set>
 
-#include "catalogue/mcc.h"
+#include "catalogue/identifiers.h"
 #include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
 

@@ -7,7 +7,6 @@
 
 #include "catalogue/conversion.h"
 #include "diff/diff.h"
-#include "diff/print.h"
 #include "tests/support/files.h"
 #include "tests/support/import.h"
 #include "tests/support/patterns.h"

@@ -16,7 +16,7 @@ class Conversion {
     // Like the library's own copy, the result has one more line at the end, an empty one.
     std::string Encode() {
         std::string stored;
-        for (const std::string& raw : SplitLines(ReadInput(path_))) {
+        for (const std::string& raw : Split(ReadInput(path_), '\n')) {
             const std::string line = Check(raw);
             if (line[0] == 'D') {
                 Refuse(
@@ -29,7 +29,7 @@ class Conversion {
 
     // Undoes Encode: the last line feed of a stored file is not part of the source.
     std::string Decode() {
-        std::vector<std::string> lines = SplitLines(ReadInput(path_));
+        std::vector<std::string> lines = Split(ReadInput(path_), '\n');
         if (lines.back().empty()) {
             lines.pop_back();
         }

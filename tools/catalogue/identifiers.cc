@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "catalogue/identifiers.h"
 
+#include <algorithm>
+#include <iterator>
+
+#include "country_codes.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -22,6 +26,18 @@ std::int64_t IdentifierNumber(const std::string& id) {
 bool IsCountryCode(const std::string& id) {
     const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
     return id.size() == 2 && isLetter(id[0]) && isLetter(id[1]);
+}
+
+std::string CountryOfMcc(const std::string& digits) {
+    const std::string code = digits.substr(0, 3);
+    if (code.size() < 3 || !IsDigits(code)) {
+        return "";
+    }
+    const int mcc = std::stoi(code);
+    const auto* const found =
+        std::lower_bound(std::begin(kCountryCodes), std::end(kCountryCodes), mcc,
+                         [](const CountryCode& entry, int value) { return entry.mcc < value; });
+    return found != std::end(kCountryCodes) && found->mcc == mcc ? found->country : "";
 }
 
 }  // namespace tool

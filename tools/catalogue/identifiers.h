@@ -37,4 +37,8 @@ std::int64_t IdentifierNumber(const std::string& id);
 // Whether an identifier of a country is its code: two small letters.
 bool IsCountryCode(const std::string& id);
 
+// The country whose mobile country code (MCC) the first three digits of a network number or an IMSI
+// are: its two-letter code in small letters. Empty when no country has that code.
+std::string CountryOfMcc(const std::string& digits);
+
 }  // namespace tool

@@ -131,7 +131,7 @@ class LineReader {
 
 std::vector<CatalogueRow> ReadRecords(const std::string& bytes, Findings& findings) {
     LineReader reader(findings);
-    for (const std::string& line : SplitLines(bytes)) {
+    for (const std::string& line : Split(bytes, '\n')) {
         reader.Read(WithoutCarriageReturns(line));
     }
     return std::move(reader.records);

@@ -17,13 +17,16 @@ using namespace vel::schema;
 constexpr int kManyRetries = 1000;
 const std::vector<const char*> kTemplates = {kDialString, kInitializationString};
 
-// The values that replace a placeholder in the settings of a network type.
-struct Filling {
-    int emptyCount = 0;
-    int emptyLine = 0;  // of the first empty value
+// A network type that has settings or dial and initialisation strings.
+struct NetworkType {
+    std::vector<const CatalogueRow*> settings;
+    // The lines of the settings without a value, by the column of the placeholder.
+    std::map<std::string, std::vector<int>> emptyLines;
+    // By dial or initialisation string: the longest text in bytes that replaced placeholders can
+    // make.
+    std::map<std::string, std::size_t> longest;
 };
-using Fillings =
-    std::map<std::string, std::map<std::string, Filling>>;  // by network type and column
+using NetworkTypes = std::map<std::string, NetworkType>;
 
 void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& columns,
                   Findings& findings) {
@@ -39,32 +42,34 @@ void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& c
     }
 }
 
-// The types of the networks, by their keys.
-std::map<std::string, std::string> NetworkTypes(const Catalogue& catalogue) {
-    std::map<std::string, std::string> types;
+NetworkTypes ReadNetworkTypes(const Catalogue& catalogue) {
+    NetworkTypes types;
+    const CatalogueTable& phones = catalogue.Table(kBasicDUNForPhone);
+    for (const CatalogueRow& row : phones.rows) {
+        for (const char* column : kTemplates) {
+            types[row.Cell(phones.Column(kNetworkType))].longest[row.Cell(phones.Column(column))];
+        }
+    }
+    std::map<std::string, std::string> typeOf;  // of a network, by its key
     const CatalogueTable& networks = catalogue.Table(kNetworks);
     for (const CatalogueRow& row : networks.rows) {
-        types.emplace(row.Cell(0), row.Cell(networks.Column(kNetworkType)));
+        typeOf.emplace(row.Cell(0), row.Cell(networks.Column(kNetworkType)));
     }
-    return types;
-}
-
-Fillings FindFillings(const Catalogue& catalogue) {
-    Fillings fillings;
     const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
-    const std::map<std::string, std::string> types = NetworkTypes(catalogue);
     for (const CatalogueRow& row : settings.rows) {
-        const auto type = types.find(row.Cell(settings.Column(kNetworkID)));
+        const auto found = typeOf.find(row.Cell(settings.Column(kNetworkID)));
+        if (found == typeOf.end()) {
+            continue;
+        }
+        NetworkType& type = types[found->second];
+        type.settings.push_back(&row);
         for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
-            if (type != types.end()) {
-                const std::string value = row.Cell(settings.Column(placeholder.column));
-                Filling& filling = fillings[type->second][placeholder.column];
-                filling.emptyLine = filling.emptyCount == 0 ? row.line : filling.emptyLine;
-                filling.emptyCount += value.empty() ? 1 : 0;
+            if (row.Cell(settings.Column(placeholder.column)).empty()) {
+                type.emptyLines[placeholder.column].push_back(row.line);
             }
         }
     }
-    return fillings;
+    return types;
 }
 
 // The first word between percent signs that is not a placeholder; empty when there is none.
@@ -88,8 +93,7 @@ std::string FindUnknown(const std::string& text) {
 
 // Checks a dial or initialisation string, and the values that can replace its placeholders.
 void CheckTemplate(const Place& place, const char* column, const std::string& text,
-                   std::size_t longest, std::map<std::string, Filling>& fillings,
-                   Findings& findings) {
+                   NetworkType& type, Findings& findings) {
     const std::string unknown = FindUnknown(text);
     if (!unknown.empty()) {
         AddWarning(findings, "unknown-placeholder", place, "%", unknown, "% in ", column,
@@ -97,15 +101,16 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
                    " %VAR1%");
     }
     for (const auto& [placeholder, name, message] : vel::kPlaceholders) {
-        const Filling& filling = fillings[name];
-        if (text.find(placeholder) != std::string::npos && filling.emptyCount > 0) {
+        const std::vector<int>& lines = type.emptyLines[name];
+        if (text.find(placeholder) != std::string::npos && !lines.empty()) {
             AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
-                       " has no value in ", filling.emptyCount,
+                       " has no value in ", lines.size(),
                        " setting(s) of this network type; the library inserts nothing: fill"
                        " in the column ",
-                       name, ", first in line ", filling.emptyLine);
+                       name, ", first in line ", lines[0]);
         }
     }
+    const std::size_t longest = type.longest[text];
     // A text that is too long without values has another finding.
     if (text.size() < VELMOR_TEXT_SIZE && longest >= VELMOR_TEXT_SIZE) {
         AddWarning(findings, "long-value", place, column, " can have ", longest,
@@ -113,10 +118,6 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
                    " bytes, without a terminator: shorten it, or the values");
     }
 }
-
-// By network type and dial or initialisation string: the longest text in bytes that replaced
-// placeholders can make.
-using Longest = std::map<std::pair<std::string, std::string>, std::size_t>;
 
 // The text with the values of a setting; throws std::bad_alloc where the library refuses it.
 std::size_t ExpandedSize(const std::string& text, const CatalogueTable& settings,
@@ -129,36 +130,19 @@ std::size_t ExpandedSize(const std::string& text, const CatalogueTable& settings
     return static_cast<std::size_t>(expanded.Length());
 }
 
-Longest CheckExpansion(const Catalogue& catalogue, Findings& findings) {
-    Longest longest;
-    const CatalogueTable& phones = catalogue.Table(kBasicDUNForPhone);
-    for (const CatalogueRow& row : phones.rows) {
-        for (const char* column : kTemplates) {
-            longest.emplace(std::make_pair(row.Cell(phones.Column(kNetworkType)),
-                                           row.Cell(phones.Column(column))),
-                            0);
-        }
-    }
-    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
-    const std::map<std::string, std::string> types = NetworkTypes(catalogue);
-    for (const CatalogueRow& row : settings.rows) {
-        const auto type = types.find(row.Cell(settings.Column(kNetworkID)));
-        if (type == types.end()) {
-            continue;
-        }
+void CheckExpansion(const CatalogueTable& settings, NetworkType& type, Findings& findings) {
+    for (const CatalogueRow* row : type.settings) {
         try {
-            for (auto at = longest.lower_bound({type->second, ""});
-                 at != longest.end() && at->first.first == type->second; ++at) {
-                at->second = std::max(at->second, ExpandedSize(at->first.second, settings, row));
+            for (auto& [text, longest] : type.longest) {
+                longest = std::max(longest, ExpandedSize(text, settings, *row));
             }
         } catch (const std::bad_alloc&) {
-            AddError(findings, "endless-value", settings.At(row),
+            AddError(findings, "endless-value", settings.At(*row),
                      "the values of this setting make a dial or initialisation string longer than"
                      " 65536 bytes; the library then fails as if memory ran out: remove"
                      " placeholders from the values");
         }
     }
-    return longest;
 }
 
 void CheckRetries(const Catalogue& catalogue, Findings& findings) {
@@ -175,9 +159,12 @@ void CheckRetries(const Catalogue& catalogue, Findings& findings) {
     }
 }
 
-void CheckPhoneRows(const Catalogue& catalogue, const Longest& longest, Findings& findings) {
+void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
+    NetworkTypes types = ReadNetworkTypes(catalogue);
+    for (auto& [name, type] : types) {
+        CheckExpansion(catalogue.Table(kBasicDUNSettings), type, findings);
+    }
     const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
-    Fillings fillings = FindFillings(catalogue);
     std::map<std::pair<std::string, std::string>, int> seen;
     for (const CatalogueRow& row : table.rows) {
         const std::string phone = row.Cell(table.Column(kPhoneID));
@@ -190,8 +177,7 @@ void CheckPhoneRows(const Catalogue& catalogue, const Longest& longest, Findings
         }
         for (const char* column : kTemplates) {
             const std::string text = row.Cell(table.Column(column));
-            CheckTemplate(table.At(row), column, text, longest.at({type, text}), fillings[type],
-                          findings);
+            CheckTemplate(table.At(row), column, text, types[type], findings);
         }
     }
 }
@@ -208,7 +194,7 @@ void CheckSettings(const Catalogue& catalogue, Findings& findings) {
     CheckLengths(catalogue.Table(kCountries), {kName}, findings);
     CheckLengths(catalogue.Table(kBasicDUNSettings), texts, findings);
     CheckLengths(catalogue.Table(kBasicDUNForPhone), kTemplates, findings);
-    CheckPhoneRows(catalogue, CheckExpansion(catalogue, findings), findings);
+    CheckPhoneRows(catalogue, findings);
     CheckRetries(catalogue, findings);
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The subcommands and their arguments. Only this file and usage.cc see CLI11: it takes long to
 // compile.
-#include "commands/command_line.h"
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdint>

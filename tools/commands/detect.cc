@@ -5,7 +5,6 @@
 #include <iostream>
 #include <optional>
 
-#include "commands/dialer_output.h"
 #include "commands/options.h"
 #include "device/port_search.h"
 #include "diagnosis/report.h"
@@ -22,13 +21,7 @@ namespace {
 
 // Returns the device that answers; empty when there is none.
 std::string FindDevice(const std::string& pattern, unsigned baud) {
-    PortSearch search;
-    search.pattern = pattern;
-    search.baud = baud;
-    std::string device = TheOneThatAnswers(SearchPorts(search));
-    if (Interruption::Signal() != 0) {
-        throw ToolError("interrupted");
-    }
+    std::string device = TheOneThatAnswers(SearchPorts({pattern, baud, {}}));
     std::cerr << "velmor: "
               << (device.empty() ? "no device answers; velmor devices says why, --device asks one\n"
                                  : device + " answers\n");

@@ -4,7 +4,6 @@
 
 #include "commands/options.h"
 #include "device/port_search.h"
-#include "support/error.h"
 #include "support/interruption.h"
 #include "support/print.h"
 
@@ -35,9 +34,6 @@ std::pair<const char*, const char*> Words(PortState state) {
 int RunDevices(const DevicesOptions& options) {
     const Interruption interruption;
     const std::vector<FoundDevice> devices = SearchPorts(options.search);
-    if (Interruption::Signal() != 0) {
-        throw ToolError("interrupted");
-    }
     std::vector<TextRow> rows = {{"Device", "Product", "State"}};
     Json list = Json::array();
     int status = kExitFindings;

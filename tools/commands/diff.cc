@@ -4,7 +4,6 @@
 
 #include "check/check.h"
 #include "commands/options.h"
-#include "diff/print.h"
 #include "support/error.h"
 #include "support/input_file.h"
 

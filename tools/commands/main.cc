@@ -5,7 +5,6 @@
 #include <iostream>
 #include <new>
 
-#include "commands/command_line.h"
 #include "commands/options.h"
 #include "session/trace.h"
 #include "support/error.h"

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "device/port_search.h"
 #include "diagnosis/detection.h"
@@ -79,13 +80,6 @@ struct DevicesOptions {
 
 int RunDevices(const DevicesOptions& options);
 
-// The form in which a command prints a DUN setting.
-struct OutputFormat {
-    std::string name = "text";  // or json, or that of a dialler
-    std::string directory;      // for the files of a dialler; empty: standard output
-    bool force = false;         // replace existing files
-};
-
 // velmor setting
 struct SettingOptions {
     std::string catalogue;
@@ -134,5 +128,9 @@ struct TraceOptions {
 };
 
 int RunTrace(const TraceOptions& options);
+
+// Runs the subcommand that the words choose. Prints help, what --version asks, and what is wrong
+// with the words. Returns the exit status.
+int RunCommandLine(const std::string& version, std::vector<std::string> words);
 
 }  // namespace tool

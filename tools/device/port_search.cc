@@ -109,6 +109,9 @@ std::vector<FoundDevice> SearchPorts(const PortSearch& search) {
         device.ports = std::move(ports);
         devices.push_back(std::move(device));
     }
+    if (Interruption::Signal() != 0) {
+        throw ToolError("interrupted");
+    }
     return devices;
 }
 

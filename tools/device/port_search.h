@@ -35,7 +35,8 @@ struct PortSearch {
 };
 
 // Lists devices and sends AT to each, for at most a second a port. Sends nothing to a device in
-// use, and to a Bluetooth port only when the pattern says rfcomm. A signal ends the search early.
+// use, and to a Bluetooth port only when the pattern says rfcomm. Throws a ToolError when a signal
+// ends the search.
 std::vector<FoundDevice> SearchPorts(const PortSearch& search);
 
 // The path of the device that answers; empty when none does. Throws a ToolError with the list when

@@ -15,7 +15,6 @@
 #include <set>
 
 #include "catalogue/identifiers.h"
-#include "catalogue/mcc.h"
 #include "catalogue/source_writer.h"
 #include "session/schema.h"
 #include "storage/catalogue_format.h"

@@ -2,13 +2,16 @@
 #include "dialer/dialer_files.h"
 
 #include <arpa/inet.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <iostream>
+#include <sstream>
 
 #include "host/setting_format.h"
 #include "support/error.h"
-#include "support/texts.h"
+#include "support/output_file.h"
 #include "support/utf8.h"
 
 namespace tool {
@@ -111,8 +114,7 @@ std::string NameServers(const Velmor_DUNSetting& setting) {
                      servers + "\n";
 }
 
-}  // namespace
-
+// An options file for pppd(8), as in /etc/ppp/peers. It dials with the chat script at that path.
 std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const std::string& chatScript) {
     std::string text = Title(setting);
@@ -136,18 +138,7 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     return text;
 }
 
-// ATE0 comes first: an access point may be named like a word that ends the script, as ERROR, and
-// the echo would show it.
-std::string ChatScript(const Velmor_DUNSetting& setting) {
-    std::string text =
-        "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"
-        "ABORT 'NO DIALTONE'\nTIMEOUT 30\n'' ATE0\n";
-    const std::string init =
-        OneLine("initialisation string", HostText(setting.InitializationString));
-    text += init.empty() ? "" : "OK " + ChatWord(init) + "\n";
-    return text + "OK " + ChatWord(DialString(setting)) + "\nCONNECT \\c\n";
-}
-
+// The section "Dialer velmor" of a wvdial.conf(5).
 std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link) {
     // wvdial sends the dial command and the number in one line, so both may be split anywhere.
     const std::string dial = DialString(setting);
@@ -176,6 +167,8 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     return text + NameServers(setting);
 }
 
+// The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
+// which dials for it, makes the initialisation and dial strings itself.
 std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link) {
     std::string text = Title(setting);
     const auto set = [&](const char* key, const std::string& value) {
@@ -206,6 +199,78 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const Dialer
     }
     set("dns", servers);
     return text;
+}
+
+// The paths of the two files on Debian.
+constexpr char kPeers[] = "/etc/ppp/peers/velmor";
+constexpr char kChatScript[] = "/etc/chatscripts/velmor";
+
+// A terminal gets no control characters.
+void PrintLines(const std::string& text) {
+    if (isatty(STDOUT_FILENO) != 1) {
+        std::cout << text;
+        return;
+    }
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::cout << Visible(line) << "\n";
+    }
+}
+
+// The files may hold a password.
+void WriteFiles(const std::vector<std::pair<std::string, std::string>>& files,
+                const OutputFormat& format, const std::string& catalogue) {
+    std::error_code error;
+    if (!format.directory.empty() && !std::filesystem::is_directory(format.directory, error)) {
+        throw ToolError(format.directory, ": is no directory; make it first");
+    }
+    // All are checked before the first is written.
+    std::vector<OutputFile> outputs;
+    for (const auto& file : files) {
+        RequireOther(file.first, {catalogue});
+        outputs.emplace_back(file.first, format.force, OutputFile::Readers::kOwner);
+    }
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        outputs[i].Write(files[i].second);
+    }
+}
+
+}  // namespace
+
+// ATE0 comes first: an access point may be named like a word that ends the script, as ERROR, and
+// the echo would show it.
+std::string ChatScript(const Velmor_DUNSetting& setting) {
+    std::string text =
+        "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"
+        "ABORT 'NO DIALTONE'\nTIMEOUT 30\n'' ATE0\n";
+    const std::string init =
+        OneLine("initialisation string", HostText(setting.InitializationString));
+    text += init.empty() ? "" : "OK " + ChatWord(init) + "\n";
+    return text + "OK " + ChatWord(DialString(setting)) + "\nCONNECT \\c\n";
+}
+
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
+                      const OutputFormat& format, const std::string& catalogue) {
+    const bool print = format.directory.empty();
+    const std::string path =
+        print ? "" : std::filesystem::absolute(format.directory).string() + "/velmor";
+    // In the order in which they need each other.
+    std::vector<std::pair<std::string, std::string>> files;
+    if (format.name == "wvdial") {
+        PrintLines(WvdialSection(setting, link));
+    } else if (format.name == "networkmanager" && print) {
+        PrintLines(NetworkManagerKeyfile(setting, link));
+    } else if (format.name == "networkmanager") {
+        files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, link)}};
+    } else if (print) {
+        const std::string peers = PeersFile(setting, link, kChatScript);
+        PrintLines(Concat("# ----- ", kPeers, " -----\n", peers, "# ----- ", kChatScript,
+                          " -----\n", ChatScript(setting)));
+    } else {
+        files = {{path + ".chat", ChatScript(setting)},
+                 {path, PeersFile(setting, link, path + ".chat")}};
+    }
+    WriteFiles(files, format, catalogue);
 }
 
 }  // namespace tool

@@ -16,16 +16,18 @@ struct DialerLink {
     unsigned baud = 115200;
 };
 
-// An options file for pppd(8), as in /etc/ppp/peers. It dials with the chat script at that path.
-std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
-                      const std::string& chatScript);
+// The form in which a command prints a DUN setting.
+struct OutputFormat {
+    std::string name = "text";  // or json, or that of a dialler
+    std::string directory;      // for the files of a dialler; empty: standard output
+    bool force = false;         // replace existing files
+};
+
 // A script for chat(8), from the initialisation string to CONNECT.
 std::string ChatScript(const Velmor_DUNSetting& setting);
-// The section "Dialer velmor" of a wvdial.conf(5).
-std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link);
 
-// The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
-// which dials for it, makes the initialisation and dial strings itself.
-std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link);
+// Prints or writes the files for a dialler. None replaces the catalogue.
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
+                      const OutputFormat& format, const std::string& catalogue);
 
 }  // namespace tool

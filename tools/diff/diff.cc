@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 #include "catalogue/identity/same.h"
 #include "diff/order.h"
@@ -43,6 +42,17 @@ std::vector<std::string> CountriesOfNetworks(const Content& content) {
         }
     }
     return countries;
+}
+
+// The indexes of the settings of each network, or those of all patterns.
+std::vector<std::vector<int>> OrdersOf(const Content& content, Kind kind) {
+    const bool isOne = kind == Kind::kPattern;
+    std::vector<std::vector<int>> orders(isOne ? 1 : content[Kind::kNetwork].size());
+    int index = 0;
+    for (const Item& item : content[kind]) {
+        orders[isOne ? 0 : static_cast<std::size_t>(item.owner)].push_back(index++);
+    }
+    return orders;
 }
 
 // The changes of the parts of each item of a kind: the parts that are gone by old item, the others
@@ -203,30 +213,15 @@ class Comparison {
     // host tries the first setting of a network first.
     std::map<std::size_t, Value> MovesOf(Kind kind) const {
         std::map<std::size_t, Value> moves;
-        if (kind == Kind::kPattern) {
-            const auto all = [](const Items& items) {
-                std::vector<int> indexes(items.size());
-                std::iota(indexes.begin(), indexes.end(), 0);
-                return indexes;
-            };
-            RecordMoves({all(old_[kind]), old_[kind]}, {all(new_[kind]), new_[kind]}, same_[kind],
-                        moves);
-        } else if (kind == Kind::kSetting) {
-            const auto byNetwork = [](const Content& content) {
-                std::vector<std::vector<int>> orders(content[Kind::kNetwork].size());
-                int index = 0;
-                for (const Item& setting : content[Kind::kSetting]) {
-                    orders[static_cast<std::size_t>(setting.owner)].push_back(index++);
-                }
-                return orders;
-            };
-            const auto oldOrders = byNetwork(old_), newOrders = byNetwork(new_);
-            for (std::size_t i = 0; i < newOrders.size(); ++i) {
-                const int old = same_[Kind::kNetwork].OldOf(i);
-                if (old != kNoItem) {
-                    RecordMoves({oldOrders[static_cast<std::size_t>(old)], old_[kind]},
-                                {newOrders[i], new_[kind]}, same_[kind], moves);
-                }
+        if (kind != Kind::kPattern && kind != Kind::kSetting) {
+            return moves;
+        }
+        const auto oldOrders = OrdersOf(old_, kind), newOrders = OrdersOf(new_, kind);
+        for (std::size_t i = 0; i < newOrders.size(); ++i) {
+            const int old = kind == Kind::kPattern ? 0 : same_[Kind::kNetwork].OldOf(i);
+            if (old != kNoItem) {
+                RecordMoves({oldOrders[static_cast<std::size_t>(old)], old_[kind]},
+                            {newOrders[i], new_[kind]}, same_[kind], moves);
             }
         }
         return moves;

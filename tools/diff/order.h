@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "diff/change.h"
+#include "diff/diff.h"
 
 namespace tool {
 

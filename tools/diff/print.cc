@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "diff/print.h"
-
 #include <algorithm>
 #include <iostream>
 
+#include "diff/diff.h"
 #include "session/schema.h"
-#include "support/texts.h"
 #include "support/utf8.h"
 
 namespace tool {

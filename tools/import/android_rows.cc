@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "catalogue/mcc.h"
+#include "catalogue/identifiers.h"
 #include "import/values.h"
 #include "import/xml_file.h"
 #include "support/error.h"
@@ -22,12 +22,10 @@ constexpr char kWhat[] = "Android's list of access points";
 
 // What a row is for: the parts of its list of types.
 std::set<std::string> ReadTypes(const std::string& list) {
-    std::set<std::string> types;
-    std::istringstream stream(InSmallLetters(list));
-    for (std::string type; std::getline(stream, type, ',');) {
-        type.erase(std::remove(type.begin(), type.end(), ' '), type.end());
-        types.insert(type);
-    }
+    std::string text = InSmallLetters(list);
+    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
+    const std::vector<std::string> parts = Split(text, ',');
+    std::set<std::string> types(parts.begin(), parts.end());
     types.erase("");
     return types;
 }

@@ -20,14 +20,6 @@ constexpr char kDefaultDialString[] = "ATD*99***1#";
 constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"IP","%APN%")";
 constexpr char kContext[] = "1";  // the PDP context, for %NUM%
 
-std::string JoinWithBlanks(const std::set<std::string>& texts) {
-    std::string joined;
-    for (const std::string& text : texts) {
-        joined += (joined.empty() ? "" : " ") + text;
-    }
-    return joined;
-}
-
 // Collects the tables of the catalogue.
 class CatalogueMaker {
   public:
@@ -107,7 +99,7 @@ class CatalogueMaker {
                                         {schema::kUser, point->user},
                                         {schema::kPassword, point->password},
                                         {schema::kRequiresUser, needsUser ? "Y" : "N"},
-                                        {kNumbers, JoinWithBlanks(offer.numbers)}}));
+                                        {kNumbers, Join(offer.numbers, " ")}}));
             }
         }
         report_[ReportLine::kCountriesWithoutAccess] +=

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <sstream>
 
 #include "support/error.h"
 #include "support/interruption.h"
@@ -74,15 +73,6 @@ std::string ReadRegular(const std::string& path, std::size_t most, struct stat& 
         throw ToolError(path, ": is not a regular file");
     }
     return Read(file, path, most);
-}
-
-std::vector<std::string> SplitLines(const std::string& bytes) {
-    std::vector<std::string> lines;
-    std::istringstream stream(bytes + "\n");
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
 }
 
 std::string WithoutCarriageReturns(std::string line) {

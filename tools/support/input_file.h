@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <string>
-#include <vector>
 
 namespace tool {
 
@@ -14,10 +13,6 @@ std::string ReadInput(const std::string& path, std::size_t most = std::string::n
 // The same of a regular file, and its state; both come from one open file, so nobody can exchange
 // it in between. Throws a ToolError when it is no regular file.
 std::string ReadRegular(const std::string& path, std::size_t most, struct stat& state);
-
-// Splits the bytes at the line feeds as the library does: after a final line feed comes
-// another, empty line. Carriage returns stay.
-std::vector<std::string> SplitLines(const std::string& bytes);
 
 // Removes every carriage return, as the library does when it reads a line.
 std::string WithoutCarriageReturns(std::string line);

@@ -69,25 +69,10 @@ std::size_t TerminalWidth() {
     return columns == nullptr ? 0 : std::strtoul(columns, nullptr, 10);
 }
 
-// The names between the commas.
-std::vector<std::string> SplitColumns(const std::string& columns) {
-    std::vector<std::string> names;
-    for (std::size_t at = 0; at <= columns.size();) {
-        const std::size_t end = std::min(columns.find(',', at), columns.size());
-        names.push_back(columns.substr(at, end - at));
-        at = end + 1;
-    }
-    return names;
-}
-
 // Throws a ToolError when the column is not known.
 void RequireColumn(const std::string& column, const std::vector<std::string>& known) {
     if (std::find(known.begin(), known.end(), column) == known.end()) {
-        std::string list;
-        for (const std::string& name : known) {
-            list += (list.empty() ? "" : ", ") + name;
-        }
-        throw ToolError("--columns ", column, ": is no column; there are ", list);
+        throw ToolError("--columns ", column, ": is no column; there are ", Join(known, ", "));
     }
 }
 
@@ -112,7 +97,7 @@ void Print(const std::vector<TextRow>& rows, const Json& json, bool asJson) {
 
 void PrintList(const Json& list, const std::vector<std::string>& members,
                const std::string& columns, bool json) {
-    const TextRow names = columns.empty() ? members : SplitColumns(columns);
+    const TextRow names = columns.empty() ? members : Split(columns, ',');
     for (const std::string& name : names) {
         RequireColumn(name, members);
     }

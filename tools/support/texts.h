@@ -39,6 +39,25 @@ std::string Concat(const Parts&... parts) {
     return text.str();
 }
 
+// Splits the text at the separators: after a final separator comes another, empty part.
+inline std::vector<std::string> Split(const std::string& text, char separator) {
+    std::vector<std::string> parts;
+    std::istringstream stream(text + separator);
+    for (std::string part; std::getline(stream, part, separator);) {
+        parts.push_back(part);
+    }
+    return parts;
+}
+
+template <class Texts>
+std::string Join(const Texts& texts, const char* separator) {
+    std::string joined;
+    for (const std::string& text : texts) {
+        joined += (joined.empty() ? "" : separator) + text;
+    }
+    return joined;
+}
+
 // Conversions between texts of the library and texts of the command.
 
 inline vel::String ToLibrary(const std::string& text) {

@@ -5,7 +5,6 @@
 
 #include "phone/profile_writer.h"
 #include "phone/redaction.h"
-#include "support/input_file.h"
 #include "support/print.h"
 #include "support/texts.h"
 
@@ -58,7 +57,7 @@ std::string Heading(const TraceCall& call) {
 }
 
 void PrintAnswer(std::size_t indent, const std::string& answer) {
-    for (std::string line : SplitLines(answer)) {
+    for (std::string line : Split(answer, '\n')) {
         line.erase(0, line.find_first_not_of('\r'));
         line.erase(line.find_last_not_of('\r') + 1);
         if (!line.empty()) {
