@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/records.h"
+#include "detection/recipe.h"
 
 namespace tool {
 
@@ -48,5 +49,11 @@ struct Catalogue {
 // Reads the bytes of a catalogue in any form: source, stored or plain. Adds the findings about its
 // lines and their order.
 Catalogue ReadCatalogue(const std::string& bytes, Findings& findings);
+
+// Reads the recipe in a table of a catalogue as the library does. Without a table it has no steps.
+vel::Recipe ReadRecipe(const CatalogueTable* table);
+
+// The key that the recipe makes from an answer.
+std::string MakeKey(const vel::Recipe& recipe, const std::string& answer);
 
 }  // namespace tool

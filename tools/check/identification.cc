@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <map>
 
-#include "catalogue/recipe.h"
 #include "check/check.h"
 #include "detection/questions.h"
 #include "session/schema.h"

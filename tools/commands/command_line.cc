@@ -82,7 +82,7 @@ void RefuseIgnored(const CLI::App& app, const std::vector<std::string>& forDiall
 // Adds a subcommand. The caller adds its arguments, which fill the options.
 template <class Options>
 std::pair<CLI::App*, Options*> AddSubcommand(CommandLine& line, const char* name, const char* help,
-                                             int (*run)(const Options&), const char* footer,
+                                             int (*run)(const Options&), const std::string& footer,
                                              const std::vector<std::string>& forDiallers = {}) {
     CLI::App* const app = line.app.add_subcommand(name, help)->footer(footer);
     const auto options = std::make_shared<Options>();  // the callback keeps it alive
@@ -109,11 +109,15 @@ void AddCatalogue(CLI::App* app, std::string& catalogue) {
     AddFile(app, "CATALOGUE", catalogue)->required();
 }
 
-// Adds CATALOGUE, --json and --columns.
-void AddList(CLI::App* app, ReadOptions& options) {
-    AddCatalogue(app, options.catalogue);
-    AddJson(app, options.json);
-    AddColumns(app, options);
+// Adds a subcommand with CATALOGUE, --json and --columns.
+template <class Options>
+std::pair<CLI::App*, Options*> AddList(CommandLine& line, const char* name, const char* help,
+                                       int (*run)(const Options&), const char* footer) {
+    const auto [app, options] = AddSubcommand(line, name, help, run, footer);
+    AddCatalogue(app, options->catalogue);
+    AddJson(app, options->json);
+    AddColumns(app, *options);
+    return {app, options};
 }
 
 void AddVerbose(CLI::App* app, bool& verbose) {
@@ -136,8 +140,11 @@ void AddFormat(CLI::App* app, OutputFormat& format) {
 }
 
 void AddConversion(CommandLine& line, const char* name, const char* help, const char* from,
-                   const char* to, int (*run)(const ConvertOptions&), const char* footer) {
-    const auto [app, options] = AddSubcommand(line, name, help, run, footer);
+                   const char* to, int (*run)(const ConvertOptions&), const char* example) {
+    const auto [app, options] =
+        AddSubcommand(line, name, help, run,
+                      "Line ends become line feeds. Everything else comes back byte for byte.\n" +
+                          std::string(example));
     AddFile(app, from, options->input)->required();
     Add(app, "-o,--output", options->output, to, "file to write")->required();
     app->add_flag("--force", options->force, "replace an existing file");
@@ -295,34 +302,25 @@ void AddSubcommands(CommandLine& line) {
         " cannot be read.\nExample: velmor check my.source\n");
     AddCatalogue(check, checked->catalogue);
     AddJson(check, checked->json);
-    const auto [countries, listed] =
-        AddSubcommand(line, "countries", "Lists the countries as a host sees them.", RunCountries,
-                      "Example: velmor countries my.catalogue\n");
-    AddList(countries, *listed);
+    AddList(line, "countries", "Lists the countries as a host sees them.", RunCountries,
+            "Example: velmor countries my.catalogue\n");
     AddConversion(line, "decode", "Makes the source from a catalogue.", "CATALOGUE", "SOURCE",
-                  RunDecode,
-                  "Line ends become line feeds. Everything else comes back byte for byte.\n"
-                  "Example: velmor decode my.catalogue -o my.source\n");
+                  RunDecode, "Example: velmor decode my.catalogue -o my.source\n");
     AddDetect(line);
     AddDevices(line);
     AddDiff(line);
     AddConversion(line, "encode", "Makes a catalogue from its source.", "SOURCE", "CATALOGUE",
-                  RunEncode,
-                  "Line ends become line feeds. Everything else comes back byte for byte.\n"
-                  "Example: velmor encode my.source -o my.catalogue\n");
+                  RunEncode, "Example: velmor encode my.source -o my.catalogue\n");
     AddImport(line);
     AddPhone(line);
-    const auto [phones, known] =
-        AddSubcommand(line, "phones", "Lists the phones as a host sees them.", RunPhones,
-                      "Example: velmor phones my.catalogue\n");
-    AddList(phones, *known);
+    AddList(line, "phones", "Lists the phones as a host sees them.", RunPhones,
+            "Example: velmor phones my.catalogue\n");
     AddSetting(line);
     const auto [settings, offered] =
-        AddSubcommand(line, "settings",
-                      "Lists the dial-up settings of a country as a host sees them.", RunSettings,
-                      "Exit status 1 when the country has no settings.\n"
-                      "Example: velmor settings my.catalogue --country Norland\n");
-    AddList(settings, *offered);
+        AddList(line, "settings", "Lists the dial-up settings of a country as a host sees them.",
+                RunSettings,
+                "Exit status 1 when the country has no settings.\n"
+                "Example: velmor settings my.catalogue --country Norland\n");
     Add(settings, "--country", offered->country, "NAME", "name of the country")->required();
     AddShow(line);
     AddTrace(line);

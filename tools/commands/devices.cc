@@ -1,33 +1,30 @@
 // SPDX-License-Identifier: MIT
-// velmor devices: the serial devices that may be a phone.
+// velmor devices: the serial devices that may be a phone. velmor phone: plays a simulated phone,
+// for people and programs that have none.
+#include <unistd.h>
+
 #include <iostream>
 
 #include "commands/options.h"
 #include "device/port_search.h"
+#include "phone/player.h"
+#include "support/input_file.h"
 #include "support/interruption.h"
 #include "support/print.h"
 
 namespace tool {
 namespace {
 
-// The word for programs, and the text for people where there is no detail.
-std::pair<const char*, const char*> Words(PortState state) {
-    switch (state) {
-        case PortState::kAnswers:
-            return {"answers", "answers"};
-        case PortState::kBusy:
-            return {"busy", ""};
-        case PortState::kUnusable:
-            return {"unusable", ""};
-        case PortState::kOther:
-            return {"other", "sends something, but no answer to AT"};
-        case PortState::kSilent:
-            return {"silent", "silent"};
-        case PortState::kNotAsked:
-            return {"not-asked", "not asked, as that connects to it; --search 'rfcomm*' asks"};
-    }
-    return {};
-}
+// By state: the word for programs, and the text for people where there is no detail.
+constexpr std::pair<const char*, const char*> kStates[] = {
+    {"answers", "answers"},
+    {"busy", ""},
+    {"unusable", ""},
+    {"other", "sends something, but no answer to AT"},
+    {"silent", "silent"},
+    {"not-asked", "not asked, as that connects to it; --search 'rfcomm*' asks"},
+};
+static_assert(std::size(kStates) == static_cast<std::size_t>(PortState::kNotAsked) + 1);
 
 }  // namespace
 
@@ -38,7 +35,7 @@ int RunDevices(const DevicesOptions& options) {
     Json list = Json::array();
     int status = kExitFindings;
     for (const FoundDevice& device : devices) {
-        const auto [word, text] = Words(device.state);
+        const auto [word, text] = kStates[static_cast<std::size_t>(device.state)];
         Json ports = Json::array();
         for (const Port& port : device.ports) {
             ports.push_back(port.device);
@@ -60,6 +57,15 @@ int RunDevices(const DevicesOptions& options) {
         Print(rows, list, options.json);
     }
     return status;
+}
+
+int RunPhone(const PhoneOptions& options) {
+    const Interruption interruption;
+    PhonePlayer player(ParseProfile(ReadInput(options.profile), options.profile),
+                       !options.verbose && isatty(STDERR_FILENO) == 0);
+    std::cout << player.device() << std::endl;  // flushed: programs wait for this line
+    player.Play();
+    return kExitOk;
 }
 
 }  // namespace tool

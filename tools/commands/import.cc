@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // velmor import: makes a catalogue source from operators' data and a source of phones.
-#include <algorithm>
 #include <iostream>
 #include <optional>
 

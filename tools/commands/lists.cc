@@ -6,7 +6,6 @@
 #include "commands/options.h"
 #include "commands/usage.h"
 #include "host/session.h"
-#include "host/setting_format.h"
 #include "support/error.h"
 #include "support/utf8.h"
 

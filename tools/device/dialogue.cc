@@ -7,7 +7,6 @@
 #include "foundation/number.h"
 #include "session/schema.h"
 #include "support/interruption.h"
-#include "support/texts.h"
 
 namespace tool {
 namespace {

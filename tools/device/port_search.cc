@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "device/port_search.h"
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "foundation/number.h"
-#include "host/setting_format.h"
+#include "host/session.h"
 #include "session/schema.h"
 #include "support/error.h"
 #include "support/texts.h"

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-#include "catalogue/recipe.h"
+#include "catalogue/catalogue.h"
 #include "detection/answer.h"
 #include "detection/detection.h"
 #include "session/session.h"

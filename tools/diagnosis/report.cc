@@ -4,7 +4,7 @@
 #include <iostream>
 #include <set>
 
-#include "host/setting_format.h"
+#include "host/session.h"
 #include "support/utf8.h"
 
 namespace tool {

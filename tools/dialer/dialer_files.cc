@@ -9,7 +9,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "host/setting_format.h"
+#include "host/session.h"
 #include "support/error.h"
 #include "support/output_file.h"
 #include "support/utf8.h"

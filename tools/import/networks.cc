@@ -167,7 +167,6 @@ class NetworkPlan {
             ++report_[ReportLine::kNetworks];
             result_.networks.emplace_back();
             numbers_.emplace_back();
-            owners_.push_back(&entry->first);
         }
         return entry->second;
     }
@@ -186,12 +185,12 @@ class NetworkPlan {
     }
 
     void AddOffers() {
-        for (std::size_t i = 0; i < result_.networks.size(); ++i) {
-            Network& network = result_.networks[i];
+        for (const auto& [owners, index] : known_) {
+            Network& network = result_.networks[index];
             std::map<AccessPoint, std::size_t> known;  // to its index
-            for (const std::size_t owner : *owners_[i]) {
+            for (const std::size_t owner : owners) {
                 network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
-                const std::set<std::string>& numbers = numbers_[i][owner];
+                const std::set<std::string>& numbers = numbers_[index][owner];
                 for (const AccessPoint& point : operators_[owner].accessPoints) {
                     const auto [entry, isNew] = known.emplace(point, network.offers.size());
                     ++report_[isNew ? ReportLine::kSettings : ReportLine::kSettingsRepeated];
@@ -215,8 +214,8 @@ class NetworkPlan {
     ImportReport& report_;
     Networks result_;
     std::map<std::vector<std::size_t>, std::size_t> known_;  // operators to their network
-    std::vector<const std::vector<std::size_t>*> owners_;    // of each network, in known_
-    std::vector<std::map<std::size_t, std::set<std::string>>> numbers_;  // the same, by operator
+    std::vector<std::map<std::size_t, std::set<std::string>>>
+        numbers_;  // of each network, by operator
     std::map<std::string, std::size_t> networkOfNumber_;
     std::map<std::size_t, std::set<std::size_t>> networksOf_;  // operator to its networks
     std::set<std::string> texts_;                              // of all keys

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/recipe.h"
+#include "catalogue/catalogue.h"
 #include "import/providers.h"
 
 namespace tool {

@@ -11,6 +11,11 @@
 namespace tool {
 namespace {
 
+std::size_t Count(const pugi::xml_node& node, const char* name) {
+    const auto children = node.children(name);
+    return static_cast<std::size_t>(std::distance(children.begin(), children.end()));
+}
+
 // Reads the XML elements and counts the decisions.
 class ProvidersReader {
   public:
@@ -38,11 +43,6 @@ class ProvidersReader {
     Providers Take() { return std::move(providers_); }
 
   private:
-    static std::size_t Count(const pugi::xml_node& node, const char* name) {
-        const auto children = node.children(name);
-        return static_cast<std::size_t>(std::distance(children.begin(), children.end()));
-    }
-
     void ReadOperator(const pugi::xml_node& node, const std::string& country) {
         Operator result;
         result.name = Name(node);
@@ -162,12 +162,10 @@ class ProvidersReader {
 
 Providers ReadProviders(const std::string& path, ImportReport& report) {
     const XmlFile file(path, "serviceproviders", "a list of service providers");
-    const auto countries = file.Root().children("country");
-    const Progress progress("countries read", static_cast<std::size_t>(std::distance(
-                                                  countries.begin(), countries.end())));
+    const Progress progress("countries read", Count(file.Root(), "country"));
     ProvidersReader reader(report);
     std::size_t done = 0;
-    for (const pugi::xml_node& country : countries) {
+    for (const pugi::xml_node& country : file.Root().children("country")) {
         reader.ReadCountry(country);
         progress.Show(++done);
     }

@@ -69,13 +69,6 @@ std::size_t TerminalWidth() {
     return columns == nullptr ? 0 : std::strtoul(columns, nullptr, 10);
 }
 
-// Throws a ToolError when the column is not known.
-void RequireColumn(const std::string& column, const std::vector<std::string>& known) {
-    if (std::find(known.begin(), known.end(), column) == known.end()) {
-        throw ToolError("--columns ", column, ": is no column; there are ", Join(known, ", "));
-    }
-}
-
 }  // namespace
 
 void PrintJson(const Json& json) {
@@ -99,7 +92,9 @@ void PrintList(const Json& list, const std::vector<std::string>& members,
                const std::string& columns, bool json) {
     const TextRow names = columns.empty() ? members : Split(columns, ',');
     for (const std::string& name : names) {
-        RequireColumn(name, members);
+        if (std::find(members.begin(), members.end(), name) == members.end()) {
+            throw ToolError("--columns ", name, ": is no column; there are ", Join(members, ", "));
+        }
     }
     std::vector<TextRow> lines{names};
     Json objects = Json::array();

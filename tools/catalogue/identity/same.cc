@@ -76,11 +76,7 @@ std::string DialledValuesOfNetwork(const Item& item, const Side& side) {
             values.insert(Concat(column, "\n", value));
         }
     }
-    std::string text = "=";
-    for (const std::string& value : values) {
-        text += "\n" + value;
-    }
-    return OfNetwork(item, side, text);
+    return OfNetwork(item, side, "=" + Join(values, "\n"));  // never empty
 }
 
 std::string TitleOfNetwork(const Item& item, const Side& side) {
