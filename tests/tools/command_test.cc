@@ -157,19 +157,26 @@ const ShellRow kRows[] = {
 };
 
 // Lines in a folder with some files. No row leaves a new file or changes one that is there.
-TEST(Command, Gives) {
+class CommandLine : public testing::TestWithParam<ShellRow> {};
+
+TEST_P(CommandLine, Gives) {
     fs::create_directories("dir");
     WriteFile("sample", ReadFile(VELMOR_SAMPLE_CATALOGUE));
-    using Files = fs::recursive_directory_iterator;
-    for (const ShellRow& row : kRows) {
-        for (const char* name : {"out", "input", "kept"}) {
-            WriteFile(name, "as it was");
-        }
-        const auto before = std::distance(Files("."), Files());
-        ExpectRow(row);
-        EXPECT_EQ(std::distance(Files("."), Files()), before) << row.line;
-        EXPECT_EQ(ReadFile("kept"), "as it was") << row.line;
+    for (const char* name : {"out", "input", "kept"}) {
+        WriteFile(name, "as it was");
     }
+    using Files = fs::recursive_directory_iterator;
+    const auto before = std::distance(Files("."), Files());
+    ExpectRow(GetParam());
+    EXPECT_EQ(std::distance(Files("."), Files()), before);
+    EXPECT_EQ(ReadFile("kept"), "as it was");
 }
+
+// Named after the line and what it must give, without folders and how the completion is asked.
+INSTANTIATE_TEST_SUITE_P(, CommandLine, testing::ValuesIn(kRows), [](const auto& row) {
+    const std::string text = Replaced(row.param.line + " " + row.param.words,
+                                      "^velmor |[^ ]+/|^bash.*WORDS=|; COMP_CWORD.*\n", "");
+    return Replaced(text.substr(0, 120), "[^A-Za-z0-9]+", "_");
+});
 
 }  // namespace
