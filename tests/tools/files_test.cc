@@ -64,7 +64,7 @@ TEST(Files, AreKept) {
          2, "new: is a directory"},
         // Signals, also when they come before the work.
         {kStop + "check pipe", 130, ""},
-        {kStop + "detect pipe --phone kept", 2, "kept: line 1"},
+        {"timeout 60 " VELMOR_COMMAND " detect pipe --phone kept", 2, "kept: line 1"},  // at once
         {kStop + "detect sample --phone pipe", 130, "pipe: interrupted"},
         {kStop + "detect pipe --device kept", 130, "pipe: interrupted"},
         {kStop + "phone pipe", 130, "pipe: interrupted"},
