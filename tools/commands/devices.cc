@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
-// velmor devices: the serial devices that may be a phone. velmor phone: plays a simulated phone,
-// for people and programs that have none.
-#include <unistd.h>
-
+// velmor devices: the serial devices that may be a phone.
 #include <iostream>
 
 #include "commands/options.h"
 #include "device/port_search.h"
-#include "phone/player.h"
-#include "support/input_file.h"
 #include "support/interruption.h"
 #include "support/print.h"
 
@@ -57,15 +52,6 @@ int RunDevices(const DevicesOptions& options) {
         Print(rows, list, options.json);
     }
     return status;
-}
-
-int RunPhone(const PhoneOptions& options) {
-    const Interruption interruption;
-    PhonePlayer player(ParseProfile(ReadInput(options.profile), options.profile),
-                       !options.verbose && isatty(STDERR_FILENO) == 0);
-    std::cout << player.device() << std::endl;  // flushed: programs wait for this line
-    player.Play();
-    return kExitOk;
 }
 
 }  // namespace tool
