@@ -55,7 +55,7 @@ const struct {
      "Value \" -.\" -> \" -\"\n"},
     {"#Countries#ID", "#X#A#\nE#1#\nE#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#Countries#ID",
      "+ row \"X: A 1\"\n"},
-    // Countries. One with another name is the same while its settings are.
+    // Countries: the same by their code of two letters, else by their name.
     {"#le#Leerland", "#xx#Leer", "+ country \"Leer\"\n- country \"Leerland\"\n"},
     {"Norland", "Nordland", "~ country \"Nordland\": Name \"Norland\" -> \"Nordland\"\n"},
     {"#Y#su###N#", "#Y#le###N#",
