@@ -146,7 +146,7 @@ const ShellRow kRows[] = {
     {kWithList + "input; rm out.file", 0, "input:2: is no JSON; --iso takes iso_3166-1.json",
      "{\n"},
     {kWithList + "input; rm out.file", 0, "input: is no list of countries; --iso takes", "{}"},
-    {Completed("d"), 0, "decode detect devices diff\n"},
+    {Completed("d"), 0, "decode detect devices dial diff\n"},
     {Completed("--v"), 0, "--version\n"},
     {Completed("encode --"), 0, "--help --output --force\n"},
     {Completed("detect x --contract \"\""), 0, "prepaid postpaid\n"},

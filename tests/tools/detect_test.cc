@@ -212,7 +212,7 @@ struct Link {
     explicit Link(const std::string& profile)
         : phone((WriteFile("profile", profile), "profile")),
           line(phone.device(), 115200),
-          dialogue(line, {}, 1, true) {}
+          dialogue(line, 0, 1, true) {}
 
     PlayedPhone phone;
     SerialLine line;

@@ -15,6 +15,7 @@ namespace tool {
 namespace {
 
 constexpr long kHighestId = INT32_MAX;
+constexpr char kUsualCatalogue[] = "default: " VELMOR_CATALOGUE;
 
 // The command line, and the exit status of the subcommand that ran.
 struct CommandLine {
@@ -128,7 +129,7 @@ void AddVerbose(CLI::App* app, bool& verbose) {
 // Adds --format, --json, --output and --force.
 void AddFormat(CLI::App* app, OutputFormat& format) {
     CLI::Option* const name = Add(app, "--format", format.name, "FORMAT",
-                                  "text, json, ppp (pppd and chat), wvdial or networkmanager")
+                                  "text, json, ppp (for pppd), wvdial or networkmanager")
                                   ->check(CLI::IsMember(std::vector<std::string>{
                                       "text", "json", "ppp", "wvdial", "networkmanager"}));
     app->add_flag_callback(
@@ -137,6 +138,32 @@ void AddFormat(CLI::App* app, OutputFormat& format) {
     Add(app, "-o,--output", format.directory, "DIRECTORY",
         "with --format ppp or networkmanager: write the files there");
     app->add_flag("--force", format.force, "replace existing files");
+}
+
+// Adds --pin-file.
+void AddPinFile(CLI::App* app, std::string& file) {
+    Add(app, "--pin-file", file, "FILE",
+        "unlock the SIM card with the PIN in this file, which only you may read");
+}
+
+// Adds --device, --search and --baud, and returns the group of the first two.
+CLI::App* AddLink(CLI::App* app, DialerLink& link, std::string& search) {
+    CLI::App* const source = app->add_option_group("phone")->require_option(0, 1);
+    Add(source, "--device", link.device, "PATH",
+        "serial device of the phone; default: the one that answers");
+    Add(source, "--search", search, "PATTERN",
+        "take the one that answers among these devices; see velmor devices");
+    Add(app, "--baud", link.baud, "N", "speed of the device; default 115200");
+    return source;
+}
+
+// Adds --timeout and --like.
+void AddDetection(CLI::App* app, double& timeout, long& like) {
+    Add(app, "--timeout", timeout, "SECONDS", "limit for each AT command; default 10")
+        ->check(CLI::Range(0.01, 3600.0));
+    Add(app, "--like", like, "PHONE-ID",
+        "ID of the fallback phone: an unknown phone is dialled with its rows")
+        ->check(CLI::Range(1L, kHighestId));
 }
 
 void AddConversion(CommandLine& line, const char* name, const char* help, const char* from,
@@ -150,6 +177,58 @@ void AddConversion(CommandLine& line, const char* name, const char* help, const 
     app->add_flag("--force", options->force, "replace an existing file");
 }
 
+void AddConnect(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "connect", "Brings the device online through its phone, and keeps it online.",
+        RunConnect,
+        "Needs pppd, and root. Exit status: 2 trouble, 3 no phone, 4 SIM card, 5 no registration, "
+        "6\n"
+        "no setting, 7 refused, 8 credentials refused, 9 link lost (--once); 128 and its number\n"
+        "after a signal.\n"
+        "Example: velmor connect --pin-file /etc/velmor/pin\n");
+    AddFile(app, "CATALOGUE", options->catalogue, kUsualCatalogue);
+    AddLink(app, options->link, options->search);
+    AddDetection(app, options->timeout, options->like);
+    CLI::Option* const apn =
+        Add(app, "--apn", options->own.name, "NAME", "try this access point first");
+    apn->each([own = &options->own](const std::string&) { own->given = true; });
+    Add(app, "--user", options->own.user, "NAME", "user for --apn")->needs(apn);
+    Add(app, "--password", options->own.password, "TEXT", "password for --apn")->needs(apn);
+    AddPinFile(app, options->pinFile);
+    Add(app, "--registration", options->registration, "SECONDS",
+        "wait so long until the phone is registered; default 120")
+        ->check(CLI::Range(0.0, 86400.0));
+    app->add_flag("--no-roaming", options->noRoaming, "stay in the operator's own network");
+    CLI::Option* const none =
+        app->add_flag("--no-default-route", options->noRoute, "leave the default route as it is");
+    app->add_flag("--replace-default-route", options->replaceRoute,
+                  "take the default route even where there is one")
+        ->excludes(none);
+    app->add_flag("--once", options->once, "end when the link ends, or cannot be established");
+    Add(app, "--tries", options->tries, "N", "end after so many failures in a row; default 3")
+        ->check(CLI::Range(1L, kHighestId));
+    Add(app, "--state", options->state, "FOLDER",
+        "where to remember what worked; default $STATE_DIRECTORY, else /var/lib/velmor");
+    AddVerbose(app, options->verbose);
+    app->add_flag("--json", options->json, "print an object for each step");
+}
+
+void AddDial(CommandLine& line) {
+    const auto [app, options] = AddSubcommand(
+        line, "dial", "Dials for pppd: its option connect starts this command.", RunDial,
+        "The line is standard input and output. SCRIPT holds AT commands, a line each; a command\n"
+        "that dials ends an attempt, and what follows is the next one. Exit statuses are those of\n"
+        "velmor connect.\n"
+        "Example: pppd /dev/ttyACM0 connect 'velmor dial /etc/ppp/peers/velmor.dial'\n");
+    AddFile(app, "SCRIPT", options->script, "AT commands")->required();
+    Add(app, "--undo", options->undo, "SCRIPT", "commands that follow a failure");
+    Add(app, "--registration", options->registration, "SECONDS",
+        "wait so long until the phone is registered; default 60")
+        ->check(CLI::Range(0.0, 86400.0));
+    AddPinFile(app, options->pinFile);
+    AddVerbose(app, options->verbose);
+}
+
 void AddDetect(CommandLine& line) {
     const auto [app, options] = AddSubcommand(
         line, "detect", "Detects the phone on a serial device and shows the settings that fit.",
@@ -159,17 +238,11 @@ void AddDetect(CommandLine& line) {
         "Exit status 1 when no setting is ready to dial.\n"
         "Example: velmor detect my.catalogue --device /dev/rfcomm0\n",
         {"--setting"});
-    AddCatalogue(app, options->catalogue);
-    CLI::App* const source = app->add_option_group("phone")->require_option(0, 1);
-    Add(source, "--device", options->link.device, "PATH",
-        "serial device of the phone; default: the one that answers");
-    Add(source, "--search", options->search, "PATTERN",
-        "take the one that answers among these devices; see velmor devices");
+    AddFile(app, "CATALOGUE", options->catalogue, kUsualCatalogue);
+    CLI::App* const source = AddLink(app, options->link, options->search);
     Add(source, "--phone", options->profile, "PROFILE",
         "play this profile instead of a real phone");
-    Add(app, "--baud", options->link.baud, "N", "speed of the device; default 115200");
-    Add(app, "--timeout", options->timeout, "SECONDS", "limit for each AT command; default 10")
-        ->check(CLI::Range(0.01, 3600.0));
+    AddDetection(app, options->timeout, options->like);
     Add(app, "--probe", options->probe, "SECONDS",
         "wait so long for any answer before the detection; default 0.9; 0: do not ask")
         ->check(CLI::Range(0.0, 3600.0));
@@ -182,11 +255,7 @@ void AddDetect(CommandLine& line) {
     Add(app, "--contract", options->choice.contract, "KIND",
         "only settings for this contract: prepaid or postpaid")
         ->check(CLI::IsMember(std::vector<std::string>{"prepaid", "postpaid"}));
-    Add(app, "--like", options->like, "PHONE-ID",
-        "ID of the fallback phone: an unknown phone is dialled with its rows")
-        ->check(CLI::Range(1L, kHighestId));
-    Add(app, "--pin-file", options->pinFile, "FILE",
-        "unlock the SIM card with the PIN in this file, which only you may read");
+    AddPinFile(app, options->pinFile);
     AddVerbose(app, options->verbose);
     AddFormat(app, options->format);
 }
@@ -304,10 +373,12 @@ void AddSubcommands(CommandLine& line) {
     AddJson(check, checked->json);
     AddList(line, "countries", "Lists the countries as a host sees them.", RunCountries,
             "Example: velmor countries my.catalogue\n");
+    AddConnect(line);
     AddConversion(line, "decode", "Makes the source from a catalogue.", "CATALOGUE", "SOURCE",
                   RunDecode, "Example: velmor decode my.catalogue -o my.source\n");
     AddDetect(line);
     AddDevices(line);
+    AddDial(line);
     AddDiff(line);
     AddConversion(line, "encode", "Makes a catalogue from its source.", "SOURCE", "CATALOGUE",
                   RunEncode, "Example: velmor encode my.source -o my.catalogue\n");

@@ -5,8 +5,8 @@
 #include <iostream>
 #include <optional>
 
+#include "commands/devices.h"
 #include "commands/options.h"
-#include "device/port_search.h"
 #include "diagnosis/report.h"
 #include "host/session.h"
 #include "phone/player.h"
@@ -19,20 +19,18 @@
 namespace tool {
 namespace {
 
-// Returns the device that answers; empty when there is none.
-std::string FindDevice(const std::string& pattern, unsigned baud) {
-    std::string device = TheOneThatAnswers(SearchPorts({pattern, baud, {}}));
-    std::cerr << "velmor: "
-              << (device.empty() ? "no device answers; velmor devices says why, --device asks one\n"
-                                 : device + " answers\n");
-    return device;
-}
-
 // The questions of the library, then the questions about the SIM card.
 std::string RecordingOf(const Detection& found, bool gone) {
     std::vector<Exchange> exchanges = found.dialogue;
     exchanges.insert(exchanges.end(), found.card.questions.begin(), found.card.questions.end());
     return WriteProfile(exchanges, "velmor detect --record", gone);
+}
+
+// Whether something at the other end answers. Ends a call that nobody ended.
+bool Reaches(Dialogue& dialogue, double seconds) {
+    const Dialogue::Reply reply = dialogue.Probe(seconds);
+    return reply == Dialogue::Reply::kFrames ? dialogue.LeaveCall(seconds)
+                                             : reply != Dialogue::Reply::kNone;
 }
 
 // Asks the phone. The device has its former parameters again when this returns.
@@ -41,10 +39,10 @@ Detection AskPhone(const DialerLink& link, const std::string& catalogueBytes,
     Findings ignored;
     const Catalogue catalogue = ReadCatalogue(catalogueBytes, ignored);
     SerialLine line(link.device, link.baud);
-    Dialogue dialogue(line, catalogue, options.timeout,
+    Dialogue dialogue(line, LibraryPatience(catalogue), options.timeout,
                       !options.verbose && isatty(STDERR_FILENO) == 0);
     Detection found;
-    if (options.probe == 0 || dialogue.Probe(options.probe)) {
+    if (options.probe == 0 || Reaches(dialogue, options.probe)) {
         found = Detect(dialogue, {catalogue, options.like, pin});
     }
     if (!found.pinProblem.empty()) {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // velmor devices: the serial devices that may be a phone.
+#include "commands/devices.h"
+
 #include <iostream>
 
 #include "commands/options.h"
@@ -22,6 +24,14 @@ constexpr std::pair<const char*, const char*> kStates[] = {
 static_assert(std::size(kStates) == static_cast<std::size_t>(PortState::kNotAsked) + 1);
 
 }  // namespace
+
+std::string FindDevice(const std::string& pattern, unsigned baud) {
+    std::string device = TheOneThatAnswers(SearchPorts({pattern, baud, {}}));
+    std::cerr << "velmor: "
+              << (device.empty() ? "no device answers; velmor devices says why, --device asks one\n"
+                                 : device + " answers\n");
+    return device;
+}
 
 int RunDevices(const DevicesOptions& options) {
     const Interruption interruption;

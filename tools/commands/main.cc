@@ -14,13 +14,35 @@
 
 const char* const vel::kTraceLogPath = VELMOR_TRACE_LOG;
 
+namespace {
+
+// Overwrites the values of --user and --password, which a process list would show.
+void HideSecrets(char** arguments) {
+    bool secret = false;
+    for (; *arguments != nullptr; ++arguments) {
+        const std::string word = *arguments;
+        const bool named = word == "--user" || word == "--password";
+        const bool joined =
+            tool::BeginsWith(word, "--user=") || tool::BeginsWith(word, "--password=");
+        if (secret || joined) {
+            const std::size_t start = joined ? word.find('=') + 1 : 0;
+            std::fill(*arguments + start, *arguments + word.size(), 'x');
+        }
+        secret = named;
+    }
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     // A write beyond the limit of a file's size then fails like any other write.
     std::signal(SIGXFSZ, SIG_IGN);
     try {
         const std::string version =
             tool::Concat(VELMOR_TOOL_VERSION " (interface ", Velmor_GetVersionLibrary(), ")");
-        const int status = tool::RunCommandLine(version, {argv + std::min(argc, 1), argv + argc});
+        const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+        HideSecrets(argv);
+        const int status = tool::RunCommandLine(version, words);
         if (!std::cout.flush()) {
             throw tool::ToolError("standard output: cannot be written");
         }

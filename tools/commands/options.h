@@ -7,12 +7,25 @@
 
 #include "device/port_search.h"
 #include "diagnosis/detection.h"
+#include "dialer/candidates.h"
 #include "dialer/dialer_files.h"
 
 namespace tool {
 
-// The exit statuses of all commands: success, findings or nothing found, failure.
-enum ExitStatus { kExitOk = 0, kExitFindings = 1, kExitTrouble = 2 };
+// The exit statuses of all commands: success, findings or nothing found, failure. Those behind them
+// are of connect and dial. A signal gives 128 and its number.
+enum ExitStatus {
+    kExitOk = 0,
+    kExitFindings = 1,
+    kExitTrouble = 2,
+    kExitNoPhone = 3,       // no phone is attached, or it does not answer
+    kExitCard = 4,          // the SIM card is missing, locked or broken
+    kExitRegistration = 5,  // not registered with a network, or not with an allowed one
+    kExitNoSetting = 6,     // no setting for the network, or no dial row for the phone
+    kExitRefused = 7,       // the phone or the network takes no setting
+    kExitCredentials = 8,   // the network refuses user or password
+    kExitLost = 9,          // the link was up and has ended
+};
 
 // velmor check, countries and phones
 struct ReadOptions {
@@ -93,7 +106,7 @@ int RunSetting(const SettingOptions& options);
 
 // velmor detect
 struct DetectOptions {
-    std::string catalogue;
+    std::string catalogue = VELMOR_CATALOGUE;
     DialerLink link;
     std::string profile;
     std::string search;
@@ -109,6 +122,39 @@ struct DetectOptions {
 };
 
 int RunDetect(const DetectOptions& options);
+
+// velmor connect
+struct ConnectOptions {
+    std::string catalogue = VELMOR_CATALOGUE;
+    DialerLink link;
+    std::string search;
+    double timeout = 10;
+    double registration = 120;  // seconds to wait for it
+    long like = 0;              // as in DetectOptions
+    OwnAccessPoint own;
+    std::string pinFile;
+    std::string state;  // a folder; empty: the usual one
+    bool noRoaming = false;
+    bool noRoute = false;
+    bool replaceRoute = false;
+    bool once = false;
+    unsigned tries = 3;
+    bool verbose = false;
+    bool json = false;
+};
+
+int RunConnect(const ConnectOptions& options);
+
+// velmor dial
+struct DialOptions {
+    std::string script;
+    std::string undo;
+    double registration = 60;
+    std::string pinFile;
+    bool verbose = false;
+};
+
+int RunDial(const DialOptions& options);
 
 // velmor phone
 struct PhoneOptions {

@@ -2,11 +2,13 @@
 #include "device/dialogue.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "detection/final_result.h"
 #include "foundation/number.h"
 #include "session/schema.h"
 #include "support/interruption.h"
+#include "support/texts.h"
 
 namespace tool {
 namespace {
@@ -21,6 +23,14 @@ constexpr double kDefaultWait = 1000;
 constexpr int kProbes = 3;
 constexpr double kSilence = 0.3;
 constexpr double kMostTalk = 3;
+
+// An LCP Terminate-Request (RFC 1661) as a frame with its checksum (RFC 1662). Bytes that a line
+// could take for control characters are escaped.
+constexpr char kTerminate[] = "~\xFF}#\xC0!}%}!} }$=\xC7~";
+// How the frames of a phone begin that wants to negotiate: the same header, as LCP sends it.
+constexpr char kFrameHeader[] = "~\xFF}#\xC0!";
+// The silence before and behind the escape sequence is one second (ITU-T V.250, S12).
+constexpr double kGuard = 1.1;
 
 // A wait is shown after each second.
 constexpr double kStep = 1;
@@ -38,17 +48,6 @@ double WaitOf(long timeout) {
     return (timeout < 0 ? kDefaultWait : static_cast<double>(timeout)) / 1000;
 }
 
-// How long the library waits for a byte with this catalogue.
-double PatienceOf(const Catalogue& catalogue) {
-    const auto number = [&](const char* variable) {
-        using namespace vel::schema;
-        const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
-        return vel::ReadNumber(variables.LookUp(kVariable, variable, kValue).c_str(), -1);
-    };
-    return (1.0 + std::max(number(vel::schema::kAtRetry), 0)) *
-           WaitOf(number(vel::schema::kAtTimeOut));
-}
-
 // Whether the last line of an answer is complete and a final result code.
 bool IsFinal(const std::string& answer) {
     if (answer.empty() || answer.back() != '\n') {
@@ -59,11 +58,32 @@ bool IsFinal(const std::string& answer) {
     return vel::ResultForHost(&answer[start], end - start) != vel::FinalResult::kNone;
 }
 
+// How many final result codes there are. Probe can meet a phone that tells them as numbers (ITU-T
+// V.250, ATV0): it answers AT with 0 and a carriage return.
+int CountResults(const std::string& answer) {
+    int count = 0;
+    for (const std::string& part : Split(answer, '\r')) {
+        const std::string line = part.substr(std::min(part.find_first_not_of('\n'), part.size()));
+        const bool result = vel::ResultForHost(line.data(), line.size()) != vel::FinalResult::kNone;
+        count += result || line == "0" ? 1 : 0;
+    }
+    return count;
+}
+
 }  // namespace
 
-Dialogue::Dialogue(SerialLine& line, const Catalogue& catalogue, double secondsPerCommand,
-                   bool silent)
-    : line_(line), limit_(secondsPerCommand), patience_(PatienceOf(catalogue)), log_(silent) {
+double LibraryPatience(const Catalogue& catalogue) {
+    const auto number = [&](const char* variable) {
+        using namespace vel::schema;
+        const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
+        return vel::ReadNumber(variables.LookUp(kVariable, variable, kValue).c_str(), -1);
+    };
+    return (1.0 + std::max(number(vel::schema::kAtRetry), 0)) *
+           WaitOf(number(vel::schema::kAtTimeOut));
+}
+
+Dialogue::Dialogue(SerialLine& line, double patience, double secondsPerCommand, bool silent)
+    : line_(line), limit_(secondsPerCommand), patience_(patience), log_(silent) {
     current = this;
 }
 
@@ -81,8 +101,8 @@ DialogueState Dialogue::State() const {
     return abandoned_ ? DialogueState::kAbandoned : DialogueState::kOpen;
 }
 
-bool Dialogue::Write(const std::string& command) {
-    return line_.Write(command, static_cast<int>(limit_ * 1000)) == command.size();
+bool Dialogue::Write(const std::string& bytes) {
+    return line_.Write(bytes, static_cast<int>(limit_ * 1000)) == bytes.size();
 }
 
 bool Dialogue::Await(char& byte, double seconds, double total) {
@@ -138,29 +158,76 @@ std::string Dialogue::Ask(const std::string& command, double seconds, const char
     return answer;
 }
 
-bool Dialogue::Probe(double seconds) {
+Dialogue::Reply Dialogue::Probe(double seconds) {
     const std::string command = "AT\r";
-    bool answered = false;
-    for (int i = 0; i < kProbes && !answered && IsOpen(); ++i) {
+    const double start = log_.Seconds();
+    std::string heard;
+    int sent = 0;
+    const auto hear = [&](double silence, double end) {
+        const double left = std::min(silence, end - log_.Seconds());
+        char byte = 0;
+        const double total = std::max(left, start + seconds - log_.Seconds());
+        if (left <= 0 || heard.size() >= kMostBytes || !Await(byte, left, total)) {
+            return false;
+        }
+        log_.Answer(byte);
+        heard += byte;
+        return true;
+    };
+    for (double end = start; sent < kProbes && CountResults(heard) == 0 && IsOpen();) {
         log_.Command(command);
         Write(command);
-        // The echo alone is no answer: a loopback or a terminal sends back every byte.
-        const double end = log_.Seconds() + seconds / kProbes;
-        std::size_t echo = 0;
-        for (double left = seconds / kProbes; left > 0 && !answered; left = end - log_.Seconds()) {
-            char byte = 0;
-            if (!Await(byte, left, left + seconds * (kProbes - 1 - i) / kProbes)) {
-                break;
-            }
-            log_.Answer(byte);
-            answered = echo == command.size() || byte != command[echo++];
+        ++sent;
+        end += seconds / kProbes;
+        while (CountResults(heard) == 0 && hear(seconds, end)) {
         }
     }
-    const double heard = log_.Seconds();
-    while (answered && log_.Seconds() - heard < kMostTalk && Listen(kSilence, 0)) {
+    // A phone that is slow with one answer is slow with the next.
+    const double first = log_.Seconds();
+    const double silence = std::max(first - start, 0.0) + kSilence;
+    while (!heard.empty() && CountResults(heard) < sent && hear(silence, first + kMostTalk)) {
+    }
+    while (!heard.empty() && hear(kSilence, first + kMostTalk)) {
     }
     log_.EndAnswer();
-    return answered;
+    if (CountResults(heard) > 0) {
+        return Reply::kResult;
+    }
+    if (heard.find(kFrameHeader) != std::string::npos) {
+        return Reply::kFrames;
+    }
+    // The echo alone is no answer: a loopback or a terminal sends back every byte.
+    std::string echo;
+    while (echo.size() < heard.size()) {
+        echo += command;
+    }
+    return heard == echo.substr(0, heard.size()) ? Reply::kNone : Reply::kOther;
+}
+
+bool Dialogue::LeaveCall(double seconds) {
+    const auto terminate = [this] {
+        log_.Command("LCP Terminate-Request");
+        Write(kTerminate);
+    };
+    const auto escape = [this] {
+        Pause(kGuard);
+        log_.Command("+++");
+        Write("+++");
+        Pause(kGuard);
+        Ask("ATH", kMostTalk);
+    };
+    const std::function<void()> ways[] = {terminate, [this] { line_.DropDtr(); }, escape};
+    for (const auto& way : ways) {
+        if (!IsOpen()) {
+            return false;
+        }
+        way();
+        Pause(kSilence);
+        if (Probe(seconds) == Reply::kResult) {
+            return true;
+        }
+    }
+    return false;
 }
 
 // The library reads byte by byte.

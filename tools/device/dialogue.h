@@ -23,8 +23,9 @@ enum class DialogueState {
 // limit of bytes end each command, whatever the phone sends and the catalogue says.
 class Dialogue {
   public:
-    // The line must outlive the dialogue. The catalogue says how long the library waits for a byte.
-    Dialogue(SerialLine& line, const Catalogue& catalogue, double secondsPerCommand, bool silent);
+    // The line must outlive the dialogue. `patience`: the seconds that the library waits for a
+    // byte, see LibraryPatience; only for what a terminal shows.
+    Dialogue(SerialLine& line, double patience, double secondsPerCommand, bool silent);
     ~Dialogue();
     Dialogue(const Dialogue&) = delete;
     Dialogue& operator=(const Dialogue&) = delete;
@@ -32,10 +33,23 @@ class Dialogue {
     static long Read(char* buffer, long count, long timeout);
     static long Send(const char* buffer, long length);
 
-    // Sends AT up to three times within these seconds until more than the echo comes. Then reads
-    // until the phone is silent, so that a late answer is not taken for that to the next command.
-    // Returns whether more than the echo came. Adds no exchange.
-    bool Probe(double seconds);
+    // What came after AT.
+    enum class Reply {
+        kNone,    // nothing, or only the echo
+        kOther,   // bytes, but no result code
+        kFrames,  // PPP frames: the phone is in a call that nobody ended
+        kResult,  // a final result code
+    };
+    // Sends AT up to three times within these seconds until a final result code comes. Then waits
+    // for the answer to each AT that was sent: a late one would be taken for that to the next
+    // command. Adds no exchange.
+    Reply Probe(double seconds);
+
+    // Leaves a call that nobody ended. The phone then takes bytes for data and sends PPP frames, or
+    // nothing. Tries in this order: an end of the link (LCP Terminate-Request, RFC 1661), the line
+    // DTR, the escape sequence (ITU-T V.250: +++ between two pauses) and ATH. Returns whether the
+    // phone answers to AT within `seconds` after one of them. Adds no exchange.
+    bool LeaveCall(double seconds);
 
     // Sends a command of the host, given without its carriage return. Returns all that the phone
     // sends up to a final result code, or until the seconds are over and the phone is silent. The
@@ -55,8 +69,8 @@ class Dialogue {
   private:
     bool ReadByte(char& byte, long timeout);
     bool SendCommand(const std::string& command);
-    // Writes a command within the limit. Returns whether the line took all of it.
-    bool Write(const std::string& command);
+    // Writes bytes within the limit. Returns whether the line took all of them.
+    bool Write(const std::string& bytes);
     // Reads a byte within the seconds. On a terminal it shows the seconds that are left of `total`.
     bool Await(char& byte, double seconds, double total);
     // Reads and shows a byte that belongs to no exchange.
@@ -70,5 +84,8 @@ class Dialogue {
     double overSince_ = -1;  // when the command was first over; negative: it is not
     bool abandoned_ = false;
 };
+
+// How long the library waits for a byte with this catalogue, in seconds.
+double LibraryPatience(const Catalogue& catalogue);
 
 }  // namespace tool

@@ -13,4 +13,10 @@ struct Exchange {
     double answered = 0;  // when the last byte came
 };
 
+// The answer's last line with this beginning; empty when there is none.
+std::string LineWith(std::string answer, const std::string& beginning);
+
+// Whether the answer ends in OK.
+bool IsOk(const std::string& answer);
+
 }  // namespace tool

@@ -64,13 +64,21 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     MakeRaw(path, baud);
 }
 
+SerialLine::SerialLine(int descriptor) : SerialLine() {
+    descriptor_ = descriptor;
+    borrowed_ = true;
+    MakeRaw("standard input", 0);
+}
+
 SerialLine::~SerialLine() {
-    if (changed_) {
+    if (changed_ && !borrowed_) {
         tcflush(descriptor_, TCIOFLUSH);  // close would wait until the device takes all bytes
-        tcsetattr(descriptor_, TCSANOW, &saved_);
         ioctl(descriptor_, TIOCNXCL);
     }
-    if (descriptor_ >= 0) {
+    if (changed_) {
+        tcsetattr(descriptor_, TCSANOW, &saved_);
+    }
+    if (descriptor_ >= 0 && !borrowed_) {
         close(descriptor_);
     }
 }
@@ -85,7 +93,6 @@ speed_t SerialLine::Speed(unsigned baud) {
 }
 
 void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
-    const speed_t speed = Speed(baud);
     if (tcgetattr(descriptor_, &saved_) != 0) {
         throw ToolError(path, ": the line parameters cannot be read: ", std::strerror(errno));
     }
@@ -98,8 +105,12 @@ void SerialLine::MakeRaw(const std::string& path, unsigned baud) {
     raw.c_cflag |= CLOCAL | CREAD;
     raw.c_cc[VMIN] = 1;
     raw.c_cc[VTIME] = 0;
-    cfsetspeed(&raw, speed);
-    ioctl(descriptor_, TIOCEXCL);
+    if (baud != 0) {
+        cfsetspeed(&raw, Speed(baud));
+    }
+    if (!borrowed_) {
+        ioctl(descriptor_, TIOCEXCL);
+    }
     changed_ = true;
     if (tcsetattr(descriptor_, TCSAFLUSH, &raw) != 0) {
         throw ToolError(path, ": the line parameters cannot be set: ", std::strerror(errno));
@@ -122,7 +133,8 @@ bool SerialLine::Read(char& byte, int milliseconds) {
         if (gone_ || !Wait(POLLIN, Clock::now() + std::chrono::milliseconds(milliseconds))) {
             return false;
         }
-        const ssize_t got = read(descriptor_, received_, sizeof received_);
+        // What follows CONNECT on a borrowed line is not for this program.
+        const ssize_t got = read(descriptor_, received_, borrowed_ ? 1 : sizeof received_);
         gone_ = got == 0 || (got < 0 && errno != EAGAIN && errno != EINTR);
         if (got <= 0) {
             return false;
@@ -132,6 +144,14 @@ bool SerialLine::Read(char& byte, int milliseconds) {
     }
     byte = received_[next_++];
     return true;
+}
+
+void SerialLine::DropDtr() {
+    const int line = TIOCM_DTR;
+    if (ioctl(descriptor_, TIOCMBIC, &line) == 0) {
+        Interruption::Wait(nullptr, 0, 1000);
+        ioctl(descriptor_, TIOCMBIS, &line);
+    }
 }
 
 std::size_t SerialLine::Write(const std::string& bytes, int milliseconds) {

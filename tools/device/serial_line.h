@@ -18,6 +18,9 @@ class SerialLine {
   public:
     // Throws a ToolError when the device cannot be opened or another program uses it.
     SerialLine(const std::string& path, unsigned baud);
+    // A line that another program opened and holds, such as pppd for the program that dials. Its
+    // speed, and what comes behind the last byte that was read, stay.
+    explicit SerialLine(int descriptor);
     ~SerialLine();
     SerialLine(const SerialLine&) = delete;
     SerialLine& operator=(const SerialLine&) = delete;
@@ -29,6 +32,8 @@ class SerialLine {
     bool Read(char& byte, int milliseconds);
     // Discards what was received, then writes. Returns the bytes written within `milliseconds`.
     std::size_t Write(const std::string& bytes, int milliseconds);
+    // Drops the line DTR for a second, which ends a call; no effect on a line without it.
+    void DropDtr();
     // Whether the device has vanished or its other end has hung up. Reads and writes then fail.
     bool IsGone() const { return gone_; }
 
@@ -36,6 +41,7 @@ class SerialLine {
     using Clock = std::chrono::steady_clock;
 
     SerialLine() = default;
+    // With a speed of 0 the line keeps its own.
     void MakeRaw(const std::string& path, unsigned baud);
     // Waits for an event until a point in time. Returns whether it came.
     bool Wait(short event, Clock::time_point until);
@@ -43,6 +49,7 @@ class SerialLine {
     std::unique_ptr<UucpLock> lock_;
     int descriptor_ = -1;
     struct termios saved_ = {};
+    bool borrowed_ = false;
     bool changed_ = false;  // whether there are parameters to restore
     bool gone_ = false;
     char received_[256];

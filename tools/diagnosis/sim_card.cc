@@ -59,18 +59,6 @@ constexpr struct {
      "the network allows this card emergency calls only"},
 };
 
-// The answer's last line with this beginning; empty when there is none.
-std::string LineWith(std::string answer, const std::string& beginning) {
-    std::replace(answer.begin(), answer.end(), '\r', '\n');
-    answer.insert(0, "\n");
-    const std::size_t start = answer.rfind("\n" + beginning);
-    if (start == std::string::npos) {
-        return "";
-    }
-    const std::string line = answer.substr(start + 1, answer.find('\n', start + 1) - start - 1);
-    return line.substr(0, line.find_last_not_of(' ') + 1);
-}
-
 // The phone's line in small letters, with a blank after the colon, which some phones leave out.
 std::string Usual(std::string line) {
     const std::size_t colon = line.find(':');
@@ -100,10 +88,6 @@ SimCard Understand(const std::string& answer) {
 
 bool IsBusy(const std::string& answer) {
     return Understand(answer).state == "busy";
-}
-
-bool IsOk(const std::string& answer) {
-    return LineWith(answer, "OK") == "OK";
 }
 
 bool IsReady(const std::string& answer) {
@@ -173,6 +157,19 @@ SimCard AskSimCard(Dialogue& dialogue) {
     dialogue.Ask(kPlainErrors, kAnswer);
     card.questions = std::move(questions);
     return card;
+}
+
+bool SimCard::StopsCalls() const {
+    const char* const states[] = {"pin", "puk", "device-locked", "absent", "failed", "wrong"};
+    return std::any_of(std::begin(states), std::end(states),
+                       [this](const char* word) { return state == word; });
+}
+
+void AwaitSimCard(Dialogue& dialogue, const CardLimits& limits) {
+    dialogue.Ask(kNumberErrors, kAnswer);
+    AskUntil(dialogue, kAskState, limits.reading,
+             [](const std::string& state) { return !IsBusy(state); });
+    dialogue.Ask(kPlainErrors, kAnswer);
 }
 
 std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits) {

@@ -17,6 +17,8 @@ struct SimCard {
     std::vector<Exchange> questions;  // with their answers
 
     bool IsReady() const { return state == "ready"; }
+    // Whether no call is possible until somebody does something about the card.
+    bool StopsCalls() const;
 };
 
 // How long the phone may take for the card, in seconds.
@@ -27,6 +29,9 @@ struct CardLimits {
 
 // Asks why the network is not known. The phone gives each error its number meanwhile (AT+CMEE=1).
 SimCard AskSimCard(Dialogue& dialogue);
+
+// Waits until the phone has read the card, as after its radio was switched on.
+void AwaitSimCard(Dialogue& dialogue, const CardLimits& limits = {});
 
 // Sends the PIN when the card waits for it and the file's PIN was not refused before. Then waits
 // until the phone knows the subscriber. Returns what went wrong; empty: nothing. Throws a ToolError

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialer/dialer_files.h"
 
-#include <arpa/inet.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "dialer/dial_script.h"
 #include "host/session.h"
 #include "support/error.h"
 #include "support/output_file.h"
@@ -20,41 +20,6 @@ namespace {
 constexpr char kLettersOfApn[] =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
 
-// Returns the value of a field. Refuses control characters: a line break would end the AT command
-// or the line of the file, and no program needs the others.
-std::string OneLine(const char* field, const std::string& value) {
-    if (std::any_of(value.begin(), value.end(), IsControl)) {
-        throw ToolError(field,
-                        ": has a line break or another control character; AT commands and "
-                        "configuration files cannot hold it");
-    }
-    return value;
-}
-
-// The value in double quotes, with a backslash before each of some characters.
-std::string Escaped(const std::string& value, const char* escaped) {
-    std::string text = "\"";
-    for (const char c : value) {
-        text += std::string(escaped).find(c) == std::string::npos ? "" : "\\";
-        text += c;
-    }
-    return text + "\"";
-}
-
-// pppd takes the character after a backslash as it is.
-std::string PppdWord(const std::string& value) {
-    return Escaped(value, "\\\"");
-}
-
-// chat also gives a meaning to ^C, $VARIABLE and @FILE, and to the words EOT and BREAK.
-std::string ChatWord(const std::string& value) {
-    std::string text = Escaped(value, "\\\"'^$");
-    if (value[0] == '@' || value == "EOT" || value == "BREAK") {
-        text.insert(1, "\\");
-    }
-    return text;
-}
-
 // NetworkManager reads a backslash as the start of an escape, and drops blanks before a value.
 std::string KeyfileValue(const std::string& value) {
     std::string text;
@@ -64,26 +29,6 @@ std::string KeyfileValue(const std::string& value) {
         text += blank ? 's' : c;
     }
     return text;
-}
-
-std::string ShellWord(const std::string& value) {
-    std::string text = "'";
-    for (const char c : value) {
-        text += c == '\'' ? "'\\''" : std::string(1, c);
-    }
-    return text + "'";
-}
-
-// An address, or the empty text when the network assigns one.
-std::string Address(const char* field, const std::string& value) {
-    struct in_addr address = {};
-    if (value.empty() || value == "0.0.0.0") {
-        return "";
-    }
-    if (inet_pton(AF_INET, value.c_str(), &address) != 1) {
-        throw ToolError(field, ": is not an IPv4 address");
-    }
-    return value;
 }
 
 std::string DialString(const Velmor_DUNSetting& setting) {
@@ -100,42 +45,24 @@ std::string Title(const Velmor_DUNSetting& setting) {
                   " of a Velmor catalogue. It may hold a password: keep it private.\n");
 }
 
-// No dialler of Debian uses name servers of its own files.
-std::string NameServers(const Velmor_DUNSetting& setting) {
-    std::string servers;
-    for (const std::string& server : {Address("name server", HostText(setting.Dns1)),
-                                      Address("name server 2", HostText(setting.Dns2))}) {
-        servers += server.empty() ? "" : " " + server;
-    }
-    return servers.empty()
-               ? ""
-               : "# Name servers of this setting, for /etc/resolv.conf when the network "
-                 "gives none:" +
-                     servers + "\n";
+// An options file for pppd(8), as in /etc/ppp/peers. It dials with the script at that path.
+std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
+                      const std::string& script) {
+    return Title(setting) +
+           PppdOptions(setting, link, "velmor dial " + ShellWord(OneLine("path", script))) +
+           "persist\nmaxfail 0\nholdoff 10\n";
 }
 
-// An options file for pppd(8), as in /etc/ppp/peers. It dials with the chat script at that path.
-std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
-                      const std::string& chatScript) {
-    std::string text = Title(setting);
-    if (!link.device.empty()) {
-        text += PppdWord(OneLine("device", link.device)) + "\n";
+// The script for velmor dial.
+std::string ScriptFile(const Velmor_DUNSetting& setting) {
+    DialScript script;
+    for (const std::string& command :
+         {HostText(setting.InitializationString), DialString(setting)}) {
+        if (!command.empty()) {
+            script.push_back(command);
+        }
     }
-    text += std::to_string(link.baud) + "\nconnect " +
-            PppdWord("/usr/sbin/chat -f " + ShellWord(OneLine("path", chatScript))) +
-            "\nlock\nnoauth\ndefaultroute\nusepeerdns\nhide-password\n";
-    const std::string client = Address("client address", HostText(setting.ClientIP));
-    const std::string gateway = Address("gateway", HostText(setting.GatewayIP));
-    text += client.empty() ? "noipdefault\n" : "";
-    text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
-    // Else pppd quits if the peer proposes another gateway, as many do.
-    text += gateway.empty() ? "" : "ipcp-accept-remote\n";
-    text += NameServers(setting);
-    const std::string user = OneLine("user", HostText(setting.DefaultUser));
-    const std::string password = OneLine("password", HostText(setting.DefaultPassword));
-    text += user.empty() ? "" : "user " + PppdWord(user) + "\n";
-    text += password.empty() ? "" : "password " + PppdWord(password) + "\n";
-    return text;
+    return WriteDialScript(Title(setting), script);
 }
 
 // The section "Dialer velmor" of a wvdial.conf(5).
@@ -164,7 +91,8 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     set("Password", password.empty() ? " " : password);
     set("Force Address", Address("client address", HostText(setting.ClientIP)));
     set("Stupid Mode", "yes");  // starts pppd at once, without a login
-    return text + NameServers(setting);
+    const std::string servers = NameServers(setting);
+    return text + (servers.empty() ? "" : "# Name servers of this setting: " + servers + "\n");
 }
 
 // The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
@@ -203,7 +131,7 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const Dialer
 
 // The paths of the two files on Debian.
 constexpr char kPeers[] = "/etc/ppp/peers/velmor";
-constexpr char kChatScript[] = "/etc/chatscripts/velmor";
+constexpr char kScript[] = "/etc/ppp/peers/velmor.dial";
 
 // A terminal gets no control characters.
 void PrintLines(const std::string& text) {
@@ -237,18 +165,6 @@ void WriteFiles(const std::vector<std::pair<std::string, std::string>>& files,
 
 }  // namespace
 
-// ATE0 comes first: an access point may be named like a word that ends the script, as ERROR, and
-// the echo would show it.
-std::string ChatScript(const Velmor_DUNSetting& setting) {
-    std::string text =
-        "ABORT BUSY\nABORT ERROR\nABORT 'NO ANSWER'\nABORT 'NO CARRIER'\n"
-        "ABORT 'NO DIALTONE'\nTIMEOUT 30\n'' ATE0\n";
-    const std::string init =
-        OneLine("initialisation string", HostText(setting.InitializationString));
-    text += init.empty() ? "" : "OK " + ChatWord(init) + "\n";
-    return text + "OK " + ChatWord(DialString(setting)) + "\nCONNECT \\c\n";
-}
-
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format, const std::string& catalogue) {
     const bool print = format.directory.empty();
@@ -263,12 +179,12 @@ void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
     } else if (format.name == "networkmanager") {
         files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, link)}};
     } else if (print) {
-        const std::string peers = PeersFile(setting, link, kChatScript);
-        PrintLines(Concat("# ----- ", kPeers, " -----\n", peers, "# ----- ", kChatScript,
-                          " -----\n", ChatScript(setting)));
+        const std::string peers = PeersFile(setting, link, kScript);
+        PrintLines(Concat("# ----- ", kPeers, " -----\n", peers, "# ----- ", kScript, " -----\n",
+                          ScriptFile(setting)));
     } else {
-        files = {{path + ".chat", ChatScript(setting)},
-                 {path, PeersFile(setting, link, path + ".chat")}};
+        files = {{path + ".dial", ScriptFile(setting)},
+                 {path, PeersFile(setting, link, path + ".dial")}};
     }
     WriteFiles(files, format, catalogue);
 }

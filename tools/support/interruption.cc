@@ -50,6 +50,10 @@ int Interruption::Signal() {
     return caught;
 }
 
+void Interruption::Forget() {
+    caught = 0;
+}
+
 int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseconds) {
     if (caught != 0) {
         errno = EINTR;

@@ -17,6 +17,8 @@ class Interruption {
 
     // The signal that came, or 0.
     static int Signal();
+    // Forgets the signal: what has to be put back can wait again.
+    static void Forget();
     // Like poll(2), but returns -1 when a signal comes during the wait or came before it. Without
     // an object, signals have their usual effect.
     static int Wait(struct pollfd* descriptors, unsigned count, int milliseconds);

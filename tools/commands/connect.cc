@@ -1,0 +1,377 @@
+// SPDX-License-Identifier: MIT
+// velmor connect: from a plugged-in phone to a link, and back to it when the link drops.
+//
+// What a person would do: find the phone, end what is left of a call, look at card and
+// registration, then dial with one setting after another until the network takes one. It stops
+// early where another try makes things worse: a PIN is never guessed, and credentials are refused
+// only twice.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <optional>
+#include <set>
+
+#include "commands/devices.h"
+#include "commands/options.h"
+#include "device/dialogue.h"
+#include "diagnosis/phone_state.h"
+#include "dialer/candidates.h"
+#include "dialer/pppd.h"
+#include "host/session.h"
+#include "support/error.h"
+#include "support/interruption.h"
+#include "support/utf8.h"
+
+namespace tool {
+namespace {
+
+// The limit for AT and its answer, in seconds.
+constexpr double kProbe = 0.9;
+// How often credentials may be refused: some networks lock a card that guesses.
+constexpr int kMostCredentials = 2;
+// The seconds before another try, doubled with each.
+constexpr int kFirstPause = 2;
+constexpr int kLongestPause = 60;
+// Exit statuses of pppd(8) that no other setting changes: its options, its rights, its kernel, the
+// device.
+constexpr int kConnectFailed = 8;
+
+// Why there is no link.
+class NoLink : public ToolError {
+  public:
+    // `again`: whether another try may help.
+    NoLink(int status, const std::string& words, bool again)
+        : ToolError(words), status_(status), again_(again) {}
+    int status() const { return status_; }
+    bool again() const { return again_; }
+
+  private:
+    int status_;
+    bool again_;
+};
+
+std::string StateFolder(const std::string& folder) {
+    const char* const service = std::getenv("STATE_DIRECTORY");
+    const std::string usual = service == nullptr ? "/var/lib/velmor" : service;
+    return folder.empty() ? usual : folder;
+}
+
+// The IMSI (3GPP TS 23.003: up to 15 digits) that the phone told; empty when it told none.
+std::string Imsi(const std::vector<Exchange>& dialogue) {
+    for (const Exchange& exchange : dialogue) {
+        const std::size_t start = exchange.answer.find_first_of("0123456789");
+        const std::size_t end = exchange.answer.find_first_not_of("0123456789", start);
+        if (BeginsWith(exchange.command, "AT+CIMI") && start != std::string::npos &&
+            end != std::string::npos && end - start >= 14) {
+            return exchange.answer.substr(start, end - start);
+        }
+    }
+    return "";
+}
+
+// Tells what happens: in words on standard error, or as JSON on standard output.
+class Reporter {
+  public:
+    explicit Reporter(bool json) : json_(json) {}
+
+    void Tell(const char* step, const std::string& words, const Json& details = {}) const {
+        if (!json_) {
+            std::cerr << "velmor: " << Visible(words) << "\n";
+            return;
+        }
+        Json object = {{"step", step}};
+        object.update(details);
+        object["words"] = words;
+        std::cout << VisibleJson(object.dump(-1, ' ', false, Json::error_handler_t::replace))
+                  << std::endl;
+    }
+    void TellOnline(const std::vector<TextRow>& rows, const Json& details) const {
+        if (json_) {
+            Tell("online", "online", details);
+        } else {
+            PrintAligned(rows);
+            std::cout.flush();
+        }
+    }
+
+  private:
+    bool json_;
+};
+
+class Connection {
+  public:
+    explicit Connection(const ConnectOptions& options)
+        : options_(options),
+          report_(options.json),
+          session_(options.catalogue, Dialogue::Read, Dialogue::Send),
+          memory_(StateFolder(options.state)) {
+        Findings ignored;
+        catalogue_ = ReadCatalogue(session_.bytes(), ignored);
+        if (!options.pinFile.empty()) {
+            pin_.emplace(options.pinFile);
+        }
+        if (!memory_.Problem().empty()) {
+            report_.Tell("state", memory_.Problem());
+        }
+    }
+    // Puts the phone back as it was.
+    ~Connection() {
+        if (!undo_.empty()) {
+            Restore();
+        }
+    }
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    const Reporter& report() const { return report_; }
+
+    // Establishes a link and waits until it ends. Throws NoLink with the reason. Returns when a
+    // signal came.
+    void Run();
+    // Whether there has been a link since the last call.
+    bool WasOnline() { return std::exchange(wasOnline_, false); }
+
+  private:
+    Detection AskPhone();
+    void CheckCard(const Detection& found) const;
+    void CheckRegistration(Dialogue& dialogue) const;
+    // Dials with the candidate. Returns whether a link came up; it has ended then.
+    bool Try(const Candidate& candidate, const Detection& found);
+    void TellOnline(const Candidate& candidate, const Detection& found, const LinkState& link);
+    void Restore();
+
+    const ConnectOptions& options_;
+    Reporter report_;
+    LibrarySession session_;
+    Catalogue catalogue_;
+    std::optional<PinFile> pin_;
+    CardMemory memory_;
+    std::string imsi_;
+    std::string device_;
+    Commands undo_;      // of what prepared the phone
+    Commands contexts_;  // as they were
+    std::vector<Candidate> candidates_;
+    int refusedCredentials_ = 0;
+    bool wasOnline_ = false;
+};
+
+void Connection::CheckCard(const Detection& found) const {
+    if (!found.pinProblem.empty() || found.card.StopsCalls()) {
+        throw NoLink(kExitCard,
+                     found.pinProblem.empty() ? "SIM card: " + found.card.words : found.pinProblem,
+                     false);
+    }
+}
+
+void Connection::CheckRegistration(Dialogue& dialogue) const {
+    Registration registration = AskRegistration(dialogue);
+    if (registration != Registration::kHome && registration != Registration::kRoaming &&
+        registration != Registration::kUnknown) {
+        report_.Tell("registration", "waits until the phone is registered with a network");
+        registration = AwaitRegistration(dialogue, options_.registration);
+    }
+    if (registration == Registration::kDenied) {
+        throw NoLink(kExitRegistration, "the network denies the registration of this card", false);
+    }
+    if (registration == Registration::kSearching || registration == Registration::kOff) {
+        throw NoLink(kExitRegistration,
+                     Concat("the phone found no network within ", options_.registration, " s"),
+                     true);
+    }
+    if (registration == Registration::kRoaming && options_.noRoaming) {
+        throw NoLink(kExitRegistration,
+                     "the phone is in another operator's network, and --no-roaming forbids that",
+                     true);
+    }
+}
+
+Detection Connection::AskPhone() {
+    SerialLine line(device_, options_.link.baud);
+    Dialogue dialogue(line, LibraryPatience(catalogue_), options_.timeout,
+                      !options_.verbose && isatty(STDERR_FILENO) == 0);
+    if (dialogue.Probe(kProbe) != Dialogue::Reply::kResult && !dialogue.LeaveCall(kProbe)) {
+        throw NoLink(kExitNoPhone, device_ + ": the phone does not answer", true);
+    }
+    const Commands undo = PreparePhone(dialogue);
+    undo_.insert(undo_.begin(), undo.begin(), undo.end());
+    Detection found = Detect(dialogue, {catalogue_, options_.like, pin_ ? &*pin_ : nullptr});
+    if (dialogue.IsOpen()) {
+        CheckCard(found);
+        CheckRegistration(dialogue);
+    }
+    candidates_ = Candidates(found, catalogue_, options_.own);
+    std::set<std::string> defined;
+    for (const Candidate& candidate : candidates_) {
+        for (const std::string& command : candidate.script) {
+            defined.insert(DefinedContext(command));
+        }
+    }
+    defined.erase("");
+    if (contexts_.empty()) {  // a later try would read what an earlier one left
+        contexts_ = ReadContexts(dialogue, defined);
+    }
+    if (dialogue.State() == DialogueState::kDeviceGone) {
+        throw NoLink(kExitNoPhone, device_ + ": the device is gone", true);
+    }
+    return found;
+}
+
+void Connection::Run() {
+    device_ = options_.link.device.empty() ? FindDevice(options_.search, options_.link.baud)
+                                           : options_.link.device;
+    if (device_.empty()) {
+        throw NoLink(kExitNoPhone, "no phone is attached, or none answers", true);
+    }
+    const Detection found = AskPhone();
+    if (Interruption::Signal() != 0) {
+        return;
+    }
+    imsi_ = Imsi(found.dialogue);
+    if (const auto last = memory_.Find(imsi_)) {
+        PutRememberedFirst(candidates_, *last, options_.own.given);
+    }
+    report_.Tell(
+        "phone",
+        Concat(found.manufacturer, " ", found.phone.empty() ? "phone" : found.phone, " at ",
+               device_),
+        {{"manufacturer", found.manufacturer}, {"phone", found.phone}, {"device", device_}});
+    if (candidates_.empty()) {
+        throw NoLink(kExitNoSetting, "the catalogue does not say how this phone dials", false);
+    }
+    for (const Candidate& candidate : candidates_) {
+        if (Interruption::Signal() != 0) {
+            return;
+        }
+        if (Try(candidate, found)) {
+            return;
+        }
+    }
+    if (found.settings.empty() && !options_.own.given) {
+        throw NoLink(kExitNoSetting,
+                     "the catalogue has no setting for this network, number " +
+                         found.identification.digits +
+                         "; --apn names the access point, which its operator tells",
+                     false);
+    }
+    throw NoLink(kExitRefused, "the network refuses every setting", true);
+}
+
+bool Connection::Try(const Candidate& candidate, const Detection& found) {
+    const std::string name = HostText(candidate.setting.APN);
+    report_.Tell(
+        "dialling",
+        name.empty() ? "dials with the empty access point" : "dials with the access point " + name,
+        {{"access-point", name}, {"setting", candidate.setting.aBasicDUNSettingId}});
+    const std::string routes = options_.replaceRoute ? "replacedefaultroute\n" : "";
+    Pppd pppd(PppdOptions(candidate.setting, {device_, options_.link.baud},
+                          Pppd::ConnectCommand(options_.verbose)) +
+                  (options_.noRoute ? "nodefaultroute\n" : routes),
+              candidate.script, contexts_, options_.verbose);
+    if (pppd.AwaitLink()) {
+        wasOnline_ = true;
+        TellOnline(candidate, found, pppd.state());
+        pppd.AwaitEnd();
+    }
+    const bool interrupted = Interruption::Signal() != 0;
+    const int status = pppd.End();
+    if (pppd.HungUp()) {
+        undo_.insert(undo_.begin(), contexts_.begin(), contexts_.end());
+    }
+    if (interrupted) {
+        return true;
+    }
+    if (wasOnline_) {
+        throw NoLink(kExitLost, "the link is lost", true);
+    }
+    if (pppd.state().refusedCredentials) {
+        report_.Tell("refused", "the network refuses user or password");
+        if (++refusedCredentials_ >= kMostCredentials) {
+            throw NoLink(kExitCredentials,
+                         "the network refused user or password twice; more tries could lock the"
+                         " card",
+                         false);
+        }
+    } else if (status < kConnectFailed) {
+        throw ToolError("pppd ended with status ", status, ": ", pppd.state().problem,
+                        "; its man page says more");
+    } else {
+        report_.Tell("refused", pppd.state().dialled.empty()
+                                    ? pppd.state().problem
+                                    : Concat("the call began, but no link came up (pppd ended with"
+                                             " status ",
+                                             status, ")"));
+    }
+    return false;
+}
+
+void Connection::TellOnline(const Candidate& candidate, const Detection& found,
+                            const LinkState& link) {
+    const std::string apn = HostText(candidate.setting.APN);
+    const std::string own = NameServers(candidate.setting);
+    const std::string servers = link.nameServers.empty() ? own : Join(link.nameServers, " ");
+    const Identification& said = found.identification;
+    const std::string network =
+        said.operatorName.empty() ? said.digits : said.operatorName + " (" + said.digits + ")";
+    report_.TellOnline({{"Phone", found.manufacturer + " " + found.phone},
+                        {"Network", network},
+                        {"Access point", apn.empty() ? "(empty)" : apn},
+                        {"Interface", link.interface},
+                        {"Address", link.address},
+                        {"Name servers", servers.empty() ? "none" : servers}},
+                       {{"phone", found.phone},
+                        {"network", network},
+                        {"access-point", apn},
+                        {"interface", link.interface},
+                        {"address", link.address},
+                        {"peer", link.peer},
+                        {"name-servers", servers}});
+    try {
+        memory_.Remember(imsi_, {apn, HostText(candidate.setting.DefaultUser), link.dialled});
+    } catch (const ToolError& error) {
+        report_.Tell("state", error.what());
+    }
+}
+
+void Connection::Restore() {
+    Interruption::Forget();
+    try {
+        SerialLine line(device_, options_.link.baud);
+        Dialogue dialogue(line, 0, options_.timeout, !options_.verbose);
+        if (dialogue.Probe(kProbe) == Dialogue::Reply::kResult || dialogue.LeaveCall(kProbe)) {
+            RunDialScript(dialogue, undo_);
+        }
+    } catch (const ToolError& error) {
+        report_.Tell("state", error.what());
+    }
+}
+
+}  // namespace
+
+int RunConnect(const ConnectOptions& options) {
+    const Interruption interruption;
+    Connection connection(options);
+    int pause = kFirstPause;
+    for (unsigned failed = 0; true;) {
+        try {
+            connection.Run();
+        } catch (const NoLink& reason) {
+            const bool was = connection.WasOnline();
+            failed = was ? 0 : failed + 1;
+            pause = was ? kFirstPause : std::min(2 * pause, kLongestPause);
+            const bool ends = options.once || !reason.again() || failed >= options.tries;
+            connection.report().Tell(ends ? "ended" : "waiting", reason.what(),
+                                     {{"status", reason.status()}});
+            if (ends) {
+                return reason.status();
+            }
+        }
+        Interruption::Wait(nullptr, 0, pause * 1000);
+        if (const int signal = Interruption::Signal(); signal != 0) {
+            connection.report().Tell("ended", "interrupted", {{"status", 128 + signal}});
+            return 128 + signal;  // as shells report a signal
+        }
+    }
+}
+
+}  // namespace tool

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "diagnosis/phone_state.h"
+
+#include <algorithm>
+
+#include "diagnosis/sim_card.h"
+#include "support/texts.h"
+
+namespace tool {
+namespace {
+
+// The limits of answers in seconds: usually, and while the radio starts.
+constexpr double kAnswer = 5;
+constexpr double kRadio = 30;
+
+// How often the registration is asked for, and how long a denial must last, in seconds. A phone
+// that looks for a network can be denied by the first ones.
+constexpr double kEach = 1;
+constexpr double kDenial = 5;
+
+const char kRadioOn[] = "AT+CFUN=1";
+
+// A number that a phone tells when it is asked with "?", and sets with "=". `changed`: its values
+// that prevent a connection, separated by blanks; `wanted`: the value that does not.
+struct Preparation {
+    const char* command;
+    const char* changed;
+    const char* wanted;
+};
+constexpr Preparation kPreparations[] = {
+    {"+CFUN", "0 4", "1"},    // the radio; first, as the rest may depend on it
+    {"+CMEE", "1 2", "0"},    // errors as numbers or texts, which the library does not know
+    {"+CREG", "1 2 3", "0"},  // unsolicited lines
+    {"+CGREG", "1 2 3", "0"}, {"+CEREG", "1 2 3 4 5", "0"}, {"^CURC", "1", "0"},
+};
+
+// The values of a line such as "+CREG: 0,1".
+Commands ValuesOf(const std::string& answer, const std::string& beginning) {
+    const std::string line = LineWith(answer, beginning + ":");
+    if (line.empty()) {
+        return {};
+    }
+    Commands values = Split(line.substr(beginning.size() + 1), ',');
+    for (std::string& value : values) {
+        value.erase(0, value.find_first_not_of(' '));
+    }
+    return values;
+}
+
+bool IsAmong(const std::string& words, const std::string& word) {
+    return (" " + words + " ").find(" " + word + " ") != std::string::npos;
+}
+
+Registration AskRegistration(Dialogue& dialogue, const std::string& service) {
+    const Commands values = ValuesOf(dialogue.Ask("AT" + service + "?", kAnswer), service);
+    // The state is the second value. An unsolicited line that came in between has only the state.
+    const std::string state = values.empty() ? "" : values[values.size() > 1 ? 1 : 0];
+    const std::pair<const char*, Registration> meanings[] = {
+        {"0", Registration::kOff},       {"1", Registration::kHome},
+        {"2", Registration::kSearching}, {"3", Registration::kDenied},
+        {"5", Registration::kRoaming},
+    };
+    const auto* meaning = std::find_if(std::begin(meanings), std::end(meanings),
+                                       [&](const auto& row) { return state == row.first; });
+    return meaning == std::end(meanings) ? Registration::kUnknown : meaning->second;
+}
+
+}  // namespace
+
+Commands PreparePhone(Dialogue& dialogue) {
+    Commands undo;
+    dialogue.Ask("ATV1", kAnswer);
+    for (const Preparation& preparation : kPreparations) {
+        const std::string command = std::string("AT") + preparation.command;
+        const Commands values = ValuesOf(dialogue.Ask(command + "?", kAnswer), preparation.command);
+        if (!values.empty() && IsAmong(preparation.changed, values[0])) {
+            const std::string change = command + "=" + preparation.wanted;
+            dialogue.Ask(change, kRadio);
+            undo.insert(undo.begin(), command + "=" + values[0]);
+            if (change == kRadioOn) {
+                AwaitSimCard(dialogue);
+            }
+        }
+    }
+    return undo;
+}
+
+std::string DefinedContext(const std::string& command) {
+    const std::string define = "AT+CGDCONT=";
+    return BeginsWith(command, define)
+               ? command.substr(define.size(), command.find(',') - define.size())
+               : "";
+}
+
+Commands ReadContexts(Dialogue& dialogue, const std::set<std::string>& numbers) {
+    const std::string answer = dialogue.Ask("AT+CGDCONT?", kAnswer);
+    Commands undo;
+    if (numbers.empty() || !IsOk(answer)) {
+        return undo;
+    }
+    for (const std::string& number : numbers) {
+        const std::string line = LineWith(answer, "+CGDCONT: " + number + ",");
+        const Commands values = ValuesOf(line, "+CGDCONT");
+        // Number, type and access point. The phone may tell more than it takes.
+        undo.push_back(
+            "AT+CGDCONT=" +
+            (values.size() < 3 ? number : Join(Commands(values.begin(), values.begin() + 3), ",")));
+    }
+    return undo;
+}
+
+Registration AskRegistration(Dialogue& dialogue) {
+    Registration best = Registration::kUnknown;
+    for (const char* service : {"+CEREG", "+CGREG", "+CREG"}) {
+        best = std::min(best, AskRegistration(dialogue, service));
+    }
+    return best;
+}
+
+Registration AwaitRegistration(Dialogue& dialogue, double seconds) {
+    const double end = dialogue.Seconds() + seconds;
+    double notDenied = dialogue.Seconds();  // when it was last no denial
+    while (true) {
+        const Registration now = AskRegistration(dialogue);
+        notDenied = now == Registration::kDenied ? notDenied : dialogue.Seconds();
+        const bool registered = now == Registration::kHome || now == Registration::kRoaming;
+        const bool denied = dialogue.Seconds() - notDenied >= kDenial;
+        if (registered || denied || now == Registration::kUnknown || dialogue.Seconds() >= end ||
+            !dialogue.IsOpen()) {
+            return now;
+        }
+        dialogue.Pause(kEach);
+    }
+}
+
+}  // namespace tool

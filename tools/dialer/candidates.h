@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "diagnosis/detection.h"
+#include "dialer/card_memory.h"
+#include "dialer/dial_script.h"
+
+namespace tool {
+
+// The table of further rows with which phones dial; its columns are those of BasicDUNForPhone,
+// where the library takes only one row for a phone and a type of network. It is for hosts: the
+// library does not read it.
+constexpr char kFurtherDialRows[] = "FurtherDUNForPhone";
+
+// An access point that the user names.
+struct OwnAccessPoint {
+    bool given = false;
+    std::string name;
+    std::string user;
+    std::string password;
+};
+
+// A setting to try, and how the phone dials with it.
+struct Candidate {
+    Velmor_DUNSetting setting;  // its identifier is -1 when it is not of the catalogue
+    DialScript script;
+};
+
+// What to try for a detected phone, in this order: the user's own access point, the settings that
+// fit, and the empty access point, with which some networks take their own. The script has the rows
+// of the phone, then those of the fallback phone.
+std::vector<Candidate> Candidates(const Detection& found, const Catalogue& catalogue,
+                                  const OwnAccessPoint& own);
+
+// Moves what worked last to the front, and in its script the dial command. What the user names
+// stays before it.
+void PutRememberedFirst(std::vector<Candidate>& candidates, const Remembered& last, bool own);
+
+}  // namespace tool
