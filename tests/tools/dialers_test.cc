@@ -39,14 +39,15 @@ TEST(Dialers, TakeHostileValuesAsData) {
                                            .Replace("#web#", "#" + cell + "#")
                                            .Replace("#secret#", "#" + cell + "#")
                                            .text());
-        const std::string setting = "velmor setting hostile --phone 10 --setting 1 --format ";
+        const std::string setting =
+            "velmor setting hostile --phone 10 --setting 1 --device /dev/ttyS0 --format ";
         ASSERT_EQ(Finish(Start(setting + "ppp -o 'd '\\''x'", folder)).first, 0);
         const std::string peers = ReadFile(folder + "/d 'x/velmor");
         EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
-        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 20);
+        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 21);
         if (manager) {
             const std::string modify =
-                "networkmanager --device /dev/ttyS0 >k && nmcli --offline connection modify "
+                "networkmanager >k && nmcli --offline connection modify "
                 "connection.autoconnect no <k";
             ASSERT_EQ(Finish(Start(setting + modify, folder)).first, 0);
             const std::string back = ReadFile(folder + "/out");
@@ -56,7 +57,8 @@ TEST(Dialers, TakeHostileValuesAsData) {
         }
         if (wvdial) {
             WriteFile(folder + "/profile", "unknown = OK\nATD*: NO DIALTONE");  // or it starts pppd
-            const std::string dial = "wvdial --device $device >w; wvdial -C w velmor; true";
+            const std::string dial =
+                "wvdial >w; sed -i s,/dev/ttyS0,$device, w; wvdial -C w velmor; true";
             running[folder] = {Start(WithPhone(setting + dial), folder), value};
         }
         fs::create_directory(folder + "c");

@@ -99,7 +99,9 @@ TEST(Files, ReplacedOnesHandOnOwnerAndMode) {
     WriteFile("dir/velmor", "");
     chmod("dir/velmor", 0644);
     EXPECT_EQ(
-        Shell("velmor setting sample --phone 10 --setting 1 --format ppp -o dir --force").first, 0);
+        Shell("velmor setting sample --phone 10 --setting 1 --device x --format ppp -o dir --force")
+            .first,
+        0);
     ASSERT_EQ(stat("dir/velmor", &state), 0);
     EXPECT_EQ(state.st_mode & 07777, 0600U);
 }

@@ -15,6 +15,11 @@ constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
 // It is for hosts: the library does not read it.
 constexpr char kNumbers[] = "Numbers";
 
+// The table of further rows with which phones dial; its columns are those of BasicDUNForPhone,
+// where the library takes only one row for a phone and a type of network. It is for hosts: the
+// library does not read it.
+constexpr char kFurtherDialRows[] = "FurtherDUNForPhone";
+
 // A table, and its first and last line in the file.
 struct CatalogueTable {
     std::string name;

@@ -141,9 +141,9 @@ void AddFormat(CLI::App* app, OutputFormat& format) {
 }
 
 // Adds --pin-file.
-void AddPinFile(CLI::App* app, std::string& file) {
-    Add(app, "--pin-file", file, "FILE",
-        "unlock the SIM card with the PIN in this file, which only you may read");
+CLI::Option* AddPinFile(CLI::App* app, std::string& file) {
+    return Add(app, "--pin-file", file, "FILE",
+               "unlock the SIM card with the PIN in this file, which only you may read");
 }
 
 // Adds --device, --search and --baud, and returns the group of the first two.
@@ -255,7 +255,9 @@ void AddDetect(CommandLine& line) {
     Add(app, "--contract", options->choice.contract, "KIND",
         "only settings for this contract: prepaid or postpaid")
         ->check(CLI::IsMember(std::vector<std::string>{"prepaid", "postpaid"}));
-    AddPinFile(app, options->pinFile);
+    CLI::Option* const pin = AddPinFile(app, options->pinFile);
+    app->add_flag("--with-pin", options->withPin, "with --format networkmanager: write the PIN too")
+        ->needs(pin);
     AddVerbose(app, options->verbose);
     AddFormat(app, options->format);
 }

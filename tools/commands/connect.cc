@@ -33,8 +33,8 @@ constexpr int kMostCredentials = 2;
 // The seconds before another try, doubled with each.
 constexpr int kFirstPause = 2;
 constexpr int kLongestPause = 60;
-// Exit statuses of pppd(8) that no other setting changes: its options, its rights, its kernel, the
-// device.
+// The first exit status of pppd(8) that says something about the setting. Those below it are about
+// its options, its rights, its kernel and the device.
 constexpr int kConnectFailed = 8;
 
 // Why there is no link.
@@ -195,12 +195,13 @@ Detection Connection::AskPhone() {
     }
     const Commands undo = PreparePhone(dialogue);
     undo_.insert(undo_.begin(), undo.begin(), undo.end());
-    Detection found = Detect(dialogue, {catalogue_, options_.like, pin_ ? &*pin_ : nullptr});
+    const DetectionPlan plan = {catalogue_, options_.like, pin_ ? &*pin_ : nullptr};
+    Detection found = Detect(dialogue, plan);
     if (dialogue.IsOpen()) {
         CheckCard(found);
         CheckRegistration(dialogue);
     }
-    candidates_ = Candidates(found, catalogue_, options_.own);
+    candidates_ = Candidates(found, plan, options_.own);
     std::set<std::string> defined;
     for (const Candidate& candidate : candidates_) {
         for (const std::string& command : candidate.script) {

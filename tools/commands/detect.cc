@@ -108,6 +108,9 @@ int RunDetect(const DetectOptions& options) {
         RequireOther(options.record, {options.catalogue, options.profile, options.pinFile});
         record.emplace(options.record, options.format.force);
     }
+    OutputFormat format = options.format;
+    format.pinFile = options.pinFile;
+    format.pin = options.withPin ? pin->pin() : "";
     Detection found = AskPhone(link, session.bytes(), options, pin ? &*pin : nullptr,
                                record ? &*record : nullptr);
     found.SelectSettings(options.choice);
@@ -116,8 +119,7 @@ int RunDetect(const DetectOptions& options) {
     } else if (options.format.name == "json") {
         PrintDetectionJson(found);
     } else if (found.IsComplete()) {
-        WriteDialerFiles(ChooseSetting(found, options.setting), link, options.format,
-                         options.catalogue);
+        WriteDialerFiles(ChooseSetting(found, options.setting), link, format, options.catalogue);
     } else {
         std::cerr << "velmor: " << link.device
                   << ": nothing is ready to dial; --format text says more\n";

@@ -117,6 +117,7 @@ struct DetectOptions {
     long like = 0;     // 0: the fallback phone that the catalogue names
     Choice choice;
     std::string pinFile;
+    bool withPin = false;  // NetworkManager gets the PIN
     bool verbose = false;
     OutputFormat format;
 };

@@ -19,12 +19,6 @@ namespace {
 // The limit of the answer to a command that prepares the phone, in seconds.
 constexpr double kPreparation = 3;
 
-// The identifier of the catalogue's fallback phone; -1 when it names none.
-long FallbackPhone(const Catalogue& catalogue) {
-    const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
-    return vel::ReadNumber(variables.LookUp(kVariable, kUnknownPhone, kValue).c_str(), -1);
-}
-
 // Fetches the settings that are not ready for the fallback phone, by their identifiers.
 void UseFallback(Detection& found, long phoneId) {
     found.fallback = PhoneDescription(phoneId);
@@ -99,6 +93,12 @@ std::string PhoneDescription(long id) {
     return {};
 }
 
+long FallbackPhone(const DetectionPlan& plan) {
+    const CatalogueTable& variables = plan.catalogue.Table(kGeneralVariables);
+    const std::string named = variables.LookUp(kVariable, kUnknownPhone, kValue);
+    return plan.fallbackId == 0 ? vel::ReadNumber(named.c_str(), -1) : plan.fallbackId;
+}
+
 bool Detection::IsComplete() const {
     return (phoneId >= 0 || fallbackId >= 0) && FirstReady() != nullptr;
 }
@@ -151,7 +151,7 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
         found.settings.push_back(std::move(setting));
     }
     if (found.phoneId < 0 && !found.settings.empty()) {
-        UseFallback(found, plan.fallbackId == 0 ? FallbackPhone(plan.catalogue) : plan.fallbackId);
+        UseFallback(found, FallbackPhone(plan));
     }
     found.identification = Identify(dialogue);
     const Identification& said = found.identification;

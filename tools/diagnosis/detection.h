@@ -57,6 +57,9 @@ struct DetectionPlan {
     const PinFile* pin = nullptr;  // unlocks the SIM card first; null: not
 };
 
+// The identifier of the fallback phone; -1 when there is none.
+long FallbackPhone(const DetectionPlan& plan);
+
 // Detects the phone at the other end of the dialogue, and ends the dialogue. Needs a session with
 // the callbacks of Dialogue.
 Detection Detect(Dialogue& dialogue, const DetectionPlan& plan);

@@ -60,10 +60,10 @@ void AddAttempts(std::vector<DialScript>& attempts, const Catalogue& catalogue, 
     }
 }
 
-DialScript ScriptFor(const Detection& found, const Catalogue& catalogue, const Values& values) {
+DialScript ScriptFor(const Detection& found, const DetectionPlan& plan, const Values& values) {
     std::vector<DialScript> attempts;
-    for (const long phone : {found.phoneId, found.fallbackId}) {
-        AddAttempts(attempts, catalogue, phone, found.networkType, values);
+    for (const long phone : {found.phoneId, FallbackPhone(plan)}) {
+        AddAttempts(attempts, plan.catalogue, phone, found.networkType, values);
     }
     DialScript script;
     for (const DialScript& attempt : attempts) {
@@ -72,12 +72,12 @@ DialScript ScriptFor(const Detection& found, const Catalogue& catalogue, const V
     return script;
 }
 
-Candidate OwnCandidate(const Detection& found, const Catalogue& catalogue,
+Candidate OwnCandidate(const Detection& found, const DetectionPlan& plan,
                        const OwnAccessPoint& own) {
     if (own.name.find('"') != std::string::npos) {
         throw ToolError("--apn: an access point has no quotation marks");
     }
-    Candidate candidate = {{}, ScriptFor(found, catalogue, {own.name, "", kOwnType})};
+    Candidate candidate = {{}, ScriptFor(found, plan, {own.name, "", kOwnType})};
     candidate.setting.aBasicDUNSettingId = -1;
     vel::FillText(candidate.setting.APN, VELMOR_TEXT_SIZE, ToLibrary(own.name));
     vel::FillText(candidate.setting.DefaultUser, VELMOR_TEXT_SIZE, ToLibrary(own.user));
@@ -91,17 +91,17 @@ bool HasAccessPoint(const Candidate& candidate, const std::string& name) {
 
 }  // namespace
 
-std::vector<Candidate> Candidates(const Detection& found, const Catalogue& catalogue,
+std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& plan,
                                   const OwnAccessPoint& own) {
     std::vector<Candidate> candidates;
-    const CatalogueTable& rows = catalogue.Table(kBasicDUNSettings);
+    const CatalogueTable& rows = plan.catalogue.Table(kBasicDUNSettings);
     for (const Detection::Setting& setting : found.settings) {
         const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
         Values values;
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = rows.LookUp(kID, id, vel::kPlaceholders[i].column);
         }
-        candidates.push_back({setting.values, ScriptFor(found, catalogue, values)});
+        candidates.push_back({setting.values, ScriptFor(found, plan, values)});
     }
     if (own.given) {
         // Without a user of its own it takes that of the catalogue, if it is there.
@@ -110,12 +110,12 @@ std::vector<Candidate> Candidates(const Detection& found, const Catalogue& catal
                 return own.user.empty() && HasAccessPoint(candidate, own.name);
             });
         if (known == candidates.begin()) {
-            candidates.insert(candidates.begin(), OwnCandidate(found, catalogue, own));
+            candidates.insert(candidates.begin(), OwnCandidate(found, plan, own));
         }
     }
     if (std::none_of(candidates.begin(), candidates.end(),
                      [](const Candidate& candidate) { return HasAccessPoint(candidate, ""); })) {
-        candidates.push_back(OwnCandidate(found, catalogue, {}));
+        candidates.push_back(OwnCandidate(found, plan, {}));
     }
     candidates.erase(
         std::remove_if(candidates.begin(), candidates.end(),

@@ -10,11 +10,6 @@
 
 namespace tool {
 
-// The table of further rows with which phones dial; its columns are those of BasicDUNForPhone,
-// where the library takes only one row for a phone and a type of network. It is for hosts: the
-// library does not read it.
-constexpr char kFurtherDialRows[] = "FurtherDUNForPhone";
-
 // An access point that the user names.
 struct OwnAccessPoint {
     bool given = false;
@@ -32,7 +27,7 @@ struct Candidate {
 // What to try for a detected phone, in this order: the user's own access point, the settings that
 // fit, and the empty access point, with which some networks take their own. The script has the rows
 // of the phone, then those of the fallback phone.
-std::vector<Candidate> Candidates(const Detection& found, const Catalogue& catalogue,
+std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& plan,
                                   const OwnAccessPoint& own);
 
 // Moves what worked last to the front, and in its script the dial command. What the user names

@@ -47,10 +47,18 @@ std::string Title(const Velmor_DUNSetting& setting) {
 
 // An options file for pppd(8), as in /etc/ppp/peers. It dials with the script at that path.
 std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
-                      const std::string& script) {
+                      const std::string& script, const std::string& pinFile) {
+    const std::string pin =
+        pinFile.empty() ? "" : "--pin-file " + ShellWord(std::filesystem::absolute(pinFile)) + " ";
+    const bool lacksUser =
+        HostText(setting.RequiresUser) == "Y" && HostText(setting.DefaultUser).empty();
     return Title(setting) +
-           PppdOptions(setting, link, "velmor dial " + ShellWord(OneLine("path", script))) +
-           "persist\nmaxfail 0\nholdoff 10\n";
+           PppdOptions(setting, link, OneLine("path", "velmor dial " + pin + ShellWord(script))) +
+           "persist\nmaxfail 0\nholdoff 10\n" +
+           (pin.empty() ? "# A SIM card with a PIN: add --pin-file FILE behind velmor dial.\n"
+                        : "") +
+           (lacksUser ? "# The network needs a user and a password: user NAME, password TEXT.\n"
+                      : "");
 }
 
 // The script for velmor dial.
@@ -97,7 +105,8 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
 
 // The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
 // which dials for it, makes the initialisation and dial strings itself.
-std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link) {
+std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link,
+                                  const std::string& pin) {
     std::string text = Title(setting);
     const auto set = [&](const char* key, const std::string& value) {
         if (!IsUtf8(value)) {
@@ -119,7 +128,9 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const Dialer
     set("apn", apn);
     set("username", HostText(setting.DefaultUser));
     set("password", HostText(setting.DefaultPassword));
-    text += Concat("\n[serial]\nbaud=", link.baud, "\n\n[ipv4]\nmethod=auto\n");
+    set("pin", pin);
+    text +=
+        Concat("\n[serial]\nbaud=", link.baud, "\n\n[ipv6]\nmethod=auto\n\n[ipv4]\nmethod=auto\n");
     std::string servers;
     for (const auto& server : {HostText(setting.Dns1), HostText(setting.Dns2)}) {
         const std::string address = Address("name server", server);
@@ -167,6 +178,10 @@ void WriteFiles(const std::vector<std::pair<std::string, std::string>>& files,
 
 void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
                       const OutputFormat& format, const std::string& catalogue) {
+    if (link.device.empty() && format.name != "networkmanager") {
+        throw ToolError("--format ", format.name,
+                        ": needs --device; pppd would take the terminal that it runs in");
+    }
     const bool print = format.directory.empty();
     const std::string path =
         print ? "" : std::filesystem::absolute(format.directory).string() + "/velmor";
@@ -175,16 +190,16 @@ void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
     if (format.name == "wvdial") {
         PrintLines(WvdialSection(setting, link));
     } else if (format.name == "networkmanager" && print) {
-        PrintLines(NetworkManagerKeyfile(setting, link));
+        PrintLines(NetworkManagerKeyfile(setting, link, format.pin));
     } else if (format.name == "networkmanager") {
-        files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, link)}};
+        files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, link, format.pin)}};
     } else if (print) {
-        const std::string peers = PeersFile(setting, link, kScript);
+        const std::string peers = PeersFile(setting, link, kScript, format.pinFile);
         PrintLines(Concat("# ----- ", kPeers, " -----\n", peers, "# ----- ", kScript, " -----\n",
                           ScriptFile(setting)));
     } else {
         files = {{path + ".dial", ScriptFile(setting)},
-                 {path, PeersFile(setting, link, path + ".dial")}};
+                 {path, PeersFile(setting, link, path + ".dial", format.pinFile)}};
     }
     WriteFiles(files, format, catalogue);
 }

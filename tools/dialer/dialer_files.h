@@ -15,6 +15,8 @@ struct OutputFormat {
     std::string name = "text";  // or json, or that of a dialler
     std::string directory;      // for the files of a dialler; empty: standard output
     bool force = false;         // replace existing files
+    std::string pinFile;        // for velmor dial; empty: none
+    std::string pin;            // for NetworkManager; empty: none
 };
 
 // Prints or writes the files for a dialler. None replaces the catalogue.

@@ -167,6 +167,9 @@ Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers
     maker.AddNetworks(networks.networks);
     maker.AddKeys(networks.keys);
     maker.AddPhoneRows();
+    if (const CatalogueTable* further = phones.Tables().Find(kFurtherDialRows)) {
+        maker.Add(*further);
+    }
     maker.AddSettings(networks.networks);
     return maker.Take();
 }

@@ -98,8 +98,8 @@ class ScratchFile {
     void TakeAttributes(const std::optional<Attributes>& replaced, OutputFile::Readers readers) {
         const mode_t mask = umask(0);  // it can only be read by changing it
         umask(mask);
-        mode_t mode = replaced ? replaced->stx_mode & 07777U : 0666U & ~mask;
-        mode &= readers == OutputFile::Readers::kOwner ? 07700U : 07777U;
+        const mode_t usual = replaced ? replaced->stx_mode & 07777U : 0666U & ~mask;
+        const mode_t mode = readers == OutputFile::Readers::kOwner ? 0600U : usual;
         Attributes own = {};
         const bool moved =
             replaced &&
