@@ -152,6 +152,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kAcme + "AT:=\nAT:=\nAT: RING", detect + "-v", 0, "s  < OK\n"},
         {kAcme + "disconnect = 40", detect, 2, "the device is gone"},
         {kAcme + "disconnect = 40", "velmor detect ../sample --phone profile", 2, "is gone"},
+        {kAcme + "delay = 700", detect, 0, "ATD*99***1#"},
         {kAcme + "pause = every 1", detect, 0, "ATD*99***1#"},
         {"flood = ERR", detect + "-v", 1, "< ..."},
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+CGM\\|> AT+CIMI'", 0, "5\n"},

@@ -196,12 +196,8 @@ Dialogue::Reply Dialogue::Probe(double seconds) {
     if (heard.find(kFrameHeader) != std::string::npos) {
         return Reply::kFrames;
     }
-    // The echo alone is no answer: a loopback or a terminal sends back every byte.
-    std::string echo;
-    while (echo.size() < heard.size()) {
-        echo += command;
-    }
-    return heard == echo.substr(0, heard.size()) ? Reply::kNone : Reply::kOther;
+    // The echo alone is no answer: a loopback or a terminal sends back every byte, some too late.
+    return heard.find_first_not_of(command) == std::string::npos ? Reply::kNone : Reply::kOther;
 }
 
 bool Dialogue::LeaveCall(double seconds) {
