@@ -36,6 +36,7 @@ constexpr int kLongestPause = 60;
 // The first exit status of pppd(8) that says something about the setting. Those below it are about
 // its options, its rights, its kernel and the device.
 constexpr int kConnectFailed = 8;
+constexpr int kNotStarted = 127;  // there is no pppd
 
 // Why there is no link.
 class NoLink : public ToolError {
@@ -187,8 +188,13 @@ void Connection::CheckRegistration(Dialogue& dialogue) const {
 }
 
 Detection Connection::AskPhone() {
-    SerialLine line(device_, options_.link.baud);
-    Dialogue dialogue(line, LibraryPatience(catalogue_), options_.timeout,
+    std::optional<SerialLine> line;
+    try {
+        line.emplace(device_, options_.link.baud);
+    } catch (const ToolError& error) {  // unplugged, or in use for a moment
+        throw NoLink(kExitNoPhone, error.what(), true);
+    }
+    Dialogue dialogue(*line, LibraryPatience(catalogue_), options_.timeout,
                       !options_.verbose && isatty(STDERR_FILENO) == 0);
     if (dialogue.Probe(kProbe) != Dialogue::Reply::kResult && !dialogue.LeaveCall(kProbe)) {
         throw NoLink(kExitNoPhone, device_ + ": the phone does not answer", true);
@@ -271,6 +277,7 @@ bool Connection::Try(const Candidate& candidate, const Detection& found) {
               candidate.script, contexts_, options_.verbose);
     if (pppd.AwaitLink()) {
         wasOnline_ = true;
+        refusedCredentials_ = 0;
         TellOnline(candidate, found, pppd.state());
         pppd.AwaitEnd();
     }
@@ -286,16 +293,18 @@ bool Connection::Try(const Candidate& candidate, const Detection& found) {
         throw NoLink(kExitLost, "the link is lost", true);
     }
     if (pppd.state().refusedCredentials) {
-        report_.Tell("refused", "the network refuses user or password");
+        report_.Tell("refused", HostText(candidate.setting.DefaultUser).empty()
+                                    ? "the network wants a user and a password; --apn with --user"
+                                      " and --password gives them"
+                                    : "the network refuses user or password");
         if (++refusedCredentials_ >= kMostCredentials) {
             throw NoLink(kExitCredentials,
                          "the network refused user or password twice; more tries could lock the"
                          " card",
                          false);
         }
-    } else if (status < kConnectFailed) {
-        throw ToolError("pppd ended with status ", status, ": ", pppd.state().problem,
-                        "; its man page says more");
+    } else if (status < kConnectFailed || status == kNotStarted) {
+        throw ToolError("pppd ended with status ", status, ": ", pppd.state().problem);
     } else {
         report_.Tell("refused", pppd.state().dialled.empty()
                                     ? pppd.state().problem

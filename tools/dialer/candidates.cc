@@ -24,7 +24,8 @@ using namespace vel::schema;
 // The values of the placeholders, in the order of vel::kPlaceholders.
 using Values = std::array<std::string, std::size(vel::kPlaceholders)>;
 
-// What an own access point has no column for: the type of the PDP context.
+// What an own access point has no columns for: the number and the type of its PDP context.
+constexpr char kOwnNumber[] = "1";
 constexpr char kOwnType[] = "IP";
 
 std::string Expanded(const std::string& text, const Values& values) {
@@ -77,7 +78,7 @@ Candidate OwnCandidate(const Detection& found, const DetectionPlan& plan,
     if (own.name.find('"') != std::string::npos) {
         throw ToolError("--apn: an access point has no quotation marks");
     }
-    Candidate candidate = {{}, ScriptFor(found, plan, {own.name, "", kOwnType})};
+    Candidate candidate = {{}, ScriptFor(found, plan, {own.name, kOwnNumber, kOwnType})};
     candidate.setting.aBasicDUNSettingId = -1;
     vel::FillText(candidate.setting.APN, VELMOR_TEXT_SIZE, ToLibrary(own.name));
     vel::FillText(candidate.setting.DefaultUser, VELMOR_TEXT_SIZE, ToLibrary(own.user));
