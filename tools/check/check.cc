@@ -23,12 +23,12 @@ constexpr char kAllowedWarnings[] = "ALLOWED-WARNINGS";
 // structure, of the columns, and then of the values. So a cause precedes its effects.
 constexpr std::string_view kOrder =
     " nul-byte not-enciphered mixed-forms skipped-line text-before-record text-after-record"
-    " lone-separator empty-record stray-record no-database table-before-database several-"
-    " databases cut-off-table no-database-end after-end marker-in-table unnamed-table"
-    " repeated-table row-width wrong-encoding missing-table missing-column repeated-column"
-    " key-column bad-identifier repeated-key dangling-key unknown-phone unused-network-type"
-    " unmatchable-key long-network-key empty-key hidden-row ambiguous-phone-row unknown-"
-    " placeholder empty-placeholder endless-value long-value many-retries unused-allowance ";
+    " lone-separator empty-record stray-record no-database table-before-database several-databases"
+    " cut-off-table no-database-end after-end marker-in-table unnamed-table repeated-table"
+    " row-width wrong-encoding missing-table missing-column repeated-column key-column"
+    " bad-identifier repeated-key dangling-key unknown-phone unused-network-type unmatchable-key"
+    " long-network-key empty-key hidden-row ambiguous-phone-row unknown-placeholder"
+    " empty-placeholder endless-value long-value many-retries unused-allowance ";
 
 std::size_t Rank(const Finding& finding) {
     return kOrder.find(" " + finding.id + " ");
