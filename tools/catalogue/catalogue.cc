@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "database/table.h"
+#include "foundation/number.h"
+#include "session/schema.h"
 #include "storage/catalogue_format.h"
 
 namespace tool {
@@ -179,13 +181,20 @@ int CatalogueTable::Column(const std::string& column) const {
     return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
-std::string CatalogueTable::LookUp(const std::string& column, const std::string& value,
-                                   const std::string& wanted) const {
-    const int index = Column(column);
+std::string CatalogueTable::LookUp(const std::string& id, const std::string& column) const {
+    const int key = Column(vel::schema::kID);
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const CatalogueRow& candidate) {
-        return index >= 0 && candidate.Cell(index) == value;
+        return key >= 0 && candidate.Cell(key) == id;
     });
-    return row == rows.end() ? "" : row->Cell(Column(wanted));
+    return row == rows.end() ? "" : row->Cell(Column(column));
+}
+
+std::set<std::string> CatalogueTable::Texts(int column) const {
+    std::set<std::string> texts;
+    for (const CatalogueRow& row : rows) {
+        texts.insert(row.Cell(column));
+    }
+    return texts;
 }
 
 const CatalogueTable* Catalogue::Find(const std::string& table) const {
@@ -199,6 +208,22 @@ const CatalogueTable& Catalogue::Table(const std::string& table) const {
     static const CatalogueTable kNone;
     const CatalogueTable* found = Find(table);
     return found == nullptr ? kNone : *found;
+}
+
+std::vector<std::pair<std::string, Place>> Catalogue::Values(const std::string& variable) const {
+    const CatalogueTable& variables = Table(vel::schema::kGeneralVariables);
+    std::vector<std::pair<std::string, Place>> values;
+    for (const CatalogueRow& row : variables.rows) {
+        if (variables.Cell(row, vel::schema::kVariable) == variable) {
+            values.emplace_back(variables.Cell(row, vel::schema::kValue), variables.At(row));
+        }
+    }
+    return values;
+}
+
+int Catalogue::Number(const std::string& variable) const {
+    const auto values = Values(variable);
+    return values.empty() ? -1 : vel::ReadNumber(values[0].first.c_str(), -1);
 }
 
 Catalogue ReadCatalogue(const std::string& bytes, Findings& findings) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <set>
+
 #include "catalogue/records.h"
 #include "detection/recipe.h"
 
@@ -30,10 +32,14 @@ struct CatalogueTable {
 
     // Index of the first column of that name, or -1.
     int Column(const std::string& column) const;
-    // The cell in the column `wanted` of the first row whose other column holds the value; empty
-    // when there is no such row.
-    std::string LookUp(const std::string& column, const std::string& value,
-                       const std::string& wanted) const;
+    // The cell of a row in the column of that name; empty without such a column.
+    std::string Cell(const CatalogueRow& row, const std::string& column) const {
+        return row.Cell(Column(column));
+    }
+    // The cell in a column of the first row with the identifier; empty when there is no such row.
+    std::string LookUp(const std::string& id, const std::string& column) const;
+    // The texts in a column; -1: the empty text if there are rows.
+    std::set<std::string> Texts(int column) const;
     // The place of a finding about a row.
     Place At(const CatalogueRow& row) const { return {name, row.line}; }
 };
@@ -49,6 +55,10 @@ struct Catalogue {
     const CatalogueTable* Find(const std::string& table) const;
     // The table of that name; a table without columns and rows when it is missing.
     const CatalogueTable& Table(const std::string& table) const;
+    // The values of a variable of GeneralVariables, and their places. The library uses the first.
+    std::vector<std::pair<std::string, Place>> Values(const std::string& variable) const;
+    // The number that the library reads from a variable; -1 when there is none.
+    int Number(const std::string& variable) const;
 };
 
 // Reads the bytes of a catalogue in any form: source, stored or plain. Adds the findings about its

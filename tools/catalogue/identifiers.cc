@@ -9,18 +9,26 @@
 
 namespace tool {
 
-const char* HighestVariable(const std::string& table) {
-    for (const auto& [name, variable] : kNumberedTables) {
-        if (table == name) {
-            return variable;
-        }
-    }
-    return nullptr;
-}
-
 std::int64_t IdentifierNumber(const std::string& id) {
     const std::size_t digits = std::to_string(kHighestIdentifier).size();
     return id.empty() || id.size() > digits || !IsDigits(id) ? 0 : std::stoll(id);
+}
+
+std::int64_t HighestIdentifier(const Catalogue& catalogue, const std::string& table) {
+    const CatalogueTable& rows = catalogue.Table(table);
+    std::set<std::string> ids = rows.Texts(rows.Column(vel::schema::kID));
+    for (const auto& [name, variable] : kNumberedTables) {
+        if (name == table) {
+            for (const auto& [value, place] : catalogue.Values(variable)) {
+                ids.insert(value);
+            }
+        }
+    }
+    std::int64_t highest = 0;
+    for (const std::string& id : ids) {
+        highest = std::max(highest, IdentifierNumber(id));
+    }
+    return highest;
 }
 
 bool IsCountryCode(const std::string& id) {

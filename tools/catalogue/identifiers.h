@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
+#include "catalogue/catalogue.h"
 #include "session/schema.h"
 
 namespace tool {
@@ -27,12 +27,12 @@ constexpr NumberedTable kNumberedTables[] = {{vel::schema::kBasicDUNSettings, "L
                                              {vel::schema::kNetworks, "LAST-NETWORK"},
                                              {vel::schema::kPhones, "LAST-PHONE"}};
 
-// The variable of a table; null when the identifiers of the table need not last.
-const char* HighestVariable(const std::string& table);
-
 // The number that an identifier is; 0 for a text that is no positive number, or a longer one than
 // any identifier.
 std::int64_t IdentifierNumber(const std::string& id);
+
+// The highest number that is an identifier in the rows of a table, or that its variable remembers.
+std::int64_t HighestIdentifier(const Catalogue& catalogue, const std::string& table);
 
 // Whether an identifier of a country is its code: two small letters.
 bool IsCountryCode(const std::string& id);

@@ -7,13 +7,9 @@
 #include <string_view>
 #include <tuple>
 
-#include "session/schema.h"
-
 namespace tool {
 
 namespace {
-
-namespace schema = vel::schema;
 
 // The variable of GeneralVariables with the warnings that are intended: TABLE:FINDING, separated by
 // blanks. Among intended warnings a new one is not noticed. The library does not read the variable.
@@ -42,12 +38,9 @@ void SortByLine(Findings& findings) {
 
 // Moves the warnings that the catalogue allows. Errors stay: the library loses something there.
 void MoveAllowed(const Catalogue& catalogue, CheckResult& result) {
-    const CatalogueTable& variables = catalogue.Table(schema::kGeneralVariables);
-    const int variable = variables.Column(schema::kVariable);
     Findings unused;
-    for (const CatalogueRow& row : variables.rows) {
-        const bool allows = row.Cell(variable) == kAllowedWarnings;
-        std::istringstream words(allows ? row.Cell(variables.Column(schema::kValue)) : "");
+    for (const auto& [value, place] : catalogue.Values(kAllowedWarnings)) {
+        std::istringstream words(value);
         for (std::string word; words >> word;) {
             const auto first = std::stable_partition(
                 result.findings.begin(), result.findings.end(), [&word](const Finding& finding) {
@@ -55,8 +48,8 @@ void MoveAllowed(const Catalogue& catalogue, CheckResult& result) {
                            finding.place.table + ":" + finding.id != word;
                 });
             if (first == result.findings.end()) {
-                AddWarning(unused, "unused-allowance", variables.At(row), kAllowedWarnings,
-                           " allows ", InQuotes(word),
+                AddWarning(unused, "unused-allowance", place, kAllowedWarnings, " allows ",
+                           InQuotes(word),
                            ", but there is no such warning: correct it, or remove it");
             }
             std::move(first, result.findings.end(), std::back_inserter(result.allowed));

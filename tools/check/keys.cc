@@ -37,23 +37,13 @@ const Relation kRelations[] = {
     {kFurtherDialRows, kPhoneID, kPhones, false, "no list offers such a phone"},
 };
 
-using Texts = std::set<std::string>;
-
-Texts ColumnTexts(const CatalogueTable& table, int column) {
-    Texts texts;
-    for (const CatalogueRow& row : table.rows) {
-        texts.insert(row.Cell(column));
-    }
-    return texts;
-}
-
 void CheckRelation(const Catalogue& catalogue, const Relation& relation, Findings& findings) {
     const CatalogueTable& table = catalogue.Table(relation.table);
     const int column = table.Column(relation.column);
     if (column < 0 || catalogue.Find(relation.target) == nullptr) {
         return;
     }
-    const Texts keys = ColumnTexts(catalogue.Table(relation.target), 0);
+    const std::set<std::string> keys = catalogue.Table(relation.target).Texts(0);
     for (const CatalogueRow& row : table.rows) {
         const std::string value = row.Cell(column);
         if (keys.count(value) == 0 && !(value.empty() && relation.mayBeEmpty)) {
@@ -66,19 +56,14 @@ void CheckRelation(const Catalogue& catalogue, const Relation& relation, Finding
 
 // The fallback phone must be in Phones and have a dial-up row.
 void CheckUnknownPhone(const Catalogue& catalogue, Findings& findings) {
-    const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
     const std::pair<const char*, const char*> needed[] = {{kPhones, kID},
                                                           {kBasicDUNForPhone, kPhoneID}};
-    for (const CatalogueRow& row : variables.rows) {
-        const std::string id = row.Cell(variables.Column(kValue));
-        if (row.Cell(variables.Column(kVariable)) != kUnknownPhone || id.empty()) {
-            continue;
-        }
+    for (const auto& [id, place] : catalogue.Values(kUnknownPhone)) {
         for (const auto& [name, column] : needed) {
             const CatalogueTable& table = catalogue.Table(name);
-            if (ColumnTexts(table, table.Column(column)).count(id) == 0) {
-                AddError(findings, "unknown-phone", variables.At(row), kUnknownPhone, " is ",
-                         InQuotes(id), ", which is not in ", name,
+            if (!id.empty() && table.Texts(table.Column(column)).count(id) == 0) {
+                AddError(findings, "unknown-phone", place, kUnknownPhone, " is ", InQuotes(id),
+                         ", which is not in ", name,
                          "; an unknown phone cannot be dialled: correct the identifier, or add the"
                          " row");
                 break;
@@ -92,7 +77,7 @@ void CheckNetworkTypes(const Catalogue& catalogue, Findings& findings) {
     const CatalogueTable& networks = catalogue.Table(kNetworks);
     const int column = table.Column(kNetworkType);
     const int target = networks.Column(kNetworkType);
-    const Texts types = ColumnTexts(networks, target);
+    const std::set<std::string> types = networks.Texts(target);
     for (const CatalogueRow& row : table.rows) {
         if (column >= 0 && target >= 0 && types.count(row.Cell(column)) == 0) {
             AddWarning(findings, "unused-network-type", table.At(row), "no network has the type ",
@@ -140,8 +125,7 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings) {
     CheckUnknownPhone(catalogue, findings);
     CheckNetworkTypes(catalogue, findings);
     for (const char* name : {kCountries, kPhones, kManufacturers, kNetworks, kBasicDUNSettings}) {
-        const CatalogueTable& table = catalogue.Table(name);
-        CheckRepeated(table, table.columns.empty() ? -1 : 0, findings);
+        CheckRepeated(catalogue.Table(name), 0, findings);
     }
     for (const char* name :
          {kGeneralVariables, kManufacturerRecipe, kPhoneRecipe, kNetworkRecipe}) {

@@ -69,15 +69,6 @@ void CheckColumns(const CatalogueTable& table, const Names& columns, Severity mi
     }
 }
 
-// A host gets identifiers from the column ID, but the library looks for them in the first column.
-void CheckKeyColumn(const CatalogueTable& table, Findings& findings) {
-    if (table.Column(kID) > 0) {
-        AddError(findings, "key-column", {table.name, table.line},
-                 "the column \"ID\" is not the first; the library looks for identifiers in"
-                 " the first column: move \"ID\" there");
-    }
-}
-
 void CheckRepeatedColumns(const CatalogueTable& table, Findings& findings) {
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         if (table.Column(table.columns[i]) < static_cast<int>(i)) {
@@ -112,8 +103,13 @@ void CheckSchema(const Catalogue& catalogue, Findings& findings) {
                        ": add it, with exactly this name");
         }
     }
+    // A host gets identifiers from the column ID.
     for (const char* name : {kPhones, kBasicDUNSettings}) {
-        CheckKeyColumn(catalogue.Table(name), findings);
+        if (catalogue.Table(name).Column(kID) > 0) {
+            AddError(findings, "key-column", {name, catalogue.Table(name).line},
+                     "the column \"ID\" is not the first; the library looks for identifiers in"
+                     " the first column: move \"ID\" there");
+        }
     }
     for (const CatalogueTable& table : catalogue.tables) {
         CheckRepeatedColumns(table, findings);

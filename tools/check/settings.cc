@@ -32,7 +32,7 @@ void CheckLengths(const CatalogueTable& table, const std::vector<const char*>& c
                   Findings& findings) {
     for (const CatalogueRow& row : table.rows) {
         for (const char* column : columns) {
-            const std::size_t size = row.Cell(table.Column(column)).size();
+            const std::size_t size = table.Cell(row, column).size();
             if (size >= VELMOR_TEXT_SIZE) {
                 AddError(findings, "long-value", table.At(row), column, " has ", size,
                          " bytes; the library cuts it after 256 bytes, without a terminator:"
@@ -47,24 +47,24 @@ NetworkTypes ReadNetworkTypes(const Catalogue& catalogue) {
     const CatalogueTable& phones = catalogue.Table(kBasicDUNForPhone);
     for (const CatalogueRow& row : phones.rows) {
         for (const char* column : kTemplates) {
-            types[row.Cell(phones.Column(kNetworkType))].longest[row.Cell(phones.Column(column))];
+            types[phones.Cell(row, kNetworkType)].longest[phones.Cell(row, column)];
         }
     }
     std::map<std::string, std::string> typeOf;  // of a network, by its key
     const CatalogueTable& networks = catalogue.Table(kNetworks);
     for (const CatalogueRow& row : networks.rows) {
-        typeOf.emplace(row.Cell(0), row.Cell(networks.Column(kNetworkType)));
+        typeOf.emplace(row.Cell(0), networks.Cell(row, kNetworkType));
     }
     const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
     for (const CatalogueRow& row : settings.rows) {
-        const auto found = typeOf.find(row.Cell(settings.Column(kNetworkID)));
+        const auto found = typeOf.find(settings.Cell(row, kNetworkID));
         if (found == typeOf.end()) {
             continue;
         }
         NetworkType& type = types[found->second];
         type.settings.push_back(&row);
         for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
-            if (row.Cell(settings.Column(placeholder.column)).empty()) {
+            if (settings.Cell(row, placeholder.column).empty()) {
                 type.emptyLines[placeholder.column].push_back(row.line);
             }
         }
@@ -124,7 +124,7 @@ std::size_t ExpandedSize(const std::string& text, const CatalogueTable& settings
                          const CatalogueRow& row) {
     vel::String expanded = ToLibrary(text);
     for (const vel::Placeholder& placeholder : vel::kPlaceholders) {
-        const std::string value = row.Cell(settings.Column(placeholder.column));
+        const std::string value = settings.Cell(row, placeholder.column);
         expanded = vel::Expand(expanded, placeholder, ToLibrary(value));
     }
     return static_cast<std::size_t>(expanded.Length());
@@ -146,12 +146,9 @@ void CheckExpansion(const CatalogueTable& settings, NetworkType& type, Findings&
 }
 
 void CheckRetries(const Catalogue& catalogue, Findings& findings) {
-    const CatalogueTable& table = catalogue.Table(kGeneralVariables);
-    for (const CatalogueRow& row : table.rows) {
-        const std::string value = row.Cell(table.Column(kValue));
-        if (row.Cell(table.Column(kVariable)) == kAtRetry &&
-            vel::ReadNumber(value.c_str(), -1) > kManyRetries) {
-            AddWarning(findings, "many-retries", table.At(row), kAtRetry, " is ", value,
+    for (const auto& [value, place] : catalogue.Values(kAtRetry)) {
+        if (vel::ReadNumber(value.c_str(), -1) > kManyRetries) {
+            AddWarning(findings, "many-retries", place, kAtRetry, " is ", value,
                        "; the library repeats each failed read that often, and a silent phone can"
                        " keep it busy for minutes: use at most ",
                        kManyRetries);
@@ -167,8 +164,8 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
     const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
     std::map<std::pair<std::string, std::string>, int> seen;
     for (const CatalogueRow& row : table.rows) {
-        const std::string phone = row.Cell(table.Column(kPhoneID));
-        const std::string type = row.Cell(table.Column(kNetworkType));
+        const std::string phone = table.Cell(row, kPhoneID);
+        const std::string type = table.Cell(row, kNetworkType);
         const auto [first, isNew] = seen.emplace(std::make_pair(phone, type), row.line);
         if (!isNew) {
             AddError(findings, "ambiguous-phone-row", table.At(row), "another row for phone ",
@@ -176,7 +173,7 @@ void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
                      first->second, "; the library uses none of these rows: keep only one");
         }
         for (const char* column : kTemplates) {
-            const std::string text = row.Cell(table.Column(column));
+            const std::string text = table.Cell(row, column);
             CheckTemplate(table.At(row), column, text, types[type], findings);
         }
     }

@@ -2,7 +2,9 @@
 // velmor detect: detects the phone on a serial device as a host does.
 #include <unistd.h>
 
+#include <algorithm>
 #include <iostream>
+#include <memory>
 #include <optional>
 
 #include "commands/devices.h"
@@ -67,9 +69,11 @@ Detection AskPhone(const DialerLink& link, const std::string& catalogueBytes,
 
 // `wanted`: the identifier of a setting; 0: the first that is ready.
 const Velmor_DUNSetting& ChooseSetting(const Detection& found, long wanted) {
-    const Detection::Setting* setting =
-        wanted == 0 ? found.FirstReady() : found.FindSetting(wanted);
-    if (setting == nullptr) {
+    const auto setting = std::find_if(
+        found.settings.begin(), found.settings.end(), [&](const Detection::Setting& candidate) {
+            return wanted == 0 ? candidate.ready : candidate.values.aBasicDUNSettingId == wanted;
+        });
+    if (setting == found.settings.end()) {
         throw ToolError(wanted == 0 ? "no setting is ready to dial; --format text says why"
                                     : Concat("setting ", wanted, ": does not fit this network"));
     }
@@ -84,9 +88,9 @@ const Velmor_DUNSetting& ChooseSetting(const Detection& found, long wanted) {
 
 int RunDetect(const DetectOptions& options) {
     const Interruption interruption;
-    std::optional<PinFile> pin;
+    std::unique_ptr<PinFile> pin;
     if (!options.pinFile.empty()) {
-        pin.emplace(options.pinFile);
+        pin = std::make_unique<PinFile>(options.pinFile);
     }
     std::optional<PlayedPhone> phone;
     DialerLink link = options.link;
@@ -103,16 +107,16 @@ int RunDetect(const DetectOptions& options) {
     if (link.device.empty()) {
         return kExitFindings;
     }
-    std::optional<OutputFile> record;
+    std::unique_ptr<OutputFile> record;
     if (!options.record.empty()) {
         RequireOther(options.record, {options.catalogue, options.profile, options.pinFile});
-        record.emplace(options.record, options.format.force);
+        record = std::make_unique<OutputFile>(options.record, options.format.force);
     }
     OutputFormat format = options.format;
     format.pinFile = options.pinFile;
     format.pin = options.withPin ? pin->pin() : "";
-    Detection found = AskPhone(link, session.bytes(), options, pin ? &*pin : nullptr,
-                               record ? &*record : nullptr);
+    Detection found = AskPhone(link, session.bytes(), options, pin.get(),
+                               record.get());
     found.SelectSettings(options.choice);
     if (options.format.name == "text") {
         PrintDetection(found);

@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "detection/final_result.h"
-#include "foundation/number.h"
 #include "session/schema.h"
 #include "support/interruption.h"
 #include "support/texts.h"
@@ -73,13 +72,8 @@ int CountResults(const std::string& answer) {
 }  // namespace
 
 double LibraryPatience(const Catalogue& catalogue) {
-    const auto number = [&](const char* variable) {
-        using namespace vel::schema;
-        const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
-        return vel::ReadNumber(variables.LookUp(kVariable, variable, kValue).c_str(), -1);
-    };
-    return (1.0 + std::max(number(vel::schema::kAtRetry), 0)) *
-           WaitOf(number(vel::schema::kAtTimeOut));
+    return (1.0 + std::max(catalogue.Number(vel::schema::kAtRetry), 0)) *
+           WaitOf(catalogue.Number(vel::schema::kAtTimeOut));
 }
 
 Dialogue::Dialogue(SerialLine& line, double patience, double secondsPerCommand, bool silent)

@@ -57,13 +57,17 @@ class Adviser {
         }
         std::string networkId = found_.networkId;
         if (networkId.empty() && found_.network.IsUsable()) {
-            networkId = AddNetwork();
+            networkId = FreeId(kNetworks);
+            Add(kNetworks, {{kID, networkId}, {kNetworkType, CommonType()}});
+            Add(kNetworkIdentification,
+                {{kNetworkResponse, found_.network.key}, {kNetworkID, networkId}});
         }
-        const std::vector<std::string> owners = Cells(kBasicDUNSettings, kNetworkID);
-        if (!networkId.empty() && std::count(owners.begin(), owners.end(), networkId) == 0) {
+        if (!networkId.empty() && Texts(kBasicDUNSettings, kNetworkID).count(networkId) == 0) {
+            const std::string name = found_.operatorName.empty() ? "Network " + found_.network.text
+                                                                 : found_.operatorName;
             Add(kBasicDUNSettings, {{kID, FreeId(kBasicDUNSettings)},
                                     {kNetworkID, networkId},
-                                    {kName, NetworkName()},
+                                    {kName, name},
                                     {kAPN, kAdvisedApn},
                                     {kCountryID, Country()}});
         }
@@ -77,36 +81,17 @@ class Adviser {
     }
 
   private:
-    std::vector<std::string> Cells(const char* name, const char* column) const {
-        const CatalogueTable& table = catalogue_.Table(name);
-        std::vector<std::string> cells;
-        for (const CatalogueRow& row : table.rows) {
-            cells.push_back(row.Cell(table.Column(column)));
-        }
-        return cells;
-    }
-
-    // The cell of the table's first row; empty when there is none.
-    std::string First(const char* table, const char* column) const {
-        const std::vector<std::string> cells = Cells(table, column);
-        return cells.empty() ? "" : cells[0];
+    std::set<std::string> Texts(const char* table, const char* column) const {
+        return catalogue_.Table(table).Texts(catalogue_.Table(table).Column(column));
     }
 
     // A number that is not an identifier in the table. It is above all others that the catalogue
     // has or remembers, if there is a higher one.
     std::string FreeId(const char* table) const {
-        const std::vector<std::string> taken = Cells(table, kID);
-        std::int64_t highest = 0;
-        for (const std::string& id : taken) {
-            highest = std::max(highest, IdentifierNumber(id));
-        }
-        if (const char* variable = HighestVariable(table)) {
-            const CatalogueTable& variables = catalogue_.Table(kGeneralVariables);
-            highest =
-                std::max(highest, IdentifierNumber(variables.LookUp(kVariable, variable, kValue)));
-        }
+        const std::set<std::string> taken = Texts(table, kID);
+        const std::int64_t highest = HighestIdentifier(catalogue_, table);
         std::int64_t id = highest < kHighestIdentifier ? highest + 1 : 1;
-        while (std::count(taken.begin(), taken.end(), std::to_string(id)) != 0) {
+        while (taken.count(std::to_string(id)) != 0) {
             ++id;
         }
         return std::to_string(id);
@@ -137,8 +122,8 @@ class Adviser {
         const CatalogueTable& table = catalogue_.Table(kPhoneIdentification);
         bool hidden = false;
         for (const CatalogueRow& row : table.rows) {
-            if (row.Cell(table.Column(kManufacturerID)) == found_.manufacturerId) {
-                const std::string key = row.Cell(table.Column(kPhoneResponse));
+            if (table.Cell(row, kManufacturerID) == found_.manufacturerId) {
+                const std::string key = table.Cell(row, kPhoneResponse);
                 if (key == found_.phone.key) {
                     return false;
                 }
@@ -194,8 +179,7 @@ class Adviser {
         std::string searched = manufacturer;
         if (manufacturer.empty() ||
             (key != pattern && (hasModel || name != found_.manufacturer.text))) {
-            const std::string known =
-                catalogue_.Table(kManufacturers).LookUp(kID, manufacturer, kName);
+            const std::string known = catalogue_.Table(kManufacturers).LookUp(manufacturer, kName);
             const std::string maker = name.substr(0, hasModel ? blank : name.size());
             searched = AddManufacturer(known.empty() ? maker : known, key, line);
             manufacturer = manufacturer.empty() ? searched : manufacturer;
@@ -207,35 +191,25 @@ class Adviser {
     // The pattern that found the manufacturer, and its line; empty when none did.
     std::pair<std::string, std::string> MatchedPattern() const {
         const CatalogueTable& table = catalogue_.Table(kManufacturerIdentification);
-        const int column = table.Column(kManufacturerResponse);
         for (const CatalogueRow& row : table.rows) {
-            if (found_.manufacturer.key.find(row.Cell(column)) != std::string::npos) {
-                return {row.Cell(column), row.text};
+            const std::string pattern = table.Cell(row, kManufacturerResponse);
+            if (found_.manufacturer.key.find(pattern) != std::string::npos) {
+                return {pattern, row.text};
             }
         }
         return {};
     }
 
-    std::string AddNetwork() {
-        std::string networkId = FreeId(kNetworks);
-        Add(kNetworks, {{kID, networkId}, {kNetworkType, CommonType()}});
-        Add(kNetworkIdentification,
-            {{kNetworkResponse, found_.network.key}, {kNetworkID, networkId}});
-        return networkId;
-    }
-
     // Adds a dial row for each network type that has none, with the texts that most phones have.
     void AddDialStrings(const std::string& phoneId) {
-        const std::vector<std::string> known = Cells(kNetworks, kNetworkType);
-        std::set<std::string> types(known.begin(), known.end());
+        std::set<std::string> types = Texts(kNetworks, kNetworkType);
         types.insert(CommonType());
         const CatalogueTable& table = catalogue_.Table(kBasicDUNForPhone);
         std::map<std::pair<std::string, std::string>, int> uses;
         for (const CatalogueRow& row : table.rows) {
-            ++uses[{row.Cell(table.Column(kDialString)),
-                    row.Cell(table.Column(kInitializationString))}];
-            if (row.Cell(table.Column(kPhoneID)) == phoneId) {
-                types.erase(row.Cell(table.Column(kNetworkType)));
+            ++uses[{table.Cell(row, kDialString), table.Cell(row, kInitializationString)}];
+            if (table.Cell(row, kPhoneID) == phoneId) {
+                types.erase(table.Cell(row, kNetworkType));
             }
         }
         // The usual texts, for a catalogue without dial rows.
@@ -254,11 +228,11 @@ class Adviser {
     // The country of the network's number. A network without a number gets the first country.
     std::string Country() {
         std::string code = CountryOfMcc(found_.network.text);
+        const CatalogueTable& countries = catalogue_.Table(kCountries);
         if (code.empty()) {
-            return First(kCountries, kID);
+            return countries.rows.empty() ? "" : countries.Cell(countries.rows[0], kID);
         }
-        const std::vector<std::string> known = Cells(kCountries, kID);
-        if (std::count(known.begin(), known.end(), code) == 0) {
+        if (Texts(kCountries, kID).count(code) == 0) {
             Add(kCountries, {{kID, code}, {kName, code}});
         }
         return code;
@@ -266,12 +240,8 @@ class Adviser {
 
     // The type of the first network. Most catalogues have only one type.
     std::string CommonType() const {
-        const std::string type = First(kNetworks, kNetworkType);
-        return catalogue_.Table(kNetworks).rows.empty() ? "GPRS" : type;
-    }
-
-    std::string NetworkName() const {
-        return found_.operatorName.empty() ? "Network " + found_.network.text : found_.operatorName;
+        const CatalogueTable& networks = catalogue_.Table(kNetworks);
+        return networks.rows.empty() ? "GPRS" : networks.Cell(networks.rows[0], kNetworkType);
     }
 
     const Identification& found_;

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <sstream>
 
-#include "foundation/number.h"
 #include "host/session.h"
 #include "session/schema.h"
 #include "support/error.h"
@@ -41,7 +40,7 @@ void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& d
                  const CatalogueTable& table) {
     for (Detection::Setting& setting : settings) {
         const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
-        std::istringstream numbers(table.LookUp(kID, id, kNumbers));
+        std::istringstream numbers(table.LookUp(id, kNumbers));
         for (std::string number; numbers >> number;) {
             if (number.size() > setting.number.size() && BeginsWith(digits, number)) {
                 setting.number = number;
@@ -94,26 +93,13 @@ std::string PhoneDescription(long id) {
 }
 
 long FallbackPhone(const DetectionPlan& plan) {
-    const CatalogueTable& variables = plan.catalogue.Table(kGeneralVariables);
-    const std::string named = variables.LookUp(kVariable, kUnknownPhone, kValue);
-    return plan.fallbackId == 0 ? vel::ReadNumber(named.c_str(), -1) : plan.fallbackId;
+    return plan.fallbackId == 0 ? plan.catalogue.Number(kUnknownPhone) : plan.fallbackId;
 }
 
 bool Detection::IsComplete() const {
-    return (phoneId >= 0 || fallbackId >= 0) && FirstReady() != nullptr;
-}
-
-const Detection::Setting* Detection::FirstReady() const {
-    const auto setting = std::find_if(settings.begin(), settings.end(),
-                                      [](const Setting& candidate) { return candidate.ready; });
-    return setting == settings.end() ? nullptr : &*setting;
-}
-
-const Detection::Setting* Detection::FindSetting(long id) const {
-    const auto setting = std::find_if(
-        settings.begin(), settings.end(),
-        [&](const Setting& candidate) { return candidate.values.aBasicDUNSettingId == id; });
-    return setting == settings.end() ? nullptr : &*setting;
+    return (phoneId >= 0 || fallbackId >= 0) &&
+           std::any_of(settings.begin(), settings.end(),
+                       [](const Setting& setting) { return setting.ready; });
 }
 
 void Detection::SelectSettings(const Choice& choice) {
@@ -159,9 +145,9 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
     // What the exported functions do not tell.
     if (found.manufacturer.empty()) {
         found.manufacturer =
-            plan.catalogue.Table(kManufacturers).LookUp(kID, said.manufacturerId, kName);
+            plan.catalogue.Table(kManufacturers).LookUp(said.manufacturerId, kName);
     }
-    found.networkType = plan.catalogue.Table(kNetworks).LookUp(kID, said.networkId, kNetworkType);
+    found.networkType = plan.catalogue.Table(kNetworks).LookUp(said.networkId, kNetworkType);
     found.advice = Advise(said, plan.catalogue);
     return found;
 }

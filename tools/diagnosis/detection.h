@@ -44,10 +44,6 @@ struct Detection {
     bool IsComplete() const;
     // Keeps only the settings that are wanted. Throws a ToolError when none of them is.
     void SelectSettings(const Choice& choice);
-    // The first setting that is ready to dial; null when there is none.
-    const Setting* FirstReady() const;
-    // The setting with this identifier; null when there is none.
-    const Setting* FindSetting(long id) const;
 };
 
 // How a detection goes.

@@ -35,7 +35,7 @@ std::vector<std::string> CountriesOfNetworks(const Content& content) {
     std::vector<std::string> countries(content[Kind::kNetwork].size());
     for (const Item& setting : content[Kind::kSetting]) {
         for (const Field& field : setting.fields) {
-            std::string& country = countries[static_cast<std::size_t>(setting.owner)];
+            std::string& country = countries[setting.owner];
             if (field.kind == Kind::kCountry && country.empty()) {
                 country = field.text;
             }
@@ -45,21 +45,18 @@ std::vector<std::string> CountriesOfNetworks(const Content& content) {
 }
 
 // The indexes of the settings of each network, or those of all patterns.
-std::vector<std::vector<int>> OrdersOf(const Content& content, Kind kind) {
+std::vector<std::vector<std::size_t>> OrdersOf(const Content& content, Kind kind) {
     const bool isOne = kind == Kind::kPattern;
-    std::vector<std::vector<int>> orders(isOne ? 1 : content[Kind::kNetwork].size());
-    int index = 0;
+    std::vector<std::vector<std::size_t>> orders(isOne ? 1 : content[Kind::kNetwork].size());
+    std::size_t index = 0;
     for (const Item& item : content[kind]) {
-        orders[isOne ? 0 : static_cast<std::size_t>(item.owner)].push_back(index++);
+        orders[isOne ? 0 : item.owner].push_back(index++);
     }
     return orders;
 }
 
-// The changes of the parts of each item of a kind: the parts that are gone by old item, the others
-// by new item.
-struct Parts {
-    std::vector<std::vector<Change>> ofOld, ofNew;
-};
+// The changes of the parts of an item, by its kind and index.
+using Parts = std::map<std::pair<Kind, std::size_t>, std::vector<Change>>;
 
 // Compares two catalogues, kind by kind.
 class Comparison {
@@ -69,18 +66,13 @@ class Comparison {
           new_(fresh),
           same_(old, fresh),
           oldCountries_(CountriesOfNetworks(old)),
-          newCountries_(CountriesOfNetworks(fresh)) {
-        for (std::size_t i = 0; i < parts_.size(); ++i) {
-            parts_[i].ofOld.resize(old[static_cast<Kind>(i)].size());
-            parts_[i].ofNew.resize(fresh[static_cast<Kind>(i)].size());
-        }
-    }
+          newCountries_(CountriesOfNetworks(fresh)) {}
 
     Difference Take() {
         for (const auto& [part, owner] : kOwners) {
             Compare(part);
         }
-        for (std::size_t i = 0; i < parts_.size(); ++i) {
+        for (std::size_t i = 0; i < Index(Kind::kCount); ++i) {
             if (OwnerOf(static_cast<Kind>(i)) == Kind::kCount) {
                 Compare(static_cast<Kind>(i));
             }
@@ -117,13 +109,13 @@ class Comparison {
             }
         }
         for (std::size_t i = 0; i < old.size(); ++i) {
-            const int partner = same_[kind].NewOf(i);
+            const std::size_t partner = same_[kind].NewOf(i);
             if (partner != kNoItem && HaveSameOwner(kind, old[i], fresh[partner])) {
                 continue;
             }
             Change change{kind, Action::kGone, old[i].title, Differing(old[i].fields, {})};
             change.oldId = old[i].id;
-            change.parts = std::move(parts_[Index(kind)].ofOld[i]);
+            change.parts = std::move(oldParts_[{kind, i}]);
             change.country = kind == Kind::kNetwork ? oldCountries_[i] : "";
             if (partner != kNoItem) {
                 change.hasMoved = true;
@@ -136,12 +128,11 @@ class Comparison {
     // What a new item adds or changes.
     Change CompareWithOld(Kind kind, std::size_t index) {
         const Item& item = new_[kind][index];
-        Parts& parts = parts_[Index(kind)];
         Change change{kind, Action::kAdded, item.title};
         change.newId = item.id;
-        change.parts = std::move(parts.ofNew[index]);
+        change.parts = std::move(newParts_[{kind, index}]);
         change.country = kind == Kind::kNetwork ? newCountries_[index] : "";
-        const int old = same_[kind].OldOf(index);
+        const std::size_t old = same_[kind].OldOf(index);
         if (old == kNoItem) {
             change.values = Differing({}, item.fields);
             return change;
@@ -151,10 +142,10 @@ class Comparison {
             change.action = Action::kChanged;
             change.oldId = before.id;
             change.values = Differing(before.fields, item.fields);
-            auto& gone = parts.ofOld[static_cast<std::size_t>(old)];
+            std::vector<Change>& gone = oldParts_[{kind, old}];
             std::move(gone.begin(), gone.end(), std::back_inserter(change.parts));
             if (kind == Kind::kNetwork && change.country.empty()) {
-                change.country = oldCountries_[static_cast<std::size_t>(old)];
+                change.country = oldCountries_[old];
             }
         } else {
             change.hasMoved = true;
@@ -170,15 +161,13 @@ class Comparison {
             result_.changes.push_back(std::move(change));
             return;
         }
-        Parts& parts = parts_[Index(owners)];
-        auto& lists = change.action == Action::kGone ? parts.ofOld : parts.ofNew;
-        lists[static_cast<std::size_t>(item.owner)].push_back(std::move(change));
+        Parts& parts = change.action == Action::kGone ? oldParts_ : newParts_;
+        parts[{owners, item.owner}].push_back(std::move(change));
     }
 
     bool HaveSameOwner(Kind kind, const Item& old, const Item& fresh) const {
         const Kind owners = OwnerOf(kind);
-        return owners == Kind::kCount ||
-               same_[owners].NewOf(static_cast<std::size_t>(old.owner)) == fresh.owner;
+        return owners == Kind::kCount || same_[owners].NewOf(old.owner) == fresh.owner;
     }
 
     // The values that differ. A reference to a partner is the same reference.
@@ -206,7 +195,7 @@ class Comparison {
 
     bool ReferToSame(const Field& old, const Field& fresh) const {
         return old.item != kNoItem && fresh.item != kNoItem &&
-               same_[old.kind].NewOf(static_cast<std::size_t>(old.item)) == fresh.item;
+               same_[old.kind].NewOf(old.item) == fresh.item;
     }
 
     // Few kinds have an order. The library takes the first pattern that occurs in an answer, and a
@@ -218,10 +207,10 @@ class Comparison {
         }
         const auto oldOrders = OrdersOf(old_, kind), newOrders = OrdersOf(new_, kind);
         for (std::size_t i = 0; i < newOrders.size(); ++i) {
-            const int old = kind == Kind::kPattern ? 0 : same_[Kind::kNetwork].OldOf(i);
+            const std::size_t old = kind == Kind::kPattern ? 0 : same_[Kind::kNetwork].OldOf(i);
             if (old != kNoItem) {
-                RecordMoves({oldOrders[static_cast<std::size_t>(old)], old_[kind]},
-                            {newOrders[i], new_[kind]}, same_[kind], moves);
+                RecordMoves({oldOrders[old], old_[kind]}, {newOrders[i], new_[kind]}, same_[kind],
+                            moves);
             }
         }
         return moves;
@@ -231,13 +220,13 @@ class Comparison {
         const Items &old = old_[kind], &fresh = new_[kind];
         Renumbering renumbering{kind, {}, 0};
         for (std::size_t i = 0; i < old.size(); ++i) {
-            const int partner = same_[kind].NewOf(i);
+            const std::size_t partner = same_[kind].NewOf(i);
             if (partner != kNoItem && fresh[partner].id != old[i].id) {
                 renumbering.changed.emplace_back(old[i].id, fresh[partner].id);
             }
             // Of several items with one identifier, the library finds the first.
-            const int holder = fresh.Find(old[i].id);
-            const bool isFirst = old.Find(old[i].id) == static_cast<int>(i);
+            const std::size_t holder = fresh.Find(old[i].id);
+            const bool isFirst = old.Find(old[i].id) == i;
             renumbering.reused += isFirst && holder != kNoItem && holder != partner ? 1 : 0;
         }
         if (!renumbering.changed.empty() || renumbering.reused > 0) {
@@ -264,7 +253,7 @@ class Comparison {
     const Content& new_;
     const Same same_;
     const std::vector<std::string> oldCountries_, newCountries_;  // of the networks
-    std::array<Parts, Index(Kind::kCount)> parts_;
+    Parts oldParts_, newParts_;  // the parts that are gone are those of the old item
     Difference result_;
 };
 

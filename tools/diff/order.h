@@ -9,7 +9,7 @@ namespace tool {
 
 // Items in their order: the indexes of some or all items of a list.
 struct Order {
-    std::vector<int> indexes;
+    std::vector<std::size_t> indexes;
     const Items& items;
 };
 

@@ -7,6 +7,7 @@
 
 #include "catalogue/identifiers.h"
 #include "catalogue/identity/same.h"
+#include "catalogue/source_writer.h"
 #include "support/error.h"
 
 namespace tool {
@@ -30,24 +31,15 @@ constexpr struct {
 
 // Raises the highest numbers to the numbers in the rows and variables of a catalogue.
 void Raise(Highest& highest, const std::string& path, const Catalogue& catalogue) {
-    const CatalogueTable& variables = catalogue.Table(kGeneralVariables);
-    for (const auto& [name, variable] : kNumberedTables) {
-        std::int64_t& number = highest[name];
-        const CatalogueTable& table = catalogue.Table(name);
-        for (const CatalogueRow& row : table.rows) {
-            number = std::max(number, IdentifierNumber(row.Cell(table.Column(kID))));
-        }
-        for (const CatalogueRow& row : variables.rows) {
-            const std::string value = row.Cell(variables.Column(kValue));
-            if (row.Cell(variables.Column(kVariable)) != variable) {
-                continue;
-            }
+    for (const auto& [table, variable] : kNumberedTables) {
+        for (const auto& [value, place] : catalogue.Values(variable)) {
             if (IdentifierNumber(value) == 0 && value != "0" && !value.empty()) {
-                throw ToolError(path, ":", row.line, ": ", variable, " is ", value,
+                throw ToolError(path, ":", place.line, ": ", variable, " is ", value,
                                 ", not a number: correct it");
             }
-            number = std::max(number, IdentifierNumber(value));
         }
+        std::int64_t& number = highest[table];
+        number = std::max(number, HighestIdentifier(catalogue, table));
     }
 }
 
@@ -56,18 +48,15 @@ void Remember(const Highest& highest, Catalogue& catalogue) {
         if (table.name != kGeneralVariables) {
             continue;
         }
-        const auto variable = static_cast<std::size_t>(table.Column(kVariable));
-        const auto value = static_cast<std::size_t>(table.Column(kValue));
         for (const NumberedTable& numbered : kNumberedTables) {
             const auto isOld = [&](const CatalogueRow& row) {
-                return row.cells[variable] == numbered.variable;
+                return table.Cell(row, kVariable) == numbered.variable;
             };
             table.rows.erase(std::remove_if(table.rows.begin(), table.rows.end(), isOld),
                              table.rows.end());
-            std::vector<std::string> cells(table.columns.size());
-            cells[variable] = numbered.variable;
-            cells[value] = std::to_string(highest.at(numbered.table));
-            table.rows.push_back({0, cells});
+            const std::string number = std::to_string(highest.at(numbered.table));
+            table.rows.push_back(
+                {0, InColumns(table.columns, {{kVariable, numbered.variable}, {kValue, number}})});
         }
     }
 }
@@ -88,8 +77,8 @@ class Renewal {
         const CatalogueTable& table = fresh_.Table(kPhones);
         for (std::size_t i = 0; i < table.rows.size(); ++i) {
             const Item& phone = new_[Kind::kPhone][i];
-            const int partner = same_[Kind::kPhone].OldOf(i);
-            const int holder = old_[Kind::kPhone].Find(phone.id);
+            const std::size_t partner = same_[Kind::kPhone].OldOf(i);
+            const std::size_t holder = old_[Kind::kPhone].Find(phone.id);
             const bool keeps = partner != kNoItem && old_[Kind::kPhone][partner].id == phone.id;
             if (!keeps && holder != kNoItem) {
                 throw ToolError(path, ":", table.rows[i].line, ": the phone ", phone.name,
@@ -147,7 +136,7 @@ class Renewal {
         std::set<std::string> used;
         for (std::size_t i = 0; i < new_[kind].size(); ++i) {
             const std::string& first = new_[kind][i].id;
-            const int partner = same_[kind].OldOf(i);
+            const std::size_t partner = same_[kind].OldOf(i);
             std::string id = partner == kNoItem ? "" : old_[kind][partner].id;
             if (id.empty() || !used.insert(id).second) {
                 id = IsCountryCode(first) ? first : Next(table);

@@ -64,12 +64,12 @@ class ContentReader {
         return catalogue_.Table(name);
     }
 
-    int ReferOrNone(Kind kind, const std::string& id) {
+    std::size_t ReferOrNone(Kind kind, const std::string& id) {
         return id.empty() ? kNoItem : Of(kind).Refer(id);
     }
 
     // The field of a reference.
-    Field Reference(const char* column, Kind kind, int item) {
+    Field Reference(const char* column, Kind kind, std::size_t item) {
         return {column, Of(kind)[item].title, kind, item};
     }
 
@@ -77,9 +77,8 @@ class ContentReader {
         const CatalogueTable& table = Table(name);
         references.push_back(kID);
         for (const CatalogueRow& row : table.rows) {
-            const std::string named = row.Cell(table.Column(kName));
-            Of(kind).Add(
-                {row.Cell(table.Column(kID)), named, named, ReadFields(table, row, references)});
+            const std::string named = table.Cell(row, kName);
+            Of(kind).Add({table.Cell(row, kID), named, named, ReadFields(table, row, references)});
         }
         return table;
     }
@@ -89,7 +88,7 @@ class ContentReader {
         for (std::size_t i = 0; i < table.rows.size(); ++i) {
             Item& phone = Of(Kind::kPhone).At(i);
             phone.maker =
-                ReferOrNone(Kind::kManufacturer, table.rows[i].Cell(table.Column(kManufacturerID)));
+                ReferOrNone(Kind::kManufacturer, table.Cell(table.rows[i], kManufacturerID));
             if (phone.maker != kNoItem) {
                 const Field maker = Reference(kManufacturerID, Kind::kManufacturer, phone.maker);
                 phone.title = maker.text + ": " + phone.name;
@@ -105,10 +104,10 @@ class ContentReader {
         const int maker = owners == Kind::kPhone ? table.Column(kManufacturerID) : -1;
         std::set<std::pair<std::string, std::string>> known;
         for (const CatalogueRow& row : table.rows) {
-            Item key{"", row.Cell(table.Column(text))};
+            Item key{"", table.Cell(row, text)};
             const std::string makerId = row.Cell(maker);
             if (known.emplace(key.name, makerId).second) {
-                key.owner = Of(owners).Refer(row.Cell(table.Column(owner)));
+                key.owner = Of(owners).Refer(table.Cell(row, owner));
                 key.maker = ReferOrNone(Kind::kManufacturer, makerId);
                 key.title = key.maker == kNoItem
                                 ? key.name
@@ -130,8 +129,7 @@ class ContentReader {
         const CatalogueTable& table = Table(kBasicDUNForPhone);
         std::map<std::pair<std::string, std::string>, std::vector<const CatalogueRow*>> rows;
         for (const CatalogueRow& row : table.rows) {
-            rows[{row.Cell(table.Column(kPhoneID)), row.Cell(table.Column(kNetworkType))}]
-                .push_back(&row);
+            rows[{table.Cell(row, kPhoneID), table.Cell(row, kNetworkType)}].push_back(&row);
         }
         for (const auto& [phoneAndType, same] : rows) {
             if (same.size() == 1) {
@@ -149,9 +147,9 @@ class ContentReader {
         for (std::size_t i = 0; i < table.rows.size(); ++i) {
             const CatalogueRow& row = table.rows[i];
             Item& setting = Of(Kind::kSetting).At(i);
-            setting.title += " (" + row.Cell(table.Column(kAPN)) + ")";
-            setting.owner = Of(Kind::kNetwork).Refer(row.Cell(table.Column(kNetworkID)));
-            const int country = ReferOrNone(Kind::kCountry, row.Cell(table.Column(kCountryID)));
+            setting.title += " (" + table.Cell(row, kAPN) + ")";
+            setting.owner = Of(Kind::kNetwork).Refer(table.Cell(row, kNetworkID));
+            const std::size_t country = ReferOrNone(Kind::kCountry, table.Cell(row, kCountryID));
             if (country != kNoItem) {
                 setting.fields.push_back(Reference(kCountryID, Kind::kCountry, country));
             }
@@ -166,12 +164,12 @@ class ContentReader {
             known.insert(numbered.variable);
         }
         for (const CatalogueRow& row : table.rows) {
-            const std::string variable = row.Cell(table.Column(kVariable));
-            Field value{kValue, row.Cell(table.Column(kValue))};
+            const std::string variable = table.Cell(row, kVariable);
+            Field value{kValue, table.Cell(row, kValue)};
             if (!known.insert(variable).second || value.text.empty()) {
                 continue;
             }
-            const int phone = Of(Kind::kPhone).Find(value.text);
+            const std::size_t phone = Of(Kind::kPhone).Find(value.text);
             if (kind == Kind::kVariable && variable == kUnknownPhone && phone != kNoItem) {
                 value = Reference(kValue, Kind::kPhone, phone);
             }
@@ -202,16 +200,16 @@ class ContentReader {
 }  // namespace
 
 void Items::Add(Item item) {
-    byId_.emplace(item.id, static_cast<int>(all_.size()));
+    byId_.emplace(item.id, all_.size());
     all_.push_back(std::move(item));
 }
 
-int Items::Find(const std::string& id) const {
+std::size_t Items::Find(const std::string& id) const {
     const auto found = byId_.find(id);
     return found == byId_.end() ? kNoItem : found->second;
 }
 
-int Items::Refer(const std::string& id) {
+std::size_t Items::Refer(const std::string& id) {
     if (Find(id) == kNoItem) {
         Add({id, "", "identifier " + id, {{"missing", "a row with this identifier"}}});
     }

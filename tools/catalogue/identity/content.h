@@ -36,8 +36,8 @@ constexpr std::size_t Index(Kind kind) {
 struct Field {
     std::string column;
     std::string text;
-    Kind kind = Kind::kCount;  // of that item
-    int item = kNoItem;        // its index
+    Kind kind = Kind::kCount;    // of that item
+    std::size_t item = kNoItem;  // its index
 };
 
 using Fields = std::vector<Field>;
@@ -46,10 +46,10 @@ using Fields = std::vector<Field>;
 struct Item {
     std::string id;  // empty when its kind has no identifiers
     std::string name;
-    std::string title = {};  // for people
-    Fields fields = {};      // without identifiers and empty values
-    int owner = kNoItem;     // of what it is a part
-    int maker = kNoItem;     // of a phone, or of an answer: the manufacturer
+    std::string title = {};       // for people
+    Fields fields = {};           // without identifiers and empty values
+    std::size_t owner = kNoItem;  // of what it is a part
+    std::size_t maker = kNoItem;  // of a phone, or of an answer: the manufacturer
 };
 
 // The items of a kind, in the order of the catalogue.
@@ -57,20 +57,19 @@ class Items {
   public:
     void Add(Item item);
     // The first item with the identifier, or kNoItem.
-    int Find(const std::string& id) const;
+    std::size_t Find(const std::string& id) const;
     // The same. Adds an item that says so when there is none.
-    int Refer(const std::string& id);
+    std::size_t Refer(const std::string& id);
 
     std::size_t size() const { return all_.size(); }
     auto begin() const { return all_.begin(); }
     auto end() const { return all_.end(); }
     Item& At(std::size_t index) { return all_[index]; }
     const Item& operator[](std::size_t index) const { return all_[index]; }
-    const Item& operator[](int index) const { return all_[static_cast<std::size_t>(index)]; }
 
   private:
     std::vector<Item> all_;
-    std::unordered_map<std::string, int> byId_;
+    std::unordered_map<std::string, std::size_t> byId_;
 };
 
 // What a catalogue says, with references instead of identifiers. Rows that the library never finds

@@ -34,7 +34,7 @@ struct Side {
     bool isNew;
 
     // A text that an item and its partner have, and no other item.
-    std::string Token(Kind kind, int item) const {
+    std::string Token(Kind kind, std::size_t item) const {
         const Matching& matching = matchings[Index(kind)];
         return isNew ? matching.TokenOfNew(item) : matching.TokenOfOld(item);
     }
@@ -149,7 +149,7 @@ class Pairing {
         std::vector<std::size_t> counts(side.content[whole].size());
         for (const Kind kind : parts) {
             for (const Item& part : side.content[kind]) {
-                ++counts[static_cast<std::size_t>(part.owner)];
+                ++counts[part.owner];
             }
         }
         return counts;
@@ -162,21 +162,22 @@ class Pairing {
     // Pairs items whose parts are partners, the pairs with most such parts first. They have to be
     // at least half of the old item's parts, unless the names are the same.
     void PairByParts(Kind whole, const Kinds& parts) {
-        std::map<std::pair<int, int>, std::size_t> common;  // of an old and a new item
+        std::map<std::pair<std::size_t, std::size_t>, std::size_t>
+            common;  // of an old and a new item
         for (const Kind kind : parts) {
             for (std::size_t i = 0; i < new_.content[kind].size(); ++i) {
-                const int old = Of(kind).OldOf(i);
+                const std::size_t old = Of(kind).OldOf(i);
                 if (old != kNoItem) {
                     ++common[{old_.content[kind][old].owner, new_.content[kind][i].owner}];
                 }
             }
         }
         const std::vector<std::size_t> counts = CountParts(old_, whole, parts);
-        std::vector<std::tuple<long, bool, int, int>> ranks;
+        std::vector<std::tuple<long, bool, std::size_t, std::size_t>> ranks;
         for (const auto& [pair, count] : common) {
             const auto& [old, fresh] = pair;
             const bool renamed = old_.content[whole][old].name != new_.content[whole][fresh].name;
-            if (!renamed || 2 * count >= counts[static_cast<std::size_t>(old)]) {
+            if (!renamed || 2 * count >= counts[old]) {
                 ranks.emplace_back(-static_cast<long>(count), renamed, old, fresh);
             }
         }
