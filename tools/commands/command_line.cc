@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "catalogue/conversion.h"
 #include "commands/options.h"
 #include "commands/usage.h"
 #include "support/error.h"
@@ -128,10 +129,10 @@ void AddVerbose(CLI::App* app, bool& verbose) {
 
 // Adds --format, --json, --output and --force.
 void AddFormat(CLI::App* app, OutputFormat& format) {
-    CLI::Option* const name = Add(app, "--format", format.name, "FORMAT",
-                                  "text, json, ppp (for pppd), wvdial or networkmanager")
-                                  ->check(CLI::IsMember(std::vector<std::string>{
-                                      "text", "json", "ppp", "wvdial", "networkmanager"}));
+    CLI::Option* const name =
+        Add(app, "--format", format.name, "FORMAT",
+            "text, json, ppp (for pppd), wvdial or networkmanager")
+            ->check(CLI::IsMember({"text", "json", "ppp", "wvdial", "networkmanager"}));
     app->add_flag_callback(
            "--json", [&format] { format.name = "json"; }, "the same as --format json")
         ->excludes(name);
@@ -167,11 +168,13 @@ void AddDetection(CLI::App* app, double& timeout, long& like) {
 }
 
 void AddConversion(CommandLine& line, const char* name, const char* help, const char* from,
-                   const char* to, int (*run)(const ConvertOptions&), const char* example) {
+                   const char* to, std::string (*convert)(const std::string& path),
+                   const char* example) {
     const auto [app, options] =
-        AddSubcommand(line, name, help, run,
+        AddSubcommand(line, name, help, RunConvert,
                       "Line ends become line feeds. Everything else comes back byte for byte.\n" +
                           std::string(example));
+    options->convert = convert;
     AddFile(app, from, options->input)->required();
     Add(app, "-o,--output", options->output, to, "file to write")->required();
     app->add_flag("--force", options->force, "replace an existing file");
@@ -250,11 +253,11 @@ void AddDetect(CommandLine& line) {
         "write the dialogue as a profile that --phone plays");
     Add(app, "--setting", options->setting, "SETTING-ID",
         "for a dialler: use this setting, not the first one")
-        ->check(CLI::Range(1L, kHighestId));
+        ->check(CLI::Range(1L, long{INT32_MAX}));
     Add(app, "--apn", options->choice.apn, "NAME", "only settings with this access point");
     Add(app, "--contract", options->choice.contract, "KIND",
         "only settings for this contract: prepaid or postpaid")
-        ->check(CLI::IsMember(std::vector<std::string>{"prepaid", "postpaid"}));
+        ->check(CLI::IsMember({"prepaid", "postpaid"}));
     CLI::Option* const pin = AddPinFile(app, options->pinFile);
     app->add_flag("--with-pin", options->withPin, "with --format networkmanager: write the PIN too")
         ->needs(pin);
@@ -377,13 +380,13 @@ void AddSubcommands(CommandLine& line) {
             "Example: velmor countries my.catalogue\n");
     AddConnect(line);
     AddConversion(line, "decode", "Makes the source from a catalogue.", "CATALOGUE", "SOURCE",
-                  RunDecode, "Example: velmor decode my.catalogue -o my.source\n");
+                  DecodeCatalogue, "Example: velmor decode my.catalogue -o my.source\n");
     AddDetect(line);
     AddDevices(line);
     AddDial(line);
     AddDiff(line);
     AddConversion(line, "encode", "Makes a catalogue from its source.", "SOURCE", "CATALOGUE",
-                  RunEncode, "Example: velmor encode my.source -o my.catalogue\n");
+                  EncodeSource, "Example: velmor encode my.source -o my.catalogue\n");
     AddImport(line);
     AddPhone(line);
     AddList(line, "phones", "Lists the phones as a host sees them.", RunPhones,

@@ -115,8 +115,7 @@ int RunDetect(const DetectOptions& options) {
     OutputFormat format = options.format;
     format.pinFile = options.pinFile;
     format.pin = options.withPin ? pin->pin() : "";
-    Detection found = AskPhone(link, session.bytes(), options, pin.get(),
-                               record.get());
+    Detection found = AskPhone(link, session.bytes(), options, pin.get(), record.get());
     found.SelectSettings(options.choice);
     if (options.format.name == "text") {
         PrintDetection(found);

@@ -55,13 +55,13 @@ int RunShow(const ShowOptions& options);
 
 // velmor encode and decode
 struct ConvertOptions {
+    std::string (*convert)(const std::string& path) = nullptr;  // the bytes of the output
     std::string input;
     std::string output;
     bool force = false;
 };
 
-int RunEncode(const ConvertOptions& options);
-int RunDecode(const ConvertOptions& options);
+int RunConvert(const ConvertOptions& options);
 
 // velmor diff
 struct DiffOptions {
