@@ -163,15 +163,12 @@ void WriteFiles(const std::vector<std::pair<std::string, std::string>>& files,
     if (!format.directory.empty() && !std::filesystem::is_directory(format.directory, error)) {
         throw ToolError(format.directory, ": is no directory; make it first");
     }
-    // All are checked before the first is written.
-    std::vector<OutputFile> outputs;
-    for (const auto& file : files) {
-        RequireOther(file.first, {catalogue});
-        outputs.emplace_back(file.first, format.force, OutputFile::Readers::kOwner);
+    std::vector<std::pair<OutputFile, std::string>> outputs;
+    for (const auto& [path, text] : files) {
+        RequireOther(path, {catalogue});
+        outputs.emplace_back(OutputFile(path, format.force, OutputFile::Readers::kOwner), text);
     }
-    for (std::size_t i = 0; i < files.size(); ++i) {
-        outputs[i].Write(files[i].second);
-    }
+    OutputFile::Write(outputs);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <deque>
 #include <filesystem>
 #include <optional>
 
@@ -73,7 +74,7 @@ class SignalHold {
     sigset_t before_;
 };
 
-// The temporary file beside an output. It goes with the object; until then no signal ends the
+// The temporary file beside an output. It goes with the object; until then no signal may end the
 // command, which would leave the file behind.
 class ScratchFile {
   public:
@@ -112,24 +113,24 @@ class ScratchFile {
         }
     }
 
-    // Writes the bytes to the disk and gives them the name of the output. False with errno; EEXIST
-    // when the name is taken.
-    bool Commit(const std::string& bytes, bool force) const {
-        // Without fsync a power failure could leave an empty file under the name.
+    void Write(const std::string& bytes) const {
+        // Without fsync a power failure could leave an empty file under the name of the output.
         if (!WriteAll(descriptor_, bytes) || fsync(descriptor_) != 0) {
-            return false;
+            Fail(path_, "cannot be written");
         }
-        const char* const name = name_.c_str();
-        if (force) {
-            return rename(name, path_.c_str()) == 0;
+    }
+
+    // Gives the file the name of the output.
+    void Rename(bool force) const {
+        const char *const from = name_.c_str(), *const to = path_.c_str();
+        // Some file systems know no RENAME_NOREPLACE, but hard links; others know no hard links.
+        if (renameat2(AT_FDCWD, from, AT_FDCWD, to, force ? 0 : RENAME_NOREPLACE) != 0 &&
+            (force || errno == EEXIST || link(from, to) != 0)) {
+            errno == EEXIST ? FailExisting(path_) : Fail(path_, "cannot be written");
         }
-        // Some file systems know no such renaming, but hard links; others know no hard links.
-        return renameat2(AT_FDCWD, name, AT_FDCWD, path_.c_str(), RENAME_NOREPLACE) == 0 ||
-               (errno != EEXIST && link(name, path_.c_str()) == 0);
     }
 
   private:
-    const SignalHold hold_;
     const std::string& path_;
     std::string name_;
     int descriptor_;
@@ -143,18 +144,25 @@ OutputFile::OutputFile(std::string path, bool force, Readers readers)
         throw ToolError("the name of the output is empty; name a file");
     }
     const std::optional<Attributes> replaced = Replaced(path_, force_);
+    const SignalHold hold;
     ScratchFile(path_).TakeAttributes(replaced, readers_);  // a trial
 }
 
-void OutputFile::Write(const std::string& bytes) const {
-    ScratchFile scratch(path_);
-    scratch.TakeAttributes(Replaced(path_, force_), readers_);
-    if (!scratch.Commit(bytes, force_)) {
-        if (errno == EEXIST) {
-            FailExisting(path_);
-        }
-        Fail(path_, "cannot be written");
+void OutputFile::Write(const std::vector<std::pair<OutputFile, std::string>>& files) {
+    const SignalHold hold;
+    std::deque<ScratchFile> scratches;
+    for (const auto& [file, bytes] : files) {
+        ScratchFile& scratch = scratches.emplace_back(file.path_);
+        scratch.TakeAttributes(Replaced(file.path_, file.force_), file.readers_);
+        scratch.Write(bytes);
     }
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        scratches[i].Rename(files[i].first.force_);
+    }
+}
+
+void OutputFile::Write(const std::string& bytes) const {
+    Write({{*this, bytes}});
 }
 
 bool WriteAll(int descriptor, const std::string& bytes) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tool {
@@ -21,6 +22,8 @@ class OutputFile {
     // Writes the file to the disk and gives it its name. A file that got the name meanwhile stays
     // unless `force` was set. A file that is replaced hands on its owner and mode.
     void Write(const std::string& bytes) const;
+    // The same for several files. The first gets its name when the last is on the disk.
+    static void Write(const std::vector<std::pair<OutputFile, std::string>>& files);
 
   private:
     std::string path_;
