@@ -69,7 +69,7 @@ class AndroidPlan {
         std::set<std::string> named;
         for (const AndroidRow& row : rows_) {
             const Name name(row.number, OperatorNameIn(row.carrier));
-            providers_.listedNames.insert({row.carrier, row.number, true, false});
+            providers_.listedNames.push_back({row.carrier, row.number, true, false});
             if (!name.second.empty()) {
                 const bool first = row.forInternet && named.insert(row.number).second;
                 uses[name] += first ? 2 : 1;
@@ -78,7 +78,7 @@ class AndroidPlan {
         }
         for (const auto& [name, count] : uses) {
             const bool operators = count > 1 && offers[name] && CanBeShown(name.second);
-            providers_.listedNames.insert({name.second, name.first, false, operators});
+            providers_.listedNames.push_back({name.second, name.first, false, operators});
         }
     }
 

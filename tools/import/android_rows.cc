@@ -74,9 +74,9 @@ AndroidRow ReadRow(const pugi::xml_node& node, ImportReport& report) {
 // Why the row cannot be used at all; empty when it can.
 std::string FindFault(const pugi::xml_node& node, const AndroidRow& row, ImportReport& report) {
     const std::string country = Clean(node, "mcc", report);
-    if (country.size() != 3 || row.number.size() < 5 || row.number.size() > 6 ||
-        !IsDigits(row.number)) {
-        return Concat("malformed number ", country, " ", Clean(node, "mnc", report));
+    const std::string network = row.number.substr(country.size());
+    if (!IsNumber(country, network)) {
+        return Concat("malformed number ", country, " ", network);
     }
     if (row.point.apn.empty()) {
         return "no access point";
@@ -133,12 +133,11 @@ void ReadFile(const std::string& path, std::vector<AndroidRow>& rows, ImportRepo
 
 std::vector<AndroidRow> ReadAndroidRows(const std::string& path, ImportReport& report) {
     const std::vector<std::string> files = ListFiles(path);
-    const Progress progress("lists read", files.size());
+    Progress progress("lists read", files.size());
     std::vector<AndroidRow> rows;
-    std::size_t done = 0;
     for (const std::string& file : files) {
         ReadFile(file, rows, report);
-        progress.Show(++done);
+        progress.Step();
     }
     return rows;
 }

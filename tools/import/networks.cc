@@ -22,11 +22,6 @@ namespace {
 // The operators that hold a key, by their index: the numbers with the key, at least one.
 using Holders = std::map<std::size_t, std::vector<std::string>>;
 
-// Whether a number has no more digits than a key.
-bool IsKeyLong(const std::string& number) {
-    return number.size() == vel::kImsiDigits;
-}
-
 // Collects the networks and keys.
 class NetworkPlan {
   public:
@@ -45,7 +40,10 @@ class NetworkPlan {
             for (const auto& [index, numbers] : holders) {
                 const Operator& owner = operators_[index];
                 if (owner.Imported()) {
-                    const bool same = std::any_of(numbers.begin(), numbers.end(), IsKeyLong);
+                    // A number that has no more digits than a key.
+                    const bool same = std::any_of(
+                        numbers.begin(), numbers.end(),
+                        [](const std::string& n) { return n.size() == vel::kImsiDigits; });
                     const bool resold = owner.reseller && !same;
                     ranks.emplace_back(!owner.primary, !same, resold, index);
                     onlyResellers = onlyResellers && resold;

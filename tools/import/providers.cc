@@ -70,8 +70,7 @@ class ProvidersReader {
         for (const pugi::xml_node& number : gsm.children("network-id")) {
             const std::string country = Clean(number.attribute("mcc").value());
             const std::string network = Clean(number.attribute("mnc").value());
-            if (country.size() == 3 && (network.size() == 2 || network.size() == 3) &&
-                IsDigits(country + network)) {
+            if (IsNumber(country, network)) {
                 result.numbers.insert(country + network);
             } else {
                 ++report_[ReportLine::kNumbersMalformed];
@@ -162,12 +161,11 @@ class ProvidersReader {
 
 Providers ReadProviders(const std::string& path, ImportReport& report) {
     const XmlFile file(path, "serviceproviders", "a list of service providers");
-    const Progress progress("countries read", Count(file.Root(), "country"));
+    Progress progress("countries read", Count(file.Root(), "country"));
     ProvidersReader reader(report);
-    std::size_t done = 0;
     for (const pugi::xml_node& country : file.Root().children("country")) {
         reader.ReadCountry(country);
-        progress.Show(++done);
+        progress.Step();
     }
     return reader.Take();
 }

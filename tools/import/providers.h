@@ -55,16 +55,13 @@ struct ListedName {
     std::string number;
     bool isWhole;   // whether it is a whole value of the list, and not a part of one
     bool canBeKey;  // otherwise it only shows what a key could mean
-
-    auto Values() const { return std::tie(name, number, isWhole, canBeKey); }
-    bool operator<(const ListedName& other) const { return Values() < other.Values(); }
 };
 
 // All countries and operators, in the order of the file.
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
-    std::set<ListedName> listedNames;
+    std::vector<ListedName> listedNames;
 };
 
 // Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.

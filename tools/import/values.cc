@@ -9,13 +9,8 @@
 #include "velmor.h"
 
 namespace tool {
-namespace {
-
-constexpr char kWhiteSpace[] = " \t\r\n";
-
-}  // namespace
-
 std::string CleanValue(const char* value, ImportReport& report) {
+    constexpr char kWhiteSpace[] = " \t\r\n";
     std::string text(value);
     const std::size_t end = text.find_last_not_of(kWhiteSpace) + 1;
     const std::size_t begin = std::min(text.find_first_not_of(kWhiteSpace), end);
@@ -37,6 +32,11 @@ std::string AddressValue(const std::string& value, ImportReport& report) {
     }
     ++report[ReportLine::kGatewaysNoAddress];
     return "";
+}
+
+bool IsNumber(const std::string& country, const std::string& network) {
+    return country.size() == 3 && (network.size() == 2 || network.size() == 3) &&
+           IsDigits(country + network);
 }
 
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report) {

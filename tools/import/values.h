@@ -14,6 +14,8 @@ std::string CleanValue(const char* value, ImportReport& report);
 // The value when it is an IPv4 address, else nothing: hosts give pppd the address, and pppd takes
 // no other.
 std::string AddressValue(const std::string& value, ImportReport& report);
+// Whether these are the country and network codes of a number: three digits, and two or three.
+bool IsNumber(const std::string& country, const std::string& network);
 // Names values that a host sees cut.
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report);
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
-#include <string>
+#include <unistd.h>
+
+#include <iostream>
 
 namespace tool {
 
@@ -10,17 +11,29 @@ namespace tool {
 // written when standard error is not a terminal.
 class Progress {
   public:
-    Progress(std::string what, std::size_t total);
-    ~Progress();
+    Progress(const char* what, std::size_t total)
+        : what_(what), total_(total), terminal_(isatty(STDERR_FILENO) == 1) {}
+    ~Progress() {
+        if (terminal_) {
+            std::cerr << "\r\033[K" << std::flush;
+        }
+    }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Show(std::size_t done) const;
+    // Shows one more as done.
+    void Step() {
+        ++done_;
+        if (terminal_) {
+            std::cerr << "\r" << what_ << ": " << done_ << " of " << total_ << std::flush;
+        }
+    }
 
   private:
-    std::string what_;
+    const char* what_;
     std::size_t total_;
     bool terminal_;
+    std::size_t done_ = 0;
 };
 
 }  // namespace tool
