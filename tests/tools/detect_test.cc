@@ -3,6 +3,8 @@
 // velmor phone as processes of their own, over pseudo-terminals.
 #include <sys/stat.h>
 
+#include <nlohmann/json.hpp>
+
 #include "check/check.h"
 #include "diagnosis/report.h"
 #include "phone/player.h"

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <iomanip>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <random>
 #include <set>
 

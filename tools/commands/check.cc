@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <tuple>
 #include <utility>
 

@@ -3,6 +3,7 @@
 #include "commands/devices.h"
 
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "commands/options.h"
 #include "device/port_search.h"

@@ -2,6 +2,8 @@
 // velmor diff: tells what the change from one catalogue to another means.
 #include "diff/diff.h"
 
+#include <nlohmann/json.hpp>
+
 #include "check/check.h"
 #include "commands/options.h"
 #include "support/error.h"

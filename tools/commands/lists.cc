@@ -2,6 +2,7 @@
 // velmor countries, phones and settings: the lists that a host offers to its user. velmor setting:
 // a setting that the user chose, for the user's phone.
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "commands/options.h"
 #include "commands/usage.h"

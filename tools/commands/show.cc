@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // velmor show: shows the tables of a catalogue as the library holds them.
+#include <nlohmann/json.hpp>
+
 #include "commands/options.h"
 #include "commands/usage.h"
 #include "database/rows.h"

@@ -2,6 +2,7 @@
 #include "diagnosis/report.h"
 
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <set>
 
 #include "host/session.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "diff/diff.h"
 #include "session/schema.h"

@@ -2,6 +2,7 @@
 #include "trace/trace_report.h"
 
 #include <iostream>
+#include <nlohmann/json.hpp>
 
 #include "phone/profile_writer.h"
 #include "phone/redaction.h"
