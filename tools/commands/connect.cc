@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 

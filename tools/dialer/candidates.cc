@@ -43,13 +43,13 @@ void AddAttempts(std::vector<DialScript>& attempts, const Catalogue& catalogue, 
     for (const char* name : {kBasicDUNForPhone, kFurtherDialRows}) {
         const CatalogueTable& table = catalogue.Table(name);
         for (const CatalogueRow& row : table.rows) {
-            if (row.Cell(table.Column(kPhoneID)) != std::to_string(phone) ||
-                (!type.empty() && row.Cell(table.Column(kNetworkType)) != type)) {
+            if (table.Cell(row, kPhoneID) != std::to_string(phone) ||
+                (!type.empty() && table.Cell(row, kNetworkType) != type)) {
                 continue;
             }
             DialScript attempt;
             for (const char* column : {kInitializationString, kDialString}) {
-                const std::string command = Expanded(row.Cell(table.Column(column)), values);
+                const std::string command = Expanded(table.Cell(row, column), values);
                 if (!command.empty()) {
                     attempt.push_back(command);
                 }
@@ -100,7 +100,7 @@ std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& p
         const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
         Values values;
         for (std::size_t i = 0; i < values.size(); ++i) {
-            values[i] = rows.LookUp(kID, id, vel::kPlaceholders[i].column);
+            values[i] = rows.LookUp(id, vel::kPlaceholders[i].column);
         }
         candidates.push_back({setting.values, ScriptFor(found, plan, values)});
     }
