@@ -1,22 +1,24 @@
 // SPDX-License-Identifier: MIT
-#include <map>
-
 #include "tests/support/session.h"
 
 using namespace std::string_literals;
 
 namespace {
 
-class PickLists : public SessionTest {};
+using PickLists = SessionTest;
 
 TEST_F(PickLists, Countries) {
     ASSERT_EQ(Initialise(SampleSource().text()), 0);
-    for (const long index : {1L, 2L, -1L, 3L, 1L << (5 * sizeof(long))}) {
+    const std::string none(7, '\0');
+    const std::tuple<long, long, std::string> rows[] = {{1, 0, "Sudland"},
+                                                        {2, 0, "Leerlan"},
+                                                        {-1, -1, none},
+                                                        {3, -1, none},
+                                                        {1L << (5 * sizeof(long)), -1, none}};
+    for (const auto& [index, result, text] : rows) {
         char name[] = "xxxxxxx";
-        EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, 7), index == 1 || index == 2 ? 0 : -1);
-        const std::map<long, std::string> names = {{1, "Sudland"}, {2, "Leerlan"}};
-        EXPECT_EQ(std::string(name, 7),
-                  names.count(index) > 0 ? names.at(index) : std::string(7, '\0'));
+        EXPECT_EQ(Velmor_GetCountryByIndex(0, index, name, 7), result);
+        EXPECT_EQ(std::string(name, 7), text);
     }
     EXPECT_EQ(Velmor_GetCountryByIndex(0, 1, nullptr, 8), 0);
     ASSERT_EQ(Initialise(SampleSource().AddRow("Countries", "#9#Nor\0d#"s).text()), 0);

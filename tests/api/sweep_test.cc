@@ -6,30 +6,12 @@
 #include "api/at_commands.h"
 #include "session/host_text.h"
 #include "storage/crypt.h"
+#include "tests/support/canned_phone.h"
 #include "tests/support/end_session.h"
 #include "tests/support/faults.h"
 #include "tests/support/session.h"
 
 namespace {
-
-// A phone that allocates nothing.
-const char* canned = "";
-
-long Send(const char* command, long length) {
-    const std::string_view sent(command, static_cast<std::size_t>(length));
-    canned = "\r\nERROR\r\n";
-    for (const char* answer :
-         {"AT+CGMI\r\r\nAcme\r\n\r\nOK\r\n", "AT+GMM\r\r\nACME X100\r\n\r\nOK\r\n",
-          "AT+CIMI\r\r\n999011234\r\n\r\nOK\r\n"}) {
-        canned = std::strncmp(answer, sent.data(), sent.size()) == 0 ? answer : canned;  // the echo
-    }
-    return length;
-}
-
-long Read(char* buffer, long, long) {
-    *buffer = *canned;
-    return *canned++ == '\0' ? 0 : 1;
-}
 
 // What a call gave the host. The calls are told smaller sizes than the texts have, so a byte behind
 // shows. The struct has no padding: answers are compared as bytes.
@@ -67,7 +49,7 @@ const struct {
     long failure;
     long (*call)(Answer& a);
 } kSteps[] = {
-    STEP(-1, Velmor_Initialise("catalogue", Read, Send)),
+    STEP(-1, Velmor_Initialise("catalogue", Phone::Read, Phone::Send)),
     STEP(-1, Velmor_DetectPhoneAndNetwork(0, a.first, 4, a.second, 16)),
     STEP(-1, Velmor_GetDetectedPhone(0, a.first, 8, a.second, 4)),
     STEP(-1, Velmor_GetNrDetectedDUNSettings(0, &a.number)),
@@ -99,6 +81,7 @@ Answer Do(std::size_t step) {
     std::memset(&answer, 0x5A, sizeof answer);
     Velmor::getVelmor()->countrySettings.Reset();  // a cached country needs no memory
     Velmor::getVelmor()->countrySettingsId.Clear();
+    Phone::phone = Phone::Acme(step == kDetection);
     answer.result = kSteps[step].call(answer);
     return answer;
 }
@@ -168,15 +151,14 @@ class FaultSweep;
 // A sweep: which requests fail, and how. Each is a test of its own, so that they run side by side.
 struct Kind {
     const char* name;
+    bool traced;
     void (FaultSweep::*sweep)(Fail how, std::size_t every);
     Fail how;
-    // Four fifths of the failure points that the sweep has now, without and with trace.
-    std::size_t least, leastTraced;
+    std::size_t least;  // four fifths of the failure points that the sweep has now
 };
 
 // A catalogue, and what a session with it answers.
-class FaultSweep : public SessionTest,
-                   public testing::WithParamInterface<std::tuple<const Kind*, bool>> {
+class FaultSweep : public SessionTest, public testing::WithParamInterface<Kind> {
   public:
     // Takes a plain catalogue with tracing and its copy, or a stored one that is longer than a
     // block of reading and a copy of something else. Both have two tables of one name, so the
@@ -273,32 +255,29 @@ class FaultSweep : public SessionTest,
     std::size_t points_ = 0;  // the failures so far
 };
 
+constexpr auto kMemory = &FaultSweep::Sweep<allocation>, kFiles = &FaultSweep::Sweep<stdio>;
 constexpr Kind kKinds[] = {
-    {"AllocationsOnce", &FaultSweep::Sweep<allocation>, Fail::kOnce, 1050, 3350},
-    {"AllocationsFromThereOn", &FaultSweep::Sweep<allocation>, Fail::kFromThereOn, 1050, 3350},
-    {"StdioOnce", &FaultSweep::Sweep<stdio>, Fail::kOnce, 15, 1800},
-    {"StdioFromThereOn", &FaultSweep::Sweep<stdio>, Fail::kFromThereOn, 15, 1800},
-    {"StdioShort", &FaultSweep::Sweep<stdio>, Fail::kShort, 15, 1800},
+    {"AllocationsOnce", false, kMemory, Fail::kOnce, 1050},
+    {"AllocationsOnceTraced", true, kMemory, Fail::kOnce, 3350},
+    {"AllocationsFromThereOn", false, kMemory, Fail::kFromThereOn, 1050},
+    {"AllocationsFromThereOnTraced", true, kMemory, Fail::kFromThereOn, 3350},
+    {"StdioOnce", false, kFiles, Fail::kOnce, 15},
+    {"StdioOnceTraced", true, kFiles, Fail::kOnce, 1800},
+    {"StdioFromThereOn", false, kFiles, Fail::kFromThereOn, 15},
+    {"StdioFromThereOnTraced", true, kFiles, Fail::kFromThereOn, 1800},
+    {"StdioShort", false, kFiles, Fail::kShort, 15},
+    {"StdioShortTraced", true, kFiles, Fail::kShort, 1800},
 };
 
-std::string NameOf(const Kind& kind, bool traced) {
-    return kind.name + std::string(traced ? "Traced" : "");
-}
-
 TEST_P(FaultSweep, EveryCallOfASession) {
-    const auto [kind, traced] = GetParam();
-    Use(traced);
-    (this->*kind->sweep)(kind->how, traced ? 100 : 1);
-    std::cout << NameOf(*kind, traced) << ": " << points_ << " failure points\n";
-    EXPECT_GE(points_, traced ? kind->leastTraced : kind->least);
+    const Kind& kind = GetParam();
+    Use(kind.traced);
+    (this->*kind.sweep)(kind.how, kind.traced ? 100 : 1);
+    std::cout << kind.name << ": " << points_ << " failure points\n";
+    EXPECT_GE(points_, kind.least);
 }
 
-INSTANTIATE_TEST_SUITE_P(, FaultSweep,
-                         testing::Combine(testing::Values(&kKinds[0], &kKinds[1], &kKinds[2],
-                                                          &kKinds[3], &kKinds[4]),
-                                          testing::Bool()),
-                         [](const auto& tested) {
-                             return NameOf(*std::get<0>(tested.param), std::get<1>(tested.param));
-                         });
+INSTANTIATE_TEST_SUITE_P(, FaultSweep, testing::ValuesIn(kKinds),
+                         [](const auto& tested) { return tested.param.name; });
 
 }  // namespace

@@ -11,8 +11,6 @@ using namespace vel;
 
 namespace {
 
-using Rows = Pointer<ICollection<IRow*>>;
-
 // Prepares with a status, and keeps the rows that it is shown and does not match.
 class Keeper final : public IRowCondition {
   public:
@@ -35,6 +33,7 @@ class Model : public testing::Test {
   protected:
     Model() {
         EXPECT_EQ(Database::Create("World", "7", database.Receive()), 0);
+        made = database.get();
         database->CreateTable("Colours", Texts({"ID", "Name"}), table.Receive());
     }
     ~Model() override {
@@ -47,22 +46,20 @@ class Model : public testing::Test {
         EXPECT_EQ(table->CreateRow(Texts(values), row.Receive()), 0);
         return row;
     }
-    static int Count(const Rows& rows) {
-        int count = -1;
-        EXPECT_EQ(rows->get_Count(count), 0);
-        return count;
-    }
     // The IDs of the rows that a condition finds, behind a status other than 0.
     static std::string Found(ITable& in, const Pointer<IRowCondition>& condition) {
-        Rows rows;
+        RowsPointer rows;
         const int status = in.Find(condition.get(), rows.Receive());
         std::string ids = status == 0 ? "" : std::to_string(status) + ":";
-        for (int i = 0; i < Count(rows); ++i) {
-            Pointer<IRow> row;
-            EXPECT_EQ(rows->get_Item(i, row.Receive()), 0);
+        for (const auto& row : Items(rows)) {
             ids += Value(*row, "ID");
         }
         return ids;
+    }
+    static int IndexOf(const IRow& row) {
+        int index = -1;
+        EXPECT_EQ(row.get_Index(index), 0);
+        return index;
     }
     static Pointer<IColumn> Cell(const IRow& row, const char* column) {
         Pointer<IColumn> cell;
@@ -74,7 +71,7 @@ class Model : public testing::Test {
     template <class Part>
     std::string Parents(const Part& part) const {
         ITable* of = table.get();
-        IDatabase* in = made_;
+        IDatabase* in = made;
         EXPECT_TRUE(part.get_Table(of) == 0 && part.get_Database(in) == 0);
         const auto inTable = Pointer<ITable>::Adopt(of);
         const auto inDatabase = Pointer<IDatabase>::Adopt(in);
@@ -86,11 +83,9 @@ class Model : public testing::Test {
     // A row with its index, its first column, their number and its parents.
     std::string Said(const IRow& row) const {
         String id, first("left");
-        int index = -1;
         Array<String> names = Texts({"left"});
-        EXPECT_TRUE(row.get_ID(id) == 0 && row.get_Index(index) == 0);
-        EXPECT_EQ(row.get_ColumnNames(names) + row.get_ColumnName(0, first), 0);
-        return Plain(id) + "[" + std::to_string(index) + "] " + Plain(first) + " and " +
+        EXPECT_EQ(row.get_ID(id) + row.get_ColumnNames(names) + row.get_ColumnName(0, first), 0);
+        return Plain(id) + "[" + std::to_string(IndexOf(row)) + "] " + Plain(first) + " and " +
                std::to_string(names.count) + Parents(row);
     }
     // A cell with its index, its row and its parents.
@@ -106,15 +101,10 @@ class Model : public testing::Test {
                "]=" + Plain(value) + Parents(cell) + (row == nullptr ? "" : ", " + Said(*row));
     }
 
-  private:
-    std::ptrdiff_t before_ = allocation::Live();
-
-  protected:
+    const std::ptrdiff_t before_ = allocation::Live();
     Pointer<IDatabase> database;
     Pointer<ITable> table;
-
-  private:
-    IDatabase* const made_ = database.get();
+    IDatabase* made = nullptr;
 };
 
 TEST_F(Model, RowsAndCells) {
@@ -122,12 +112,11 @@ TEST_F(Model, RowsAndCells) {
     const Pointer<IRow> row = Create({"2", "green"});
     Create({"2", "blue"});
     IRow* refused = row.get();
-    EXPECT_EQ(table->CreateRow(Texts({"3"}), refused), 1);
-    EXPECT_EQ(table->CreateRow(Texts({"3", "a", "b"}), refused), 1);
-    EXPECT_EQ(refused, row.get());
-    Pointer<IRow> found;
-    EXPECT_EQ(table->get_Row("2", *&found), 0);  // the other form of Receive
-    EXPECT_TRUE(found == row);
+    for (const auto& values : {Lines{"3"}, {"3", "a", "b"}}) {
+        EXPECT_TRUE(table->CreateRow(Texts(values), refused) == 1 && refused == row.get());
+    }
+    Pointer<IRow> found;  // the other form of Receive
+    EXPECT_TRUE(table->get_Row("2", *&found) == 0 && found == row);
     IRow* none = row.get();  // holds a row: Receive would empty a Pointer
     EXPECT_TRUE(table->get_Row("4", none) == 0 && none == nullptr);
     int index = -1;
@@ -140,9 +129,7 @@ TEST_F(Model, RowsAndCells) {
     EXPECT_EQ(Said(*Cell(*row, "ID")).substr(0, 9), "0 ID[0]=2");
     Pointer<ICollection<IColumn*>> cells;
     EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
-    Pointer<IColumn> same;
-    EXPECT_TRUE(cells->get_Item(1, same.Receive()) == 0 && same == cell);
-    EXPECT_TRUE(cells->get_Count(index) == 0 && index == 2);
+    EXPECT_TRUE(Items(cells).size() == 2 && Items(cells)[1] == cell);
     IColumn* noCell = cell.get();
     EXPECT_TRUE(row->get_Column("Nothing", noCell) == 0 && noCell == nullptr);
     EXPECT_EQ(table->AddRef(), table->Release() + 1);
@@ -164,39 +151,33 @@ TEST_F(Model, HeldRowsLast) {
         Create(row);
     }
     auto keeper = Pointer<Keeper>::Adopt(new Keeper);
-    Rows found;
+    RowsPointer found;
     EXPECT_EQ(table->Find(keeper.get(), found.Receive()), 0);
-    Pointer<IRow> second, same;
-    EXPECT_EQ(found->get_Item(0, second.Receive()), 0);
+    const Pointer<IRow> second = Items(found).at(0);
     EXPECT_EQ(Value(*second, "Name"), "green");
+    Pointer<IRow> same;
     const Pointer<IRow> first = keeper->kept[0];
     EXPECT_TRUE(table->get_Row("1", same.Receive()) == 0 && same == first);
     EXPECT_TRUE(table->get_Row("3", same.Receive()) == 0 && same == keeper->kept[1]);
-    int third = -1;
-    EXPECT_TRUE(same->get_Index(third) == 0 && third == 2);
+    EXPECT_EQ(IndexOf(*same), 2);
     for (int cleared = 0; cleared < 2; ++cleared) {
         EXPECT_EQ(Value(*first, "Name"), "red");
         EXPECT_EQ(Value(*keeper->kept[1], "Name").size(), 9000u);
         table->Clear();
         const Pointer<IRow> anew = Create({"1", "blue"});
-        int index = -1;
-        EXPECT_TRUE(anew->get_Index(index) == 0 && index == 0 && !(anew == first));
+        EXPECT_TRUE(IndexOf(*anew) == 0 && !(anew == first));
     }
     database.Reset();
-    String id;
-    EXPECT_EQ(second->get_ID(id), 0);
-    EXPECT_EQ(id, String("2"));
+    EXPECT_EQ(Said(*second).substr(0, 1), "2");
 }
 
 TEST_F(Model, TakenNameIsNotRegistered) {
     Pointer<ITable> second;
     EXPECT_EQ(database->CreateTable("Colours", Texts({"X"}), second.Receive()), 0);
     Pointer<ITable> found;
-    EXPECT_EQ(database->get_Table("Colours", found.Receive()), 1);
-    EXPECT_TRUE(found == table);
+    EXPECT_TRUE(database->get_Table("Colours", found.Receive()) == 1 && found == table);
     ITable* none = table.get();
-    EXPECT_EQ(database->get_Table("colours", none), 0);
-    EXPECT_EQ(none, nullptr);
+    EXPECT_TRUE(database->get_Table("colours", none) == 0 && none == nullptr);
     EXPECT_EQ(Dump(*database), (Lines{"World 7", "Colours: ID Name"}));
     Pointer<ICollection<ITable*>> tables;
     EXPECT_EQ(database->get_Tables(tables.Receive()), 0);
@@ -210,16 +191,16 @@ TEST_F(Model, TakenNameIsNotRegistered) {
 TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     const Pointer<IRow> row = Create({"1", "red"});
     const Pointer<IColumn> cell = Cell(*row, "Name");
-    Rows rows, found;
+    RowsPointer rows, found;
     EXPECT_EQ(table->get_Rows(rows.Receive()), 0);
-    EXPECT_EQ(Count(rows), 1);
+    EXPECT_EQ(Items(rows).size(), 1U);
     const auto all = Pointer<IRowCondition>::Adopt(new MultyValueMatch);
     EXPECT_EQ(table->Find(all.get(), found.Receive()), 0);
     IDatabase* ofTable = database.get();
     database.Reset();
 
-    EXPECT_EQ(Count(rows), 0);
-    EXPECT_EQ(Count(found), 1);
+    EXPECT_EQ(Items(rows).size(), 0U);
+    EXPECT_EQ(Items(found).size(), 1U);
     EXPECT_TRUE(table->get_Database(ofTable) == 0 && ofTable == nullptr);
     EXPECT_EQ(Said(*row), "1[0]  and 0 of - in -");
     EXPECT_EQ(Said(*cell), "1 <error>[1]=red of - in -");
@@ -227,9 +208,8 @@ TEST_F(Model, TeardownLeavesHeldPartsBehind) {
     IColumn* gone = cell.get();
     EXPECT_TRUE(row->get_Column("ID", gone) == 0 && gone == nullptr);
     Pointer<ICollection<IColumn*>> cells;
-    int count = -1;
     EXPECT_EQ(row->get_Columns(cells.Receive()), 0);
-    EXPECT_TRUE(cells->get_Count(count) == 0 && count == 0);
+    EXPECT_TRUE(Items(cells).empty());
 }
 
 TEST_F(Model, MatchesSeveralValues) {
@@ -243,7 +223,7 @@ TEST_F(Model, MatchesSeveralValues) {
     const struct {
         std::vector<std::pair<const char*, const char*>> required;
         const char *here, *there;  // there the columns have another order
-    } rows[] = {
+    } cases[] = {
         {{}, "01233", "9"},
         {{{"Name", "red"}}, "13", "9"},
         {{{"Name", ""}}, "03", ""},
@@ -252,13 +232,12 @@ TEST_F(Model, MatchesSeveralValues) {
         {{{"Name", "re"}}, "", ""},
         {{{"ID", "1"}, {"Colour", "red"}}, "1:", "1:"},
     };
-    for (const auto& [required, here, there] : rows) {
+    for (const auto& [required, here, there] : cases) {
         Dictionary<String, String> conditions;
         for (const auto& [column, value] : required) {
             conditions.Add(column, value);
         }
-        const Pointer<IRowCondition> match =
-            Pointer<IRowCondition>::Adopt(new MultyValueMatch(conditions));
+        const auto match = Pointer<IRowCondition>::Adopt(new MultyValueMatch(conditions));
         EXPECT_EQ(Found(*table, match), here);
         EXPECT_EQ(Found(*other, match), there);
         EXPECT_EQ(match->Prepare(nullptr), 1);

@@ -8,6 +8,8 @@
 namespace {
 
 const std::string kAcme = "AT+CGMI: Acme Mobile\nAT+CGMM: Acme X-100\n";
+const std::string kAllButCops = "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI ";
+const std::string kAll = kAllButCops + "+COPS? ";
 const std::string kNorthtel = "AT+CIMI: 999011234567890\n";
 
 // What a detection finds, and what it sends.
@@ -32,8 +34,7 @@ class Detection : public PhoneTest {
         }
         return commands;
     }
-    char maker[24];
-    char model[24];
+    char maker[24], model[24];
 };
 
 TEST_F(Detection, AsksUntilItKnows) {
@@ -46,27 +47,22 @@ TEST_F(Detection, AsksUntilItKnows) {
     } rows[] = {
         {"all at the first attempt", kAcme + kNorthtel, "+CGMI +CGMM +CIMI ", 0, "10", "100", 2},
         {"all at the last", "ATI0: BRONTEL\nATI3: Swift5\nAT+COPS?: +COPS: 0,0,\"Sud-Phone\",2",
-         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "20", "200", 1},
+         kAll, 0, "20", "200", 1},
         {"the second", "AT+GMI: Brontel\nAT+GMM: SWIFT5\n" + kNorthtel,
          "+CGMI +GMI +CGMM +GMM +CIMI ", 0, "20", "100", 2},
         {"the model of another maker", "AT+CGMI: Brontel\nAT+CGMM: ACME X100",
          "+CGMI +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
         {"a phone without a network", kAcme, "+CGMI +CGMM +CIMI +COPS? ", 0, "10", "", 0},
-        {"a network without a phone", kNorthtel, "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI ", 0, "", "100",
-         2},
-        {"digits among other characters", "AT+CIMI: +CIMI: 9 99-0x2 345",
-         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI ", 0, "", "101", 1},
-        {"too few digits", "AT+CIMI: 9990", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "",
-         0},
-        {"a name behind unknown digits", "AT+CIMI: 12345\nAT+COPS?: +COPS: 0,0,\"Northtel\"",
-         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
-        {"a name without its last quote", "AT+COPS?: +COPS: 0,0,\"Northtel",
-         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", 0, "", "100", 2},
+        {"a network without a phone", kNorthtel, kAllButCops, 0, "", "100", 2},
+        {"digits among other characters", "AT+CIMI: +CIMI: 9 99-0x2 345", kAllButCops, 0, "", "101",
+         1},
+        {"too few digits", "AT+CIMI: 9990", kAll, -1, "", "", 0},
+        {"a name behind unknown digits", "AT+CIMI: 12345\nAT+COPS?: +COPS: 0,0,\"Northtel\"", kAll,
+         -1, "", "", 0},
+        {"a name without its last quote", "AT+COPS?: +COPS: 0,0,\"Northtel", kAll, 0, "", "100", 2},
         {"line noise", "AT+CGMI:= \\r\\n\\x00Acme\\r\\nOK\\r\\n\nAT+CGMM: ACME X100",
          "+CGMI +CGMM +CIMI +COPS? ", 0, "10", "", 0},
-        {"almost a maker's pattern", "AT+CGMI: ACMX\nAT+CGMM: ACME X100",
-         "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
-        {"silence", "unknown =", "+CGMI +GMI I0 +CGMM +GMM I3 +CIMI +COPS? ", -1, "", "", 0},
+        {"almost a maker's pattern", "AT+CGMI: ACMX\nAT+CGMM: ACME X100", kAll, -1, "", "", 0},
     };
     Start();
     for (const auto& row : rows) {
@@ -84,8 +80,7 @@ TEST_F(Detection, AsksUntilItKnows) {
 }
 
 TEST_F(Detection, ResultsLastUntilTheNext) {
-    char name[8];
-    char manufacturer[5];
+    char name[8], manufacturer[5];
     const auto phone = [&] { return Velmor_GetDetectedPhone(0, name, 8, manufacturer, 5); };
     EXPECT_EQ(Detect(kAcme + kNorthtel), -1);  // no session
     EXPECT_TRUE(ScriptedPhone::sent.empty());

@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include "tests/support/files.h"
 #include "tests/support/scripted_phone.h"
-#include "velmor.h"
 
 namespace {
 
-// What the phone says to these commands until a read fails, or what is wrong with its profile.
+// What the phone says to these commands, or what is wrong with its profile.
 std::string Dialogue(const std::string& profile, const std::string& commands) try {
     ScriptedPhone::Play(profile);
-    ScriptedPhone::Send(commands.data(), static_cast<long>(commands.size()));
-    std::string said;
-    for (char byte = 0; ScriptedPhone::Read(&byte, 1, 0) == 1;) {
-        said += byte;
-    }
-    return said;
+    return ScriptedPhone::Answer(commands);
 } catch (const std::runtime_error& error) {
     return error.what();
 }
@@ -55,8 +44,7 @@ TEST(Profile, Answers) {
 TEST(Profiles, AreDetectedAsTheySay) {
     WriteFile("catalogue", AllPhones());
     ASSERT_EQ(Velmor_Initialise("catalogue", ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    char name[80];
-    char maker[80];
+    char name[80], maker[80];
     Velmor_DUNSetting setting;
     int known = 0;
     for (const auto& file : std::filesystem::directory_iterator(VELMOR_DATA_DIR "/profiles")) {

@@ -8,11 +8,9 @@ using namespace std::string_literals;
 
 namespace {
 
-// A DUN setting of a country.
-class CountrySettings : public SessionTest {
-  protected:
-    Velmor_DUNSetting setting;
-};
+using CountrySettings = SessionTest;
+
+Velmor_DUNSetting setting;
 
 TEST_F(CountrySettings, FillsEveryField) {
     ASSERT_EQ(Initialise(SampleSource().text()), 0);
@@ -39,12 +37,12 @@ TEST_F(CountrySettings, OddValues) {
     EXPECT_EQ(setting.ClientIP[1], '\0');  // what follows a NUL is left out
     EXPECT_STREQ(setting.Country, "Sudland");
     // The country selects nothing without its column. Without other columns the texts are empty.
-    ASSERT_EQ(Initialise(SampleSource().Replace("#Default#CountryID#", "#Default#Country#").text()),
-              0);
+    source = SampleSource().Replace("#Default#CountryID#", "#Default#Country#");
+    ASSERT_EQ(Initialise(source.text()), 0);
     EXPECT_EQ(Velmor_GetCountryNrOfBasicDUNSettings(0, 0), 0);
     Velmor_DeInitialise();
-    ASSERT_EQ(
-        Initialise(SampleSource().Replace("ID#NetworkID#APN#", "Key#NetworkID#Point#").text()), 0);
+    source = SampleSource().Replace("ID#NetworkID#APN#", "Key#NetworkID#Point#");
+    ASSERT_EQ(Initialise(source.text()), 0);
     ASSERT_EQ(Velmor_GetCountryBasicDUNSettingByIndex(0, 0, 0, &setting), 0);
     EXPECT_EQ(setting.aBasicDUNSettingId, -1);
     EXPECT_STREQ(setting.APN, "");

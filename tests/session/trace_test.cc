@@ -31,10 +31,10 @@ TEST_F(TraceLog, EveryFragmentIsIndented) {
 
 // The fault sweep tests exceptions for lack of memory.
 TEST_F(TraceLog, NoIndexIsThrownOutOfAFrame) {
-    EXPECT_EQ(vel::Framed(
-                  "Index", 0,
-                  [](vel::CallFrame&) -> long { throw new vel::CIndexOutOfRangeException(1, 0); }),
-              0);
+    const auto call = [](vel::CallFrame&) -> long {
+        throw new vel::CIndexOutOfRangeException(1, 0);
+    };
+    EXPECT_EQ(vel::Framed("Index", 0, call), 0);
     EXPECT_EQ(Log(), "Enter: Index\r\nExit: Index\r\nResult := 0\r\n");
 }
 

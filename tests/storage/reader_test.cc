@@ -18,12 +18,11 @@ TEST(CSVDictReader, NewestFirst) {
     reader.internalGetList();
     for (int i = 0; i < 2; ++i) {
         std::string all;
-        auto& list = *reader.get_List();
-        for (unsigned d = 0; d < list.count; ++d) {
-            for (unsigned k = 0; k < list[d].count; ++k) {
-                all += Plain(list[d][k].key) + "=" + Plain(list[d][k].value) + " ";
+        for (unsigned d = 0; d < reader.get_List()->count; ++d, all += "| ") {
+            auto& fields = (*reader.get_List())[d];
+            for (unsigned k = 0; k < fields.count; ++k) {
+                all += Plain(fields[k].key) + "=" + Plain(fields[k].value) + " ";
             }
-            all += "| ";
         }
         EXPECT_EQ(all, "= name= | | name=Ann city=Oslo | ");
     }
@@ -31,15 +30,13 @@ TEST(CSVDictReader, NewestFirst) {
 
 // tools/check_test.cc compares other catalogues with what the check reads.
 TEST(DBReader, Grammar) {
-    const std::string begin = "#$_DATABASE_BEGIN_$#\n";
+    const std::string begin = "#$_DATABASE_BEGIN_$#\n", end = "#$_TABLE_END_$#\n";
     const std::string table = "#$_TABLE_BEGIN_$#T#A#B#\n";
-    const std::string end = "#$_TABLE_END_$#\n";
     const struct {
         const char* name;
         std::string bytes;
         Lines lines;
     } rows[] = {
-        {"marker only", "#$_DATABASE_BEGIN_$#", {"<default> 000"}},
         {"empty field keeps the default", "#$_DATABASE_BEGIN_$##7#", {"<default> 7"}},
         {"name and version", "x\n#y#\n#$_DATABASE_BEGIN_$#N#8#z#\n", {"N 8"}},
         {"unnamed tables are numbered with the named ones",

@@ -40,40 +40,41 @@ inline std::string Value(const vel::IRow& row, const char* column) {
     return row.get_ColumnValue(column, value) == 0 ? Plain(value) : "<none>";
 }
 
+// The items of a collection, such as the rows of a table.
+template <class Item>
+std::vector<vel::Pointer<Item>> Items(const vel::Pointer<vel::ICollection<Item*>>& collection) {
+    int count = -1;
+    EXPECT_EQ(collection->get_Count(count), 0);
+    std::vector<vel::Pointer<Item>> items(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        EXPECT_EQ(collection->get_Item(i, items[static_cast<std::size_t>(i)].Receive()), 0);
+    }
+    return items;
+}
+
 // The whole database, with a line for each table and each row.
 inline Lines Dump(const vel::IDatabase& database) {
-    vel::String name;
-    vel::String version;
+    vel::String name, version;
     database.get_Name(name);
     database.get_Version(version);
     Lines lines{Plain(name) + " " + Plain(version)};
     vel::Pointer<vel::ICollection<vel::ITable*>> tables;
     database.get_Tables(tables.Receive());
-    int tableCount = 0;
-    tables->get_Count(tableCount);
-    for (int t = 0; t < tableCount; ++t) {
-        vel::Pointer<vel::ITable> table;
-        tables->get_Item(t, table.Receive());
-        table->get_Name(name);
+    for (const auto& table : Items(tables)) {
         vel::Array<vel::String> columns;
+        table->get_Name(name);
         table->get_ColumnNames(columns);
-        std::string line = Plain(name) + ":";
-        for (int c = 0; c < columns.count; ++c) {
-            line += " " + Plain(columns[c]);
+        lines.push_back(Plain(name) + ":");
+        for (const std::string& column : Plain(columns)) {
+            lines.back() += " " + column;
         }
-        lines.push_back(line);
-        vel::Pointer<vel::ICollection<vel::IRow*>> rows;
+        vel::RowsPointer rows;
         table->get_Rows(rows.Receive());
-        int rowCount = 0;
-        rows->get_Count(rowCount);
-        for (int r = 0; r < rowCount; ++r) {
-            vel::Pointer<vel::IRow> row;
-            rows->get_Item(r, row.Receive());
-            line = "  ";
-            for (int c = 0; c < columns.count; ++c) {
-                line += "[" + Value(*row, columns[c].c_str()) + "]";
+        for (const auto& row : Items(rows)) {
+            lines.emplace_back("  ");
+            for (const std::string& column : Plain(columns)) {
+                lines.back() += "[" + Value(*row, column.c_str()) + "]";
             }
-            lines.push_back(line);
         }
     }
     return lines;

@@ -27,6 +27,15 @@ struct ScriptedPhone {
             phone->Next();
         }
     }
+    // What the phone says to these bytes, up to a pause.
+    static std::string Answer(const std::string& bytes) {
+        std::string said;
+        phone->Receive(bytes);
+        for (std::optional<char> byte; (byte = phone->Next());) {
+            said += *byte;
+        }
+        return said;
+    }
     // The text of a profile, for instance "echo = off\nAT+CGMI: Acme\n".
     static void Play(const std::string& text) { Play(tool::ParseProfile(text, "script")); }
 

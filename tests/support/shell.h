@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "support/error.h"
 #include "tests/support/files.h"
 #include "tests/support/patterns.h"
 
@@ -108,6 +109,17 @@ inline void ExpectPhoneRows(const std::vector<PhoneRow>& rows) {
         EXPECT_EQ(status, rows[i].status);
         const std::string said = ReadFile(std::to_string(i) + "/out") + errors;
         EXPECT_NE(said.find(rows[i].words), std::string::npos) << said;
+    }
+}
+
+// The error of the command that a call throws; empty without one.
+template <class Call>
+std::string ErrorOf(const Call& call) {
+    try {
+        call();
+        return "";
+    } catch (const tool::ToolError& error) {
+        return error.what();
     }
 }
 

