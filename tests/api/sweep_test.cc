@@ -146,28 +146,24 @@ class Judge {
     std::size_t usualFrom_ = 0;  // the calls before this one answer as without a session
 };
 
-class FaultSweep;
-
 // A sweep: which requests fail, and how. Each is a test of its own, so that they run side by side.
 struct Kind {
     const char* name;
-    bool traced;
-    void (FaultSweep::*sweep)(Fail how, std::size_t every);
+    bool ofFiles, traced;  // stdio calls or allocations; with trace
     Fail how;
     std::size_t least;  // four fifths of the failure points that the sweep has now
 };
 
 // A catalogue, and what a session with it answers.
 class FaultSweep : public SessionTest, public testing::WithParamInterface<Kind> {
-  public:
+  protected:
     // Takes a plain catalogue with tracing and its copy, or a stored one that is longer than a
     // block of reading and a copy of something else. Both have two tables of one name, so the
     // library refuses one and takes it apart.
     void Use(bool traced) {
         SampleSource source;
-        source.Replace("E#$_TABLE_BEGIN_$#Networks#",
-                       "E#$_TABLE_BEGIN_$#Phones#A#\nE#1#\nE#$_TABLE_END_$#\n"
-                       "E#$_TABLE_BEGIN_$#Networks#");
+        const std::string next = "E#$_TABLE_BEGIN_$#Networks#";
+        source.Replace(next, "E#$_TABLE_BEGIN_$#Phones#A#\nE#1#\nE#$_TABLE_END_$#\n" + next);
         WriteFile("catalogue", source.text());
         vel::ArrayCrypter().CryptFile("catalogue", "in place");
         bytes_ = std::string(kBlock, '-') + '\n' + ReadFile("catalogue");
@@ -204,7 +200,6 @@ class FaultSweep : public SessionTest, public testing::WithParamInterface<Kind> 
         }
     }
 
-  protected:
     // Does a step in which the n-th request fails. To go on, the session does all later steps while
     // requests still fail, and then all steps without failures.
     template <class Requests>
@@ -255,24 +250,24 @@ class FaultSweep : public SessionTest, public testing::WithParamInterface<Kind> 
     std::size_t points_ = 0;  // the failures so far
 };
 
-constexpr auto kMemory = &FaultSweep::Sweep<allocation>, kFiles = &FaultSweep::Sweep<stdio>;
 constexpr Kind kKinds[] = {
-    {"AllocationsOnce", false, kMemory, Fail::kOnce, 1050},
-    {"AllocationsOnceTraced", true, kMemory, Fail::kOnce, 3350},
-    {"AllocationsFromThereOn", false, kMemory, Fail::kFromThereOn, 1050},
-    {"AllocationsFromThereOnTraced", true, kMemory, Fail::kFromThereOn, 3350},
-    {"StdioOnce", false, kFiles, Fail::kOnce, 15},
-    {"StdioOnceTraced", true, kFiles, Fail::kOnce, 1800},
-    {"StdioFromThereOn", false, kFiles, Fail::kFromThereOn, 15},
-    {"StdioFromThereOnTraced", true, kFiles, Fail::kFromThereOn, 1800},
-    {"StdioShort", false, kFiles, Fail::kShort, 15},
-    {"StdioShortTraced", true, kFiles, Fail::kShort, 1800},
+    {"AllocationsOnce", false, false, Fail::kOnce, 1050},
+    {"AllocationsOnceTraced", false, true, Fail::kOnce, 3350},
+    {"AllocationsFromThereOn", false, false, Fail::kFromThereOn, 1050},
+    {"AllocationsFromThereOnTraced", false, true, Fail::kFromThereOn, 3350},
+    {"StdioOnce", true, false, Fail::kOnce, 15},
+    {"StdioOnceTraced", true, true, Fail::kOnce, 1800},
+    {"StdioFromThereOn", true, false, Fail::kFromThereOn, 15},
+    {"StdioFromThereOnTraced", true, true, Fail::kFromThereOn, 1800},
+    {"StdioShort", true, false, Fail::kShort, 15},
+    {"StdioShortTraced", true, true, Fail::kShort, 1800},
 };
 
 TEST_P(FaultSweep, EveryCallOfASession) {
     const Kind& kind = GetParam();
     Use(kind.traced);
-    (this->*kind.sweep)(kind.how, kind.traced ? 100 : 1);
+    const std::size_t every = kind.traced ? 100 : 1;
+    kind.ofFiles ? Sweep<stdio>(kind.how, every) : Sweep<allocation>(kind.how, every);
     std::cout << kind.name << ": " << points_ << " failure points\n";
     EXPECT_GE(points_, kind.least);
 }

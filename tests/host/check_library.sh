@@ -3,10 +3,8 @@
 #   check_library.sh LIBRARY EXPORTS [unfortified] [sanitized]
 # The last words name how it was built, where that leaves checks out.
 set -eu
-library=$1
-exports=$2
+library=$1 exports=$2 bad=0
 shift 2
-bad=0
 say() { echo "$*"; bad=1; }
 built() { case " $built " in *" $1 "*) ;; *) return 1 ;; esac; }
 built=$*
@@ -40,25 +38,15 @@ echo "$imports" | grep -q '^U __stack_chk_fail' || say "is built without stack p
 # shellcheck disable=SC2046 # two words
 set -- $(readelf -SW "$library" | sed -n 's/.* \.init_array .* \([0-9a-f]\{6,\}\) \([0-9a-f]\{2\}\)  *WA .*/\1 \2/p')
 constructors=$((0x$1 / 0x$2))
-if built sanitized; then
-    echo "left out: constructors at load"
-else
-    most=1
-    case $(readelf -hW "$library") in *AArch64*) most=2 ;; esac
-    ! dynamic '\(NEEDED\).*libstdc\+\+' || most=2
-    [ "$constructors" -le "$most" ] || say "runs $constructors constructors at load"
-fi
+most=1
+case $(readelf -hW "$library") in *AArch64*) most=2 ;; esac
+! dynamic '\(NEEDED\).*libstdc\+\+' || most=2
+[ "$constructors" -le "$most" ] || built sanitized || say "runs $constructors constructors at load"
 ! echo "$imports" | grep -q '__tls_get_addr' || built sanitized ||
     say "has thread-local data that is allocated at its first use"
-if built unfortified; then
-    echo "left out: fortified calls"
-else
-    ! echo "$imports" | grep -E '^U v?(f|s|sn|d)?printf(@|$)' || say "is built without _FORTIFY_SOURCE"
-fi
-if built sanitized; then
-    echo "left out: imports that nothing needed has"
-else  # what a needed library has bears its version
-    ! echo "$imports" | grep -E '^U [^@]*$' || say "imports what nothing needed has"
-fi
+built unfortified || ! echo "$imports" | grep -E '^U v?(f|s|sn|d)?printf(@|$)' ||
+    say "is built without _FORTIFY_SOURCE"
+# What a needed library has bears its version.
+built sanitized || ! echo "$imports" | grep -E '^U [^@]*$' || say "imports what nothing needed has"
 [ "$bad" = 0 ] && echo "the library is as it should be"
 exit "$bad"
