@@ -105,9 +105,8 @@ void EndAll() {
 // Judges the answers of a session in which requests fail.
 //
 // Two answers of each call are known beforehand: the usual one, and the one without a session.
-// - A call in which no request for memory fails gives the usual answer.
-// - A call in which one fails gives it too, or reports failure. Each of its outputs then holds what
-//   it holds in one of the two answers.
+// - A call gives the usual answer. A call that lacks memory may report failure instead; each of its
+//   outputs then holds what it holds in one of the two answers.
 // - After a failed start, the answers without a session are the usual ones. After a failed
 //   detection, this holds for the calls that ask for its results.
 // - A call does not fail when a stdio call in it fails. What cannot be written is lost. What cannot

@@ -64,7 +64,7 @@ TEST_F(ATCommands, RelevantLine) {
         String response("before");
         EXPECT_EQ(ATCommand("AT+CGMI\r", response, row.line), row.status);
         EXPECT_STREQ(response.c_str(), row.response);
-        EXPECT_EQ(ScriptedPhone::reads > 0, std::string(row.name) != "short send");
+        EXPECT_EQ(ScriptedPhone::reads == 0, std::string(row.name) == "short send");
     }
     // Without one of the callbacks, and without a session, nothing is read.
     String response;

@@ -194,41 +194,38 @@ TEST(Profile, Answers) {
 
 // Plays every profile with a catalogue that knows all phones. The profile of a device that stays
 // unknown gives the reason.
-TEST(Profiles, AreDetectedAsTheySay) {
-    WriteFile("catalogue", AllPhones());
-    ASSERT_EQ(Velmor_Initialise("catalogue", ScriptedPhone::Read, ScriptedPhone::Send), 0);
-    char name[80], maker[80];
+TEST_F(Detection, OfEveryProfileIsAsItSays) {
+    ASSERT_EQ(Initialise(AllPhones(), ScriptedPhone::Read, ScriptedPhone::Send), 0);
+    char name[80], brand[80];
+    const auto phone = [&] {
+        const long id = Velmor_GetDetectedPhone(0, name, 80, brand, 80);
+        return id < 0 ? "" : brand + std::string(": ") + name;
+    };
     Velmor_DUNSetting setting;
     int known = 0;
     for (const auto& file : std::filesystem::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
         SCOPED_TRACE(file.path().filename());
-        const tool::Profile profile = tool::ParseProfile(ReadFile(file.path()), file.path());
-        ScriptedPhone::Play(profile);
-        EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80),
-                  (profile.phone + profile.network).empty() ? -1 : 0);
-        const bool found = Velmor_GetDetectedPhone(0, name, 80, maker, 80) >= 0;
-        EXPECT_EQ(found ? maker + std::string(": ") + name : "", profile.phone);
-        EXPECT_EQ(found, profile.undetectable.empty());
+        const std::string text = ReadFile(file.path());
+        const tool::Profile profile = tool::ParseProfile(text, file.path());
+        EXPECT_EQ(Detect(text), (profile.phone + profile.network).empty() ? -1 : 0);
+        EXPECT_EQ(phone(), profile.phone);
+        EXPECT_EQ(profile.phone.empty(), !profile.undetectable.empty());
         Velmor_GetDetectedDUNSettingByIndex(0, 0, &setting);
         EXPECT_EQ(setting.DisplayName, profile.network);
-        known += found ? 1 : 0;
+        known += profile.phone.empty() ? 0 : 1;
     }
     EXPECT_GE(known, 92);
     // The label alone names no maker, but the label and the maker do.
-    ScriptedPhone::Play("AT+CGMM: HSPA USB MODEM\nATI0: Manufacturer: Nobody");
-    EXPECT_EQ(Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80), -1);
-    for (const std::string brand : {"Huawei", "ZTE", "SIMCom", "Fibocom", "Quectel"}) {
-        ScriptedPhone::Play("ATI0: Manufacturer: " + brand + "\\nModel: X");
-        Velmor_DetectPhoneAndNetwork(0, maker, 80, name, 80);
-        Velmor_GetDetectedPhone(0, name, 80, maker, 80);
-        EXPECT_EQ(maker + std::string(": ") + name, brand + ": unnamed model");
+    EXPECT_EQ(Detect("AT+CGMM: HSPA USB MODEM\nATI0: Manufacturer: Nobody"), -1);
+    for (const std::string named : {"Huawei", "ZTE", "SIMCom", "Fibocom", "Quectel"}) {
+        Detect("ATI0: Manufacturer: " + named + "\\nModel: X");
+        EXPECT_EQ(phone(), named + ": unnamed model");
     }
     for (long i = 0, id = -1; i < Velmor_GetNrOfPhones(0); ++i) {
         EXPECT_EQ(Velmor_GetPhoneByIndex(0, i, &id, name, 80), 0);
         Velmor_GetDUNSetting(0, id, 1, &setting);
         EXPECT_STREQ(setting.DialString, "ATD*99***1#") << name;
     }
-    Velmor_DeInitialise();
 }
 
 }  // namespace

@@ -27,7 +27,6 @@ TEST_F(Session, StartsAndEnds) {
     EXPECT_EQ(Setting(nullptr).get_Setting("AT-RETRY"), String());
     Velmor_DeInitialise();
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
-    Start();
 }
 
 TEST_F(Session, AnotherCatalogueReplacesTheFirst) {

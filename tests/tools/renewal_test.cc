@@ -152,24 +152,18 @@ struct World {
         TestOperator& one = Any();
         TestOperator part{random() % 2 == 0 ? Next("Operator ") : one.name, {}, one.points};
         auto& point = one.points[random() % one.points.size()];
-        switch (random() % 7) {
+        switch (random() % 5) {
             case 0:  // a name of two operators is no key
                 one.name = random() % 2 == 0 ? part.name : Any().name;
                 break;
             case 1:  // one of them is another operator's too
                 one.codes.insert(one.codes.end(), {Any().codes.front(), Code(), Code()});
                 break;
-            case 2:  // all of them: a merger
-                Move(one.codes, 1 + random() % 4, Any().codes);
+            case 2:  // a merger, a split, or numbers that are gone
+                Move(one.codes, 1 + random() % 4, random() % 3 == 0 ? Any().codes : part.codes);
+                operators.insert(operators.end(), random() % 2, part);
                 break;
             case 3:
-                Move(one.codes, 1, part.codes);
-                break;
-            case 4:
-                Move(one.codes, one.codes.size() / 2, part.codes);
-                operators.push_back(part);
-                break;
-            case 5:
                 (random() % 2 == 0 ? point.first : point.second) = Next("new");
                 std::reverse(one.points.begin(), one.points.end());
                 break;
