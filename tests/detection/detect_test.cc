@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <cstring>
-#include <thread>
 
 #include "detection/manufacturer_selector.h"
 #include "tests/support/scripted_phone.h"
@@ -122,19 +121,6 @@ TEST_F(Detection, OddPhoneRows) {
         EXPECT_EQ(Velmor_GetDetectedPhone(0, name, 8, maker, 8), result) << after;
         EXPECT_EQ(name + std::string(" by ") + maker, said);
     }
-}
-
-// A host may cancel the thread that waits in its callback.
-TEST_F(Detection, EndsWithItsThread) {
-    const auto cancelled = [](char*, long, long) -> long {
-        pthread_cancel(pthread_self());
-        pthread_testcancel();
-        return 0;
-    };
-    ASSERT_EQ(Initialise(SampleSource().text(), cancelled, ScriptedPhone::Send), 0);
-    ScriptedPhone::Play("");
-    std::thread(Velmor_DetectPhoneAndNetwork, 0, nullptr, 0, nullptr, 0).join();
-    EXPECT_EQ(Velmor_GetVersionDatabase(0), 7);
 }
 
 TEST_F(Detection, Traces) {

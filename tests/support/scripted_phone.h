@@ -20,13 +20,6 @@ struct ScriptedPhone {
         sent.clear();
         dialogue.clear();
     }
-    // As a host does before a detection.
-    static void SwitchEchoOn() {
-        phone->Receive("ATE1\r");
-        while (phone->Pending()) {
-            phone->Next();
-        }
-    }
     // What the phone says to these bytes, up to a pause.
     static std::string Answer(const std::string& bytes) {
         std::string said;

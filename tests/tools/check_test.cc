@@ -49,15 +49,6 @@ const std::string kTable = "E#$_TABLE_BEGIN_$#";
 const std::string kTableEnd = "E#$_TABLE_END_$#\n";
 const std::string kComment = "Recipes: how an answer of the phone becomes a key.";
 
-// Nearly: the library loses a NUL and a return, and a line end or a separator begins a record.
-std::string EveryByte() {
-    std::string bytes;
-    for (int byte = 1; byte < 256; ++byte) {
-        bytes += byte == '\n' || byte == '\r' || byte == '#' ? ' ' : static_cast<char>(byte);
-    }
-    return bytes;
-}
-
 // Where a fault is found like in the source: in the stored form and in what the library reads, only
 // in the stored form, or in neither. The library does not read on after some faults.
 enum Alike { kEverywhere, kNotToLibrary, kNowhere };
@@ -128,7 +119,7 @@ const struct {
     {"W unused-allowance GeneralVariables", "TRACE#N#", "ALLOWED-WARNINGS#Networks:empty-key#",
      "E#ALLOWED"},
     {"", "", "", ""},
-    {"W skipped-line ", kComment, "E" + EveryByte(), "E\x01"},
+    {"W skipped-line ", kComment, "E\x01\t ?\\D\x7f\x80\xff", "E\x01"},
     {"", "Leerland", std::string(255, 'x'), ""},
     {"", "RETRY#3#", "RETRY#1000#", ""},
     {"", "E#99901", "E#999010", ""},

@@ -35,7 +35,7 @@ Detection DetectHere(const std::string& source, const std::string& profile) {
     WriteFile("catalogue", source);
     EXPECT_EQ(Velmor_Initialise("catalogue", ScriptedPhone::Read, ScriptedPhone::Send), 0);
     ScriptedPhone::Play(profile);
-    ScriptedPhone::SwitchEchoOn();
+    ScriptedPhone::Answer("ATE1\r");
     Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
     Detection found = LastDetection(ScriptedPhone::dialogue, {catalogue});
     Velmor_DeInitialise();

@@ -166,7 +166,7 @@ TEST(ProfileWriter, KeepsEveryByte) {
         }
         const std::string profile = WriteProfile(exchanges, "");
         ScriptedPhone::Play(profile);
-        ScriptedPhone::SwitchEchoOn();
+        ScriptedPhone::Answer("ATE1\r");
         for (const Exchange& exchange : exchanges) {
             ASSERT_EQ(ScriptedPhone::Answer(exchange.command), exchange.answer) << profile;
         }
