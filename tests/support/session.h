@@ -19,12 +19,6 @@ class SampleSource {
         text_.replace(At(what), what.size(), with);
         return *this;
     }
-    SampleSource& Without(const std::string& table) {
-        const std::size_t at = At("E#$_TABLE_BEGIN_$#" + table + "#");
-        const std::string end = "E#$_TABLE_END_$#\n";
-        text_.erase(at, text_.find(end, at) + end.size() - at);
-        return *this;
-    }
     // Adds a row as the first of a table.
     SampleSource& AddRow(const std::string& table, const std::string& row) {
         const std::size_t at = At("E#$_TABLE_BEGIN_$#" + table + "#");

@@ -100,7 +100,6 @@ TEST(Diff, EndsWithItsStatus) {
     SampleSource numbered;
     numbered.Replace("E#4#200#", "E#3#200#").Replace("E#3#101#", "E#9#101#");
     WriteFile("numbered", numbered.text());
-    WriteFile("empty", "");
     const ShellRow rows[] = {
         {"velmor diff old old", 0, "The same.\n"},
         {"velmor diff " VELMOR_SAMPLE_CATALOGUE " old", 0, "The same.\n"},
@@ -109,7 +108,7 @@ TEST(Diff, EndsWithItsStatus) {
         {"velmor diff old new | grep -c AT-RETRY", 0, "1\n"},
         {"velmor diff old new >/dev/null", 1, ""},
         {"velmor diff old new --json | grep '\"same\"'", 0, "  \"same\": false,\n"},
-        {"velmor diff old empty", 2, "empty: no database marker"},
+        {"velmor diff old /dev/null", 2, "/dev/null: no database marker"},
     };
     for (const ShellRow& row : rows) {
         ExpectRow(row);
