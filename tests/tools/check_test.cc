@@ -152,6 +152,7 @@ TEST(Check, EveryFindingAlone) {
             vel::ArrayCrypter().CryptFile("catalogue", "");
             const std::string stored = ReadFile("catalogue.encode");
             EXPECT_EQ(Show(CheckCatalogue(stored).findings), expected);
+            WriteFile("catalogue", Replaced(text, "\n", "\r\n"));
             EXPECT_EQ(EncodeSource("catalogue"), stored);
             EXPECT_EQ(DecodeCatalogue("catalogue.encode"), text);
         }
