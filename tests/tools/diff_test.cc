@@ -82,6 +82,10 @@ const struct {
      "~ network \"Northtel\"\n  + setting \"N (n)\": APN \"n\", Default \"Y\", "
      "RequiresUserAndPassword \"N\", CountryID \"Norland\", "
      "before \"Northtel (internet.northtel.example)\"\n"},
+    // What a terminal would obey.
+    {"E#100#Northtel#", "E#100#N\x1b[2J\xe2\x80\xae\xc2\x9b\x9b\"#",
+     "~ network \"N\\x1B[2J\\u202E\\u009B\\x9B\\\"\": Name \"Northtel\" -> "
+     "\"N\\x1B[2J\\u202E\\u009B\\x9B\\\"\"\n"},
 };
 
 TEST(Diff, TellsWhatAChangeMeans) {
