@@ -2,6 +2,7 @@
 #include "api/trace.h"
 #include "runtime/index_exception.h"
 #include "session/call_frame.h"
+#include "session/open_session.h"
 #include "session/setting.h"
 #include "session/trace.h"
 #include "tests/support/faults.h"
@@ -27,6 +28,16 @@ TEST_F(Session, StartsAndEnds) {
     EXPECT_EQ(Setting(nullptr).get_Setting("AT-RETRY"), String());
     Velmor_DeInitialise();
     EXPECT_EQ(Velmor_GetVersionDatabase(0), -1);
+}
+
+TEST_F(Session, LeavesNothingBesideTheCatalogueWhenToldSo) {
+    WriteFile("catalogue", SampleSource().text());
+    for (const auto copy : {EncodedCopy::kSkip, EncodedCopy::kWrite}) {
+        std::filesystem::remove("catalogue.encode");
+        EXPECT_EQ(OpenSession("catalogue", ScriptedPhone::Read, nullptr, copy), 0);
+        EXPECT_EQ(Velmor::getVelmor()->readFunction, ScriptedPhone::Read);
+        EXPECT_EQ(FileExists("catalogue.encode"), copy == EncodedCopy::kWrite);
+    }
 }
 
 TEST_F(Session, AnotherCatalogueReplacesTheFirst) {
