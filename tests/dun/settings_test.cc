@@ -63,7 +63,7 @@ TEST_F(PhoneSettings, TextsDoNotGrowForEver) {
     const auto times64 = [](const char* text) {
         return "#" + Replaced(std::string(64, '.'), "[.]", text) + "#";
     };
-    for (const std::size_t last : {16, 17, 1000}) {  // 64 * 64 * 16 bytes are the most
+    for (const std::size_t last : {16U, 17U, 1000U}) {  // 64 * 64 * 16 bytes are the most
         Start(SampleSource()
                   .Replace("UMTS#ATD*99\\##", "UMTS" + times64("%APN%"))
                   .Replace("#sud.example#3#,,0,0#",

@@ -127,7 +127,7 @@ TEST(Terminal, TablesFitItsWidth) {
                                          "velmor countries source");
     EXPECT_NE(shown.find("\n2      0         " + std::string(22, 'x') + "\u2026\n"),
               std::string::npos);
-    for (const unsigned width : {20, 40, 80, 400}) {
+    for (const unsigned width : {20U, 40U, 80U, 400U}) {
         const std::string table = OnTerminal(width, "velmor show source BasicDUNSettings");
         for (const std::string& text : Matches(table, "(.+)\n")) {
             const std::string plain = Replaced(text, "\u2026", "~");  // the mark has three bytes
