@@ -7,16 +7,19 @@
 // only twice.
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 
+#include "commands/connect_report.h"
 #include "commands/devices.h"
 #include "commands/options.h"
-#include "device/dialogue.h"
 #include "diagnosis/phone_state.h"
+#include "diagnosis/sim_card.h"
 #include "dialer/candidates.h"
 #include "dialer/pppd.h"
 #include "host/session.h"
@@ -27,16 +30,22 @@
 namespace tool {
 namespace {
 
-// The limit for AT and its answer, in seconds.
-constexpr double kProbe = 0.9;
+// The limits for AT and its answer, in seconds: first, and when a call may have to be ended.
+constexpr double kProbe = 4.5;
+constexpr double kProbeAgain = 1.5;
 // How often credentials may be refused: some networks lock a card that guesses.
 constexpr int kMostCredentials = 2;
 // The seconds before another try, doubled with each.
 constexpr int kFirstPause = 2;
 constexpr int kLongestPause = 60;
+// A link that is up for so many seconds ends a row of failures: a network that drops each call at
+// once is not dialled for ever.
+constexpr int kStable = 60;
 // The first exit status of pppd(8) that says something about the setting. Those below it are about
 // its options, its rights, its kernel and the device.
 constexpr int kConnectFailed = 8;
+constexpr int kLockFailed = 6;
+constexpr int kOpenFailed = 7;
 constexpr int kNotStarted = 127;  // there is no pppd
 
 // Why there is no link.
@@ -56,7 +65,7 @@ class NoLink : public ToolError {
 std::string StateFolder(const std::string& folder) {
     const char* const service = std::getenv("STATE_DIRECTORY");
     const std::string usual = service == nullptr ? "/var/lib/velmor" : service;
-    return folder.empty() ? usual : folder;
+    return folder.empty() ? Split(usual, ':')[0] : folder;
 }
 
 // The IMSI (3GPP TS 23.003: up to 15 digits) that the phone told; empty when it told none.
@@ -72,42 +81,21 @@ std::string Imsi(const std::vector<Exchange>& dialogue) {
     return "";
 }
 
-// Tells what happens: in words on standard error, or as JSON on standard output.
-class Reporter {
-  public:
-    explicit Reporter(bool json) : json_(json) {}
+std::string NameOf(const Detection& found) {
+    const std::string phone = found.phone.empty() ? "unknown phone" : found.phone;
+    return found.manufacturer.empty() ? phone : found.manufacturer + " " + phone;
+}
 
-    void Tell(const char* step, const std::string& words, const Json& details = {}) const {
-        if (!json_) {
-            std::cerr << "velmor: " << Visible(words) << "\n";
-            return;
-        }
-        Json object = {{"step", step}};
-        object.update(details);
-        object["words"] = words;
-        std::cout << VisibleJson(object.dump(-1, ' ', false, Json::error_handler_t::replace))
-                  << std::endl;
-    }
-    void TellOnline(const std::vector<TextRow>& rows, const Json& details) const {
-        if (json_) {
-            Tell("online", "online", details);
-        } else {
-            PrintAligned(rows);
-            std::cout.flush();
-        }
-    }
-
-  private:
-    bool json_;
-};
-
+// All that belongs to the phone, over several links.
 class Connection {
   public:
     explicit Connection(const ConnectOptions& options)
         : options_(options),
+          connect_(Pppd::ConnectCommand(options.verbose)),
           report_(options.json),
           session_(options.catalogue, Dialogue::Read, Dialogue::Send),
           memory_(StateFolder(options.state)) {
+        SerialLine::Speed(options.link.baud);  // throws for a wrong speed
         Findings ignored;
         catalogue_ = ReadCatalogue(session_.bytes(), ignored);
         if (!options.pinFile.empty()) {
@@ -119,6 +107,9 @@ class Connection {
     }
     // Puts the phone back as it was.
     ~Connection() {
+        if (leftContexts_) {
+            undo_.insert(undo_.begin(), contexts_.begin(), contexts_.end());
+        }
         if (!undo_.empty()) {
             Restore();
         }
@@ -126,36 +117,48 @@ class Connection {
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    const Reporter& report() const { return report_; }
+    const ConnectReport& report() const { return report_; }
 
     // Establishes a link and waits until it ends. Throws NoLink with the reason. Returns when a
     // signal came.
     void Run();
-    // Whether there has been a link since the last call.
-    bool WasOnline() { return std::exchange(wasOnline_, false); }
+    // Whether there has been a link since the last call that was up for long.
+    bool WasStable() {
+        return std::exchange(online_, std::nullopt).value_or(Clock::now()) +
+                   std::chrono::seconds(kStable) <
+               Clock::now();
+    }
 
   private:
     Detection AskPhone();
     void CheckCard(const Detection& found) const;
     void CheckRegistration(Dialogue& dialogue) const;
-    // Dials with the candidate. Returns whether a link came up; it has ended then.
+    // Dials with the candidate. Throws NoLink when a link came up and has ended. Returns whether a
+    // signal came.
     bool Try(const Candidate& candidate, const Detection& found);
+    // Throws NoLink when another candidate is of no use.
+    void TellRefusal(const Candidate& candidate, const LinkState& state, int status);
     void TellOnline(const Candidate& candidate, const Detection& found, const LinkState& link);
     void Restore();
 
+    using Clock = std::chrono::steady_clock;
+
     const ConnectOptions& options_;
-    Reporter report_;
+    const std::string connect_;
+    ConnectReport report_;
     LibrarySession session_;
     Catalogue catalogue_;
     std::optional<PinFile> pin_;
     CardMemory memory_;
     std::string imsi_;
     std::string device_;
-    Commands undo_;      // of what prepared the phone
-    Commands contexts_;  // as they were
+    std::string phone_;          // the device and the card
+    Commands undo_;              // of what prepared the phone
+    Commands contexts_;          // as they were
+    bool leftContexts_ = false;  // pppd did not put them back
     std::vector<Candidate> candidates_;
     int refusedCredentials_ = 0;
-    bool wasOnline_ = false;
+    std::optional<Clock::time_point> online_;  // since when there was a link
 };
 
 void Connection::CheckCard(const Detection& found) const {
@@ -197,13 +200,18 @@ Detection Connection::AskPhone() {
     }
     Dialogue dialogue(*line, LibraryPatience(catalogue_), options_.timeout,
                       !options_.verbose && isatty(STDERR_FILENO) == 0);
-    if (dialogue.Probe(kProbe) != Dialogue::Reply::kResult && !dialogue.LeaveCall(kProbe)) {
+    if (dialogue.Probe(kProbe) != Dialogue::Reply::kResult && !dialogue.LeaveCall(kProbeAgain)) {
         throw NoLink(kExitNoPhone, device_ + ": the phone does not answer", true);
     }
     const Commands undo = PreparePhone(dialogue);
-    undo_.insert(undo_.begin(), undo.begin(), undo.end());
+    AwaitSimCard(dialogue);
     const DetectionPlan plan = {catalogue_, options_.like, pin_ ? &*pin_ : nullptr};
-    Detection found = Detect(dialogue, plan);
+    Detection found;
+    try {
+        found = Detect(dialogue, plan);
+    } catch (const ToolError& error) {  // no answer to the PIN
+        throw NoLink(kExitCard, error.what(), false);
+    }
     if (dialogue.IsOpen()) {
         CheckCard(found);
         CheckRegistration(dialogue);
@@ -216,8 +224,18 @@ Detection Connection::AskPhone() {
         }
     }
     defined.erase("");
-    if (contexts_.empty()) {  // a later try would read what an earlier one left
+    // A later try would read what an earlier one left.
+    imsi_ = Imsi(found.dialogue);
+    const std::string phone = device_ + " " + imsi_;
+    if (phone_ != phone) {
+        phone_ = phone;
+        undo_ = undo;
         contexts_ = ReadContexts(dialogue, defined);
+        leftContexts_ = false;
+    }
+    if (dialogue.State() == DialogueState::kAbandoned) {
+        throw ToolError(options_.catalogue,
+                        ": the library repeats failed reads too often; velmor check tells why");
     }
     if (dialogue.State() == DialogueState::kDeviceGone) {
         throw NoLink(kExitNoPhone, device_ + ": the device is gone", true);
@@ -235,14 +253,11 @@ void Connection::Run() {
     if (Interruption::Signal() != 0) {
         return;
     }
-    imsi_ = Imsi(found.dialogue);
     if (const auto last = memory_.Find(imsi_)) {
         PutRememberedFirst(candidates_, *last, options_.own.given);
     }
     report_.Tell(
-        "phone",
-        Concat(found.manufacturer, " ", found.phone.empty() ? "phone" : found.phone, " at ",
-               device_),
+        "phone", Concat(NameOf(found), " at ", device_),
         {{"manufacturer", found.manufacturer}, {"phone", found.phone}, {"device", device_}});
     if (candidates_.empty()) {
         throw NoLink(kExitNoSetting, "the catalogue does not say how this phone dials", false);
@@ -260,7 +275,7 @@ void Connection::Run() {
                      "the catalogue has no setting for this network, number " +
                          found.identification.digits +
                          "; --apn names the access point, which its operator tells",
-                     false);
+                     found.identification.digits.empty());
     }
     throw NoLink(kExitRefused, "the network refuses every setting", true);
 }
@@ -272,48 +287,62 @@ bool Connection::Try(const Candidate& candidate, const Detection& found) {
         name.empty() ? "dials with the empty access point" : "dials with the access point " + name,
         {{"access-point", name}, {"setting", candidate.setting.aBasicDUNSettingId}});
     const std::string routes = options_.replaceRoute ? "replacedefaultroute\n" : "";
-    Pppd pppd(PppdOptions(candidate.setting, {device_, options_.link.baud},
-                          Pppd::ConnectCommand(options_.verbose)) +
-                  (options_.noRoute ? "nodefaultroute\n" : routes),
-              candidate.script, contexts_, options_.verbose);
-    if (pppd.AwaitLink()) {
-        wasOnline_ = true;
+    std::string pppdOptions;
+    try {
+        pppdOptions = PppdOptions(candidate.setting, {device_, options_.link.baud}, connect_) +
+                      (options_.noRoute ? "nodefaultroute\n" : routes);
+        WriteDialScript("", candidate.script);
+    } catch (const ToolError& error) {  // a value of the catalogue: another setting may do
+        report_.Tell("refused", error.what());
+        return false;
+    }
+    Pppd pppd(pppdOptions, candidate.script, contexts_, options_.verbose);
+    const bool online = pppd.AwaitLink();
+    if (online) {
+        online_ = Clock::now();
         refusedCredentials_ = 0;
         TellOnline(candidate, found, pppd.state());
         pppd.AwaitEnd();
     }
     const bool interrupted = Interruption::Signal() != 0;
     const int status = pppd.End();
-    if (pppd.HungUp()) {
-        undo_.insert(undo_.begin(), contexts_.begin(), contexts_.end());
-    }
-    if (interrupted) {
-        return true;
-    }
-    if (wasOnline_) {
+    leftContexts_ = leftContexts_ || pppd.LeftContexts();
+    if (online && !interrupted) {
         throw NoLink(kExitLost, "the link is lost", true);
     }
-    if (pppd.state().refusedCredentials) {
-        report_.Tell("refused", HostText(candidate.setting.DefaultUser).empty()
-                                    ? "the network wants a user and a password; --apn with --user"
-                                      " and --password gives them"
-                                    : "the network refuses user or password");
-        if (++refusedCredentials_ >= kMostCredentials) {
-            throw NoLink(kExitCredentials,
-                         "the network refused user or password twice; more tries could lock the"
-                         " card",
-                         false);
-        }
-    } else if (status < kConnectFailed || status == kNotStarted) {
-        throw ToolError("pppd ended with status ", status, ": ", pppd.state().problem);
-    } else {
-        report_.Tell("refused", pppd.state().dialled.empty()
-                                    ? pppd.state().problem
+    if (!interrupted) {
+        TellRefusal(candidate, pppd.state(), status);
+    }
+    return interrupted;
+}
+
+void Connection::TellRefusal(const Candidate& candidate, const LinkState& state, int status) {
+    if (status == kOpenFailed || status == kLockFailed) {
+        throw NoLink(kExitNoPhone, device_ + ": " + state.problem, true);
+    }
+    if (status < kConnectFailed || status == kNotStarted) {
+        throw ToolError("pppd ended with status ", status, ": ", state.problem);
+    }
+    if (state.dialStatus >= kExitNoPhone && state.dialStatus <= kExitRegistration) {
+        throw NoLink(state.dialStatus, state.problem, state.dialStatus != kExitCard);
+    }
+    if (!state.refusedCredentials) {
+        report_.Tell("refused", state.dialled.empty()
+                                    ? state.problem
                                     : Concat("the call began, but no link came up (pppd ended with"
                                              " status ",
                                              status, ")"));
+        return;
     }
-    return false;
+    report_.Tell("refused", HostText(candidate.setting.DefaultUser).empty()
+                                ? "the network wants a user and a password; --apn with --user and"
+                                  " --password gives them"
+                                : "the network refuses user or password");
+    if (++refusedCredentials_ >= kMostCredentials) {
+        throw NoLink(kExitCredentials,
+                     "the network refused user or password twice; more tries could lock the card",
+                     false);
+    }
 }
 
 void Connection::TellOnline(const Candidate& candidate, const Detection& found,
@@ -324,7 +353,7 @@ void Connection::TellOnline(const Candidate& candidate, const Detection& found,
     const Identification& said = found.identification;
     const std::string network =
         said.operatorName.empty() ? said.digits : said.operatorName + " (" + said.digits + ")";
-    report_.TellOnline({{"Phone", found.manufacturer + " " + found.phone},
+    report_.TellOnline({{"Phone", NameOf(found)},
                         {"Network", network},
                         {"Access point", apn.empty() ? "(empty)" : apn},
                         {"Interface", link.interface},
@@ -338,14 +367,15 @@ void Connection::TellOnline(const Candidate& candidate, const Detection& found,
                         {"peer", link.peer},
                         {"name-servers", servers}});
     try {
-        memory_.Remember(imsi_, {apn, HostText(candidate.setting.DefaultUser), link.dialled});
+        CardMemory memory(StateFolder(options_.state));  // another device may have changed it
+        memory.Remember(imsi_, {apn, HostText(candidate.setting.DefaultUser), link.dialled});
     } catch (const ToolError& error) {
         report_.Tell("state", error.what());
     }
 }
 
 void Connection::Restore() {
-    Interruption::Forget();
+    Interruption::Ignore();
     try {
         SerialLine line(device_, options_.link.baud);
         Dialogue dialogue(line, 0, options_.timeout, !options_.verbose);
@@ -360,6 +390,8 @@ void Connection::Restore() {
 }  // namespace
 
 int RunConnect(const ConnectOptions& options) {
+    // Without a reader of the output the phone must be put back all the same.
+    std::signal(SIGPIPE, SIG_IGN);
     const Interruption interruption;
     Connection connection(options);
     int pause = kFirstPause;
@@ -367,9 +399,9 @@ int RunConnect(const ConnectOptions& options) {
         try {
             connection.Run();
         } catch (const NoLink& reason) {
-            const bool was = connection.WasOnline();
-            failed = was ? 0 : failed + 1;
-            pause = was ? kFirstPause : std::min(2 * pause, kLongestPause);
+            const bool stable = connection.WasStable();
+            failed = stable ? 1 : failed + 1;
+            pause = stable ? kFirstPause : std::min(2 * pause, kLongestPause);
             const bool ends = options.once || !reason.again() || failed >= options.tries;
             connection.report().Tell(ends ? "ended" : "waiting", reason.what(),
                                      {{"status", reason.status()}});

@@ -16,6 +16,7 @@ namespace {
 // By state: the word for programs, and the text for people where there is no detail.
 constexpr std::pair<const char*, const char*> kStates[] = {
     {"answers", "answers"},
+    {"in-call", "in a call that nobody ended; detect and connect end it"},
     {"busy", ""},
     {"unusable", ""},
     {"other", "sends something, but no answer to AT"},

@@ -20,19 +20,21 @@
 namespace tool {
 namespace {
 
-// The limit for AT and its answer, in seconds.
-constexpr double kProbe = 0.9;
+// The limits for AT and its answer, in seconds: first, and when a call may have to be ended.
+constexpr double kProbe = 4.5;
+constexpr double kProbeAgain = 1.5;
 // The limit of a command, in seconds, for writing it.
 constexpr double kWriting = 10;
 
+// pppd hides the exit status of this command: velmor connect reads it in the line.
 int Fail(int status, const std::string& words) {
-    std::cerr << "velmor: " << Visible(words) << "\n";
+    std::cerr << Concat("velmor: ", Visible(words), " (status ", status, ")\n");
     return status;
 }
 
 // Whether the phone answers; a call that nobody ended is ended first.
 bool Answers(Dialogue& dialogue) {
-    return dialogue.Probe(kProbe) == Dialogue::Reply::kResult || dialogue.LeaveCall(kProbe);
+    return dialogue.Probe(kProbe) == Dialogue::Reply::kResult || dialogue.LeaveCall(kProbeAgain);
 }
 
 int Dial(Dialogue& dialogue, const DialScript& script, const DialOptions& options,
@@ -42,6 +44,7 @@ int Dial(Dialogue& dialogue, const DialScript& script, const DialOptions& option
     }
     if (Dials(script)) {
         PreparePhone(dialogue);
+        AwaitSimCard(dialogue);
         const std::string problem = pin == nullptr ? "" : UnlockSimCard(dialogue, *pin);
         const SimCard card = AskSimCard(dialogue);
         if (!problem.empty() || card.StopsCalls()) {
@@ -57,7 +60,7 @@ int Dial(Dialogue& dialogue, const DialScript& script, const DialOptions& option
         return Fail(kExitRefused, result.refused.empty() ? "interrupted" : result.refused);
     }
     if (!result.dialled.empty()) {
-        std::cerr << "velmor: dialled " << Visible(result.dialled) << "\n";
+        std::cerr << Concat("velmor: dialled ", Visible(result.dialled), "\n");
     }
     return kExitOk;
 }
@@ -85,7 +88,7 @@ int RunDial(const DialOptions& options) {
     Dialogue dialogue(line, 0, kWriting, !options.verbose);
     const int status = Dial(dialogue, script, options, pin ? &*pin : nullptr);
     if (status != kExitOk && status != kExitNoPhone && !undo.empty()) {
-        Interruption::Forget();
+        Interruption::Ignore();
         if (Answers(dialogue)) {
             RunDialScript(dialogue, undo);
         }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "device/port_search.h"
 
-#include <chrono>
 #include <utility>
 
-#include "detection/final_result.h"
 #include "device/device_users.h"
+#include "device/dialogue.h"
 #include "device/serial_line.h"
 #include "device/uucp_lock.h"
 #include "support/error.h"
@@ -15,48 +14,24 @@
 namespace tool {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+// The limit of a port in seconds. Opening takes the rest of the second.
+constexpr double kWait = 0.9;
 
-// How often AT is sent to a port, and the milliseconds for an answer. Opening takes the rest of the
-// second.
-constexpr int kQuestions = 3;
-constexpr int kWait = 300;
-
-constexpr char kQuestion[] = "AT";
-
-// Sends AT until a line is a final result code. Other lines are no answer: a satellite receiver,
-// for example, sends lines all the time. The number of OK (ITU-T V.250: ATV0) must be the only
-// line, because it can be the rest of a longer one.
+// Other lines than a final result code are no answer: a satellite receiver, for example, sends
+// lines all the time.
 PortState AskAt(SerialLine& line) {
-    const Clock::time_point start = Clock::now();
-    bool sendsLines = false;
-    for (int question = 1; question <= kQuestions; ++question) {
-        const Clock::time_point end = start + std::chrono::milliseconds(question * kWait);
-        line.Write(std::string(kQuestion) + "\r", kWait);
-        std::string text, lines;
-        while (Clock::now() < end && !line.IsGone() && Interruption::Signal() == 0) {
-            const auto left =
-                std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now());
-            char byte = 0;
-            if (!line.Read(byte, static_cast<int>(left.count()))) {
-                continue;
-            }
-            if (byte != '\r' && byte != '\n') {
-                text += byte;
-                continue;
-            }
-            if (vel::ResultForHost(text.data(), text.size()) != vel::FinalResult::kNone) {
-                return PortState::kAnswers;
-            }
-            lines += text == kQuestion ? "" : text;
-            text.clear();
-        }
-        if (lines == "0") {
+    Dialogue dialogue(line, 0, kWait, true);
+    switch (dialogue.Probe(kWait)) {
+        case Dialogue::Reply::kResult:
             return PortState::kAnswers;
-        }
-        sendsLines = sendsLines || !lines.empty();
+        case Dialogue::Reply::kFrames:
+            return PortState::kInCall;
+        case Dialogue::Reply::kOther:
+            return PortState::kOther;
+        case Dialogue::Reply::kNone:
+            break;
     }
-    return sendsLines ? PortState::kOther : PortState::kSilent;
+    return PortState::kSilent;
 }
 
 std::pair<PortState, std::string> AskPort(const Port& port, const PortSearch& search) {
@@ -119,7 +94,7 @@ std::string TheOneThatAnswers(const std::vector<FoundDevice>& devices) {
     std::string list;
     int count = 0;
     for (const FoundDevice& device : devices) {
-        if (device.state == PortState::kAnswers) {
+        if (device.state <= PortState::kInCall) {
             ++count;
             path = device.port.path;
             list += (list.empty() ? "" : ", ") + path;

@@ -11,6 +11,7 @@ namespace tool {
 // What asking a port has shown, the most useful first.
 enum class PortState {
     kAnswers,
+    kInCall,    // it sends PPP frames: nobody ended its last call
     kBusy,      // in use; it was not opened where that could be seen from outside
     kUnusable,  // it cannot be opened
     kOther,     // it sends lines, but no answer to AT
@@ -39,8 +40,8 @@ struct PortSearch {
 // ends the search.
 std::vector<FoundDevice> SearchPorts(const PortSearch& search);
 
-// The path of the device that answers; empty when none does. Throws a ToolError with the list when
-// several answer.
+// The path of the device that answers, or is in a call; empty when none does. Throws a ToolError
+// with the list when several answer.
 std::string TheOneThatAnswers(const std::vector<FoundDevice>& devices);
 
 }  // namespace tool

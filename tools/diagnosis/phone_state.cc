@@ -57,8 +57,8 @@ Registration AskRegistration(Dialogue& dialogue, const std::string& service) {
     const std::string state = values.empty() ? "" : values[values.size() > 1 ? 1 : 0];
     const std::pair<const char*, Registration> meanings[] = {
         {"0", Registration::kOff},       {"1", Registration::kHome},
-        {"2", Registration::kSearching}, {"3", Registration::kDenied},
-        {"5", Registration::kRoaming},
+        {"2", Registration::kSearching}, {"4", Registration::kSearching},
+        {"3", Registration::kDenied},    {"5", Registration::kRoaming},
     };
     const auto* meaning = std::find_if(std::begin(meanings), std::end(meanings),
                                        [&](const auto& row) { return state == row.first; });
@@ -99,12 +99,20 @@ Commands ReadContexts(Dialogue& dialogue, const std::set<std::string>& numbers) 
         return undo;
     }
     for (const std::string& number : numbers) {
-        const std::string line = LineWith(answer, "+CGDCONT: " + number + ",");
-        const Commands values = ValuesOf(line, "+CGDCONT");
-        // Number, type and access point. The phone may tell more than it takes.
-        undo.push_back(
-            "AT+CGDCONT=" +
-            (values.size() < 3 ? number : Join(Commands(values.begin(), values.begin() + 3), ",")));
+        const std::string spaced = LineWith(answer, "+CGDCONT: " + number + ",");
+        const Commands values = ValuesOf(
+            spaced.empty() ? LineWith(answer, "+CGDCONT:" + number + ",") : spaced, "+CGDCONT");
+        // Number, type and access point; then with address and compression. A phone may tell more
+        // than it takes: the first command has its effect then.
+        for (const std::size_t count : {3U, 6U}) {
+            const Commands some(values.begin(),
+                                values.begin() + static_cast<long>(std::min(count, values.size())));
+            const std::string command =
+                "AT+CGDCONT=" + (values.size() < 3 ? number : Join(some, ","));
+            if (undo.empty() || undo.back() != command) {
+                undo.push_back(command);
+            }
+        }
     }
     return undo;
 }

@@ -25,7 +25,7 @@ std::string DefinedContext(const std::string& command);
 
 // Whether the phone is registered with a network (3GPP TS 27.007, +CREG). The order is that of
 // usefulness for a call.
-enum class Registration { kHome, kRoaming, kDenied, kSearching, kOff, kUnknown };
+enum class Registration { kHome, kRoaming, kSearching, kDenied, kOff, kUnknown };
 
 // Asks about LTE, packet and circuit services, and returns the most useful answer. kUnknown: the
 // phone answers to none of them.

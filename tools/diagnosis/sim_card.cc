@@ -185,7 +185,7 @@ std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, const CardLimi
                          pin.mark(), " to send it again");
     } else if (card.state == "pin" && dialogue.IsOpen()) {
         problem = SendPin(dialogue, pin, limits);
-    } else if (!card.words.empty() && !card.IsReady()) {
+    } else if (card.StopsCalls() || card.state == "busy") {
         problem = "the PIN was not sent; SIM card: " + card.words;
     }
     dialogue.Ask(kPlainErrors, kAnswer);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "dun/dial_texts.h"
 #include "host/session.h"
@@ -118,9 +119,16 @@ std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& p
                      [](const Candidate& candidate) { return HasAccessPoint(candidate, ""); })) {
         candidates.push_back(OwnCandidate(found, plan, {}));
     }
+    // The same values a second time would be refused as the first time.
+    std::set<std::vector<std::string>> seen;
     candidates.erase(
         std::remove_if(candidates.begin(), candidates.end(),
-                       [](const Candidate& candidate) { return !Dials(candidate.script); }),
+                       [&](const Candidate& candidate) {
+                           std::vector<std::string> values = candidate.script;
+                           values.push_back(HostText(candidate.setting.DefaultUser));
+                           values.push_back(HostText(candidate.setting.DefaultPassword));
+                           return !Dials(candidate.script) || !seen.insert(values).second;
+                       }),
         candidates.end());
     return candidates;
 }

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
@@ -40,14 +41,18 @@ constexpr int kCredentials = 19;
 constexpr int kEnding = 30;
 // The milliseconds in which pppd tells all addresses of a link.
 constexpr int kSettled = 300;
+// How long IPv4 may take after IPv6, in seconds.
+constexpr int kIpv4 = 10;
 constexpr int kEach = 200;  // milliseconds between looks at the process
 
 std::string PathOf(Descriptor descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
 }
 
+// The path at the first call: an upgrade can replace the file while a link is up.
 std::string Dial() {
-    return ShellWord(std::filesystem::read_symlink("/proc/self/exe")) + " dial ";
+    static const std::string program = std::filesystem::read_symlink("/proc/self/exe");
+    return ShellWord(program) + " dial ";
 }
 
 // A file without a name.
@@ -105,6 +110,9 @@ Pppd::Pppd(const std::string& options, const DialScript& script, const DialScrip
         for (std::size_t i = 0; i < std::size(files); ++i) {
             dup2(above[i], kOptions + static_cast<int>(i));
         }
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+            std::signal(signal, SIG_DFL);  // before the mask goes: none must be lost
+        }
         sigset_t none;
         sigemptyset(&none);
         sigprocmask(SIG_SETMASK, &none, nullptr);
@@ -129,7 +137,15 @@ Pppd::~Pppd() {
 }
 
 bool Pppd::AwaitLink() {
-    while (state_.address.empty() && Listen(kEach)) {
+    auto most = Clock::time_point::max();
+    while (state_.address.empty() && Clock::now() < most && Listen(kEach)) {
+        // IPv4 may follow IPv6.
+        if (!state_.linkLocal.empty() && most == Clock::time_point::max()) {
+            most = Clock::now() + std::chrono::seconds(kIpv4);
+        }
+    }
+    if (state_.address.empty()) {
+        state_.address = state_.linkLocal;
     }
     const auto settled = Clock::now() + std::chrono::milliseconds(kSettled);
     while (Clock::now() < settled && Listen(kEach)) {
@@ -157,8 +173,8 @@ int Pppd::End() {
     return status_;
 }
 
-bool Pppd::HungUp() {
-    return End() == kHangUp;
+bool Pppd::LeftContexts() {
+    return End() == kHangUp || status_ > 128;
 }
 
 bool Pppd::Listen(int milliseconds) {
@@ -196,13 +212,12 @@ void Pppd::Understand(const std::string& line) {
     }
     const std::pair<const char*, std::string*> texts[] = {
         {"Using interface", &state_.interface}, {"local  IP address", &state_.address},
-        {"remote IP address", &state_.peer},    {"local  LL address", &state_.address},
-        {"remote LL address", &state_.peer},    {"velmor: dialled ", &state_.dialled},
+        {"remote IP address", &state_.peer},    {"local  LL address", &state_.linkLocal},
+        {"velmor: dialled ", &state_.dialled},
     };
     for (const auto& [words, text] : texts) {
         const std::string value = After(words, line);
-        // An IPv4 address comes before that of the link.
-        if (!value.empty() && (text->empty() || value.find(':') == std::string::npos)) {
+        if (!value.empty()) {
             *text = value;
         }
     }
@@ -215,6 +230,11 @@ void Pppd::Understand(const std::string& line) {
     const bool ours = BeginsWith(line, "velmor: ");
     if ((ours && state_.dialled.empty()) || state_.problem.empty()) {
         state_.problem = ours ? line.substr(8) : line;
+        const std::size_t status = line.rfind(" (status ");
+        if (ours && status != std::string::npos) {
+            state_.dialStatus = std::atoi(line.c_str() + status + 9);
+            state_.problem.resize(status - 8);
+        }
     }
     state_.refusedCredentials = state_.refusedCredentials || line == "PAP authentication failed" ||
                                 line == "CHAP authentication failed";

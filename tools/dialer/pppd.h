@@ -13,11 +13,13 @@ namespace tool {
 // What pppd told of a link.
 struct LinkState {
     std::string interface;
-    std::string address;  // empty: the link is not up
+    std::string address;    // IPv4, or that of the link when it has no IPv4; empty: it is not up
+    std::string linkLocal;  // IPv6
     std::string peer;
     std::vector<std::string> nameServers;  // of the network
     std::string dialled;                   // the dial command that was answered with CONNECT
     std::string problem;  // the last words of velmor dial when it failed, else the first of pppd
+    int dialStatus = 0;   // the exit status of velmor dial when it failed
     bool refusedCredentials = false;
 };
 
@@ -44,8 +46,8 @@ class Pppd {
     void AwaitEnd();
     // Ends pppd and waits for that. Returns its exit status.
     int End();
-    // Whether the line hung up: pppd then has not put the contexts back.
-    bool HungUp();
+    // Whether the line hung up, or pppd was killed: it then has not put the contexts back.
+    bool LeftContexts();
 
     const LinkState& state() const { return state_; }
 

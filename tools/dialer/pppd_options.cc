@@ -80,8 +80,9 @@ std::string PppdOptions(const Velmor_DUNSetting& setting, const DialerLink& link
     text += servers.empty() ? "" : "ipparam " + PppdWord("velmor " + servers) + "\n";
     const std::string user = OneLine("user", HostText(setting.DefaultUser));
     const std::string password = OneLine("password", HostText(setting.DefaultPassword));
-    text += user.empty() ? "" : "user " + PppdWord(user) + "\n";
-    text += password.empty() ? "" : "password " + PppdWord(password) + "\n";
+    // Many phones ask for credentials that no network looks at: pppd needs a word for each then.
+    text += "user " + PppdWord(user.empty() ? " " : user) + "\n";
+    text += "password " + PppdWord(password.empty() ? " " : password) + "\n";
     return text;
 }
 

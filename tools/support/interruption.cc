@@ -50,8 +50,9 @@ int Interruption::Signal() {
     return caught;
 }
 
-void Interruption::Forget() {
+void Interruption::Ignore() {
     caught = 0;
+    living = false;  // the signals stay blocked during a wait
 }
 
 int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseconds) {

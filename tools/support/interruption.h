@@ -17,8 +17,9 @@ class Interruption {
 
     // The signal that came, or 0.
     static int Signal();
-    // Forgets the signal: what has to be put back can wait again.
-    static void Forget();
+    // Forgets the signal, and holds back further ones until the object ends: what has to be put
+    // back can wait for answers again, and nothing cuts it short.
+    static void Ignore();
     // Like poll(2), but returns -1 when a signal comes during the wait or came before it. Without
     // an object, signals have their usual effect.
     static int Wait(struct pollfd* descriptors, unsigned count, int milliseconds);
