@@ -317,6 +317,8 @@ void AddPhone(CommandLine& line) {
         "Prints the path of the device and plays until Control-C or until the phone disconnects.\n"
         "Example: velmor phone data/profiles/nokia-6300.profile\n");
     AddFile(app, "PROFILE", options->profile, "how the phone answers")->required();
+    Add(app, "--network", options->network, "COMMAND",
+        "carry calls with this program, which takes the options of pppd");
     AddVerbose(app, options->verbose);
 }
 

@@ -160,6 +160,7 @@ int RunDial(const DialOptions& options);
 // velmor phone
 struct PhoneOptions {
     std::string profile;
+    std::string network;  // the command that carries calls
     bool verbose = false;
 };
 

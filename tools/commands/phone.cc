@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <utility>
 
 #include "commands/options.h"
 #include "phone/player.h"
@@ -13,8 +14,10 @@ namespace tool {
 
 int RunPhone(const PhoneOptions& options) {
     const Interruption interruption;
-    PhonePlayer player(ParseProfile(ReadInput(options.profile), options.profile),
-                       !options.verbose && isatty(STDERR_FILENO) == 0);
+    Profile profile = ParseProfile(ReadInput(options.profile), options.profile);
+    profile.networkBehind.exists = profile.networkBehind.exists || !options.network.empty();
+    PhonePlayer player(std::move(profile), !options.verbose && isatty(STDERR_FILENO) == 0,
+                       options.network);
     std::cout << player.device() << std::endl;  // flushed: programs wait for this line
     player.Play();
     return kExitOk;

@@ -9,10 +9,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 
+#include "phone/network_program.h"
 #include "support/error.h"
 #include "support/input_file.h"
 #include "support/interruption.h"
@@ -22,11 +24,13 @@ namespace {
 
 constexpr double kPause = 0.01;            // seconds of one pause of a profile
 constexpr std::size_t kMostWaiting = 256;  // bytes: a flood must not fill the memory
+constexpr double kEach = 0.1;              // seconds between two looks at a call
 constexpr int kLong = 60000;               // milliseconds to wait when there is nothing to send
 
 }  // namespace
 
-PhonePlayer::PhonePlayer(Profile profile, bool silent) : phone_(std::move(profile)), log_(silent) {
+PhonePlayer::PhonePlayer(Profile profile, bool silent, std::string network)
+    : phone_(std::move(profile)), network_(std::move(network)), log_(silent) {
     // O_NONBLOCK: a program that does not read must not stop the player.
     master_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     const bool made = master_ >= 0 && grantpt(master_) == 0 && unlockpt(master_) == 0;
@@ -51,7 +55,17 @@ PhonePlayer::~PhonePlayer() {
 void PhonePlayer::Play() {
     while (Interruption::Signal() == 0 && !(phone_.IsGone() && outgoing_.empty())) {
         FetchAnswer();
-        const double wait = phone_.Pending() && outgoing_.empty() ? due_ - log_.Seconds() : kLong;
+        if (phone_.network().IsInCall() && !phone_.Pending() && outgoing_.empty()) {
+            if (phone_.network().IsStray() || network_.empty()) {
+                WaitInCall();
+            } else {
+                Carry();
+            }
+        }
+        double wait = phone_.network().IsInCall() ? kEach : kLong;
+        if (phone_.Pending() && outgoing_.empty()) {
+            wait = due_ - log_.Seconds();
+        }
         struct pollfd line = {master_, POLLIN, 0};
         line.events = static_cast<short>(outgoing_.empty() ? POLLIN : POLLIN | POLLOUT);
         // One millisecond more: the wait must not end just before the byte is due.
@@ -82,7 +96,7 @@ void PhonePlayer::Listen() {
             }
         }
     }
-    phone_.Receive(heard);
+    phone_.Receive(heard, log_.Seconds());
 }
 
 void PhonePlayer::FetchAnswer() {
@@ -93,6 +107,35 @@ void PhonePlayer::FetchAnswer() {
         } else {
             due_ = log_.Seconds() + kPause;
         }
+    }
+}
+
+// The line belongs to the program until the call ends.
+void PhonePlayer::Carry() {
+    log_.EndAnswer();
+    const int flags = fcntl(master_, F_GETFL);
+    fcntl(master_, F_SETFL, flags & ~O_NONBLOCK);
+    {
+        NetworkProgram program(network_, phone_.network(), master_);
+        double drops = phone_.network().profile().Seconds("drops");
+        drops = drops > 0 && !hasDropped_ ? log_.Seconds() + drops : HUGE_VAL;
+        while (!program.HasEnded() && Interruption::Signal() == 0 && log_.Seconds() < drops) {
+            Interruption::Wait(nullptr, 0, static_cast<int>(kEach * 1000));
+        }
+        hasDropped_ = true;
+    }
+    fcntl(master_, F_SETFL, flags);
+    tcflush(master_, TCIOFLUSH);  // what is left of the call
+    phone_.EndCall();
+    due_ = log_.Seconds();
+}
+
+// A call that nobody carries: the phone asks for an answer once a second.
+void PhonePlayer::WaitInCall() {
+    phone_.Receive("", log_.Seconds());
+    if (phone_.network().IsInCall() && log_.Seconds() >= frameDue_) {
+        phone_.SendStrayFrame();
+        frameDue_ = log_.Seconds() + 1;
     }
 }
 

@@ -11,8 +11,10 @@ namespace tool {
 // A simulated phone on a new pseudo-terminal, which programs open one after another.
 class PhonePlayer {
   public:
-    // A silent player does not show the dialogue. Throws a ToolError without a pseudo-terminal.
-    PhonePlayer(Profile profile, bool silent);
+    // A silent player does not show the dialogue. `network` is the command of the program that
+    // carries calls, see NetworkProgram; empty: none does. Throws a ToolError without a
+    // pseudo-terminal.
+    PhonePlayer(Profile profile, bool silent, std::string network = "");
     ~PhonePlayer();
     PhonePlayer(const PhonePlayer&) = delete;
     PhonePlayer& operator=(const PhonePlayer&) = delete;
@@ -25,8 +27,11 @@ class PhonePlayer {
     void Listen();
     void FetchAnswer();
     void Speak();
+    void Carry();
+    void WaitInCall();
 
     SimulatedPhone phone_;
+    std::string network_;
     DialogueLog log_;
     std::string device_;
     int master_ = -1;
@@ -34,6 +39,8 @@ class PhonePlayer {
     std::string command_;   // the bytes of the next command so far
     std::string outgoing_;  // the bytes that the line has not taken yet
     double due_ = 0;        // when the phone sends its next byte, in seconds of the log
+    double frameDue_ = 0;   // when it asks again for an answer in a call
+    bool hasDropped_ = false;
 };
 
 // A player in a child process. The destructor ends the process.

@@ -12,17 +12,6 @@
 namespace tool {
 namespace {
 
-// The bytes of an answer in its usual frame. A phone sends no OK after a result code.
-std::string WholeAnswer(const std::string& text) {
-    std::string bytes = "\r\n";
-    for (const char c : text) {
-        bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    }
-    bytes += "\r\n";
-    const bool isResult = vel::ResultForHost(text.data(), text.size()) != vel::FinalResult::kNone;
-    return isResult ? bytes : bytes + "\r\nOK\r\n";
-}
-
 // Reads a profile line by line. An error names the line.
 class Parser {
   public:
@@ -142,7 +131,7 @@ class Parser {
             profile_.disconnect = Number(value);
         } else if (name == "flood") {
             profile_.flood = Unescaped(value) + "\r\n";
-        } else {
+        } else if (!profile_.networkBehind.Take(name, value)) {
             Fail("no such property, or no such value of it");
         }
     }
@@ -161,12 +150,25 @@ class Parser {
 
 }  // namespace
 
+// A phone sends no OK after a result code.
+std::string WholeAnswer(const std::string& text) {
+    std::string bytes = "\r\n";
+    for (const char c : text) {
+        bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    bytes += "\r\n";
+    const bool isResult = vel::ResultForHost(text.data(), text.size()) != vel::FinalResult::kNone;
+    return isResult ? bytes : bytes + "\r\nOK\r\n";
+}
+
 std::string ProfileCommand(std::string line) {
     line.erase(0, line.find_first_not_of(' '));
     line.erase(line.find_last_not_of(' ') + 1);
-    std::transform(line.begin(), line.end(), line.begin(), [](char c) {
-        return 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    });
+    bool quoted = false;
+    for (char& c : line) {
+        quoted = quoted != (c == '"');
+        c = !quoted && 'a' <= c && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
     return line == "ATI" ? "ATI0" : line;
 }
 

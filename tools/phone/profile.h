@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "phone/network.h"
+
 namespace tool {
 
 // In texts a backslash and the name stand for the byte.
@@ -37,6 +39,8 @@ struct Profile {
     std::string network;
     std::string undetectable;
 
+    NetworkProfile networkBehind;
+
     bool echo = true;
     std::string unknown = "\r\nERROR\r\n";  // the answer to commands that are not listed
     unsigned delay = 0;                     // milliseconds before each answer
@@ -52,8 +56,11 @@ struct Profile {
     std::map<std::string, std::vector<Answer>> answers;
 };
 
-// The command as profiles write it: in capitals, without outer blanks, ATI as ATI0.
+// The command as profiles write it: in capitals outside quotes, without outer blanks, ATI as ATI0.
 std::string ProfileCommand(std::string line);
+
+// The bytes of an answer in its usual frame: a result code alone, or a text and OK.
+std::string WholeAnswer(const std::string& text);
 
 // Throws a std::runtime_error with the name, the line and the reason.
 Profile ParseProfile(const std::string& text, const std::string& name);

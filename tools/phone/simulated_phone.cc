@@ -30,16 +30,22 @@ bool Covers(const std::string& pattern, const std::string& command) {
 }  // namespace
 
 SimulatedPhone::SimulatedPhone(Profile profile)
-    : profile_(std::move(profile)), echo_(profile_.echo) {}
+    : profile_(std::move(profile)), network_(profile_.networkBehind), echo_(profile_.echo) {}
 
-std::size_t SimulatedPhone::Receive(const std::string& bytes) {
+std::size_t SimulatedPhone::Receive(const std::string& bytes, double now) {
     if (IsGone()) {
         return 0;
+    }
+    if (network_.IsInCall()) {
+        if (const std::optional<std::string> result = network_.EndOfCall(bytes, now)) {
+            Say(network_.Form(WholeAnswer(*result)));
+        }
+        return bytes.size();
     }
     const std::size_t accepted = std::min(bytes.size(), profile_.accepts.value_or(bytes.size()));
     for (std::size_t i = 0; i < accepted; ++i) {
         if (bytes[i] == '\r') {
-            Execute(line_);
+            Execute(line_, now);
             line_.clear();
         } else if (bytes[i] != '\n') {
             line_ += bytes[i];
@@ -48,11 +54,25 @@ std::size_t SimulatedPhone::Receive(const std::string& bytes) {
     return accepted;
 }
 
-void SimulatedPhone::Execute(const std::string& line) {
-    const std::string command = ProfileCommand(line);
-    const Profile::Answer answer = Find(command);
+void SimulatedPhone::EndCall() {
+    network_.EndCall();
+    Say(network_.Form(WholeAnswer("NO CARRIER")));
+}
+
+void SimulatedPhone::Execute(const std::string& line, double now) {
+    std::string command = ProfileCommand(line);
+    if (network_.profile().exists) {
+        command.erase(0, command.find("AT"));  // what is left of a call stands before it
+    }
+    if (network_.Loses(command)) {
+        return;
+    }
+    const Profile::Answer answer = Find(command, now);
     position_ = 0;
     Say(answer.before);
+    if (!network_.profile()["between"].empty()) {
+        Say(network_.profile()["between"] + "\r\n");
+    }
     if (echo_) {
         Say(line + "\r");
     }
@@ -67,7 +87,7 @@ void SimulatedPhone::Execute(const std::string& line) {
     if (flooding_) {
         return;
     }
-    Say(answer.bytes);
+    Say(network_.Form(answer.bytes));
     Say(answer.after);
     leaving_ = leaving_ || answer.last;
     // A profile can refuse ATE and ATZ; the echo then stays as it is.
@@ -78,8 +98,10 @@ void SimulatedPhone::Execute(const std::string& line) {
     }
 }
 
-// A command that the profile lists in full comes first, then its patterns, then the built-in ones.
-Profile::Answer SimulatedPhone::Find(const std::string& command) {
+// A command that the profile lists in full comes first, then its patterns, then the network's
+// commands, then the built-in ones. A line with several commands (ITU-T V.250: AT+CMEE=1;+CREG?) is
+// answered with the texts of all and the first result that is not OK.
+Profile::Answer SimulatedPhone::Find(const std::string& command, double now) {
     auto found = profile_.answers.find(command);
     if (found == profile_.answers.end()) {
         found = std::find_if(profile_.answers.begin(), profile_.answers.end(),
@@ -92,6 +114,20 @@ Profile::Answer SimulatedPhone::Find(const std::string& command) {
             answers.erase(answers.begin());
         }
         return answer;
+    }
+    const std::size_t next = command.find(';');
+    if (network_.profile().exists && next != std::string::npos && next + 1 < command.size()) {
+        Profile::Answer answer = Find(command.substr(0, next), now);
+        const std::size_t text =
+            answer.bytes.size() - std::min(answer.bytes.size(), sizeof kOk - 1);
+        if (answer.bytes.compare(text, std::string::npos, kOk) == 0) {
+            answer.bytes.erase(text);
+            answer.bytes += Find("AT" + command.substr(next + 1), now).bytes;
+        }
+        return answer;
+    }
+    if (const std::optional<std::string> answer = network_.Answer(command, now)) {
+        return {"", WholeAnswer(*answer), "", false};
     }
     for (const auto& entry : kBuiltIn) {
         if (Covers(entry.command, command)) {
