@@ -1,0 +1,6 @@
+# The network is lost 15 seconds after the first call. The device has to dial again.
+drops = 15
+
+AT+CGMI: Nokia
+AT+CGMM: Nokia 6300
+AT+CIMI: 410070123456789

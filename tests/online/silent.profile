@@ -1,0 +1,4 @@
+# The phone does not answer at all.
+# exit: 3
+
+AT*:=
