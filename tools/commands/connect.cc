@@ -6,6 +6,7 @@
 // early where another try makes things worse: a PIN is never guessed, and credentials are refused
 // only twice.
 #include <unistd.h>
+#include <nlohmann/json.hpp>
 
 #include <chrono>
 #include <csignal>

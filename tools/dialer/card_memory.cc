@@ -2,6 +2,7 @@
 #include "dialer/card_memory.h"
 
 #include <crypt.h>
+#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <filesystem>
