@@ -27,7 +27,8 @@ TEST(DialCommand, Dials) {
         {"", kScript + std::string("exit $status"), 0, "velmor: dialled ATD*99***1#\n"},
         {"ATD*99***1#: NO CARRIER", kScript + std::string("exit $status"), 0, "dialled ATD*99#\n"},
         {"ATD*: NO CARRIER", Shows("3"), 7,
-         "> ATD*99#\n> AT\n> AT+CGDCONT=1,\"IP\",\"old\"\nvelmor: ATD*99#: NO CARRIER\n"},
+         "> ATD*99#\n> AT\n> AT+CGDCONT=1,\"IP\",\"old\"\nvelmor: ATD*99#: NO CARRIER (status "
+         "7)\n"},
         // A refused command ends its attempt; the next one has none.
         {"AT+CGDCONT=*: ERROR", Shows("2"), 0, "> AT+CGDCONT=1,\"IP\",\"a\"\n> ATD*99#\n"},
         {"AT+CFUN?: +CFUN: 4\nAT+CREG?: +CREG: 2,2\nAT+CREG?: +CREG: 0,2\nAT+CREG?: +CREG: 0,5",

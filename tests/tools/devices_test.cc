@@ -72,7 +72,8 @@ class Machine {
 
 // The name of each device that was found, its state, product and number of ports.
 std::string Told(const std::vector<FoundDevice>& devices) {
-    const char* const states[] = {"answers", "busy", "unusable", "other", "silent", "not asked"};
+    const char* const states[] = {"answers", "in call", "busy",     "unusable",
+                                  "other",   "silent",  "not asked"};
     std::set<std::string> lines;  // the numbers of pseudo-terminals decide on the order
     for (const FoundDevice& device : devices) {
         lines.insert(Concat(fs::path(device.port.path).filename().string(), " ",

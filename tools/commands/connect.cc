@@ -63,30 +63,6 @@ class NoLink : public ToolError {
     bool again_;
 };
 
-std::string StateFolder(const std::string& folder) {
-    const char* const service = std::getenv("STATE_DIRECTORY");
-    const std::string usual = service == nullptr ? "/var/lib/velmor" : service;
-    return folder.empty() ? Split(usual, ':')[0] : folder;
-}
-
-// The IMSI (3GPP TS 23.003: up to 15 digits) that the phone told; empty when it told none.
-std::string Imsi(const std::vector<Exchange>& dialogue) {
-    for (const Exchange& exchange : dialogue) {
-        const std::size_t start = exchange.answer.find_first_of("0123456789");
-        const std::size_t end = exchange.answer.find_first_not_of("0123456789", start);
-        if (BeginsWith(exchange.command, "AT+CIMI") && start != std::string::npos &&
-            end != std::string::npos && end - start >= 14) {
-            return exchange.answer.substr(start, end - start);
-        }
-    }
-    return "";
-}
-
-std::string NameOf(const Detection& found) {
-    const std::string phone = found.phone.empty() ? "unknown phone" : found.phone;
-    return found.manufacturer.empty() ? phone : found.manufacturer + " " + phone;
-}
-
 // All that belongs to the phone, over several links.
 class Connection {
   public:
@@ -258,7 +234,7 @@ void Connection::Run() {
         PutRememberedFirst(candidates_, *last, options_.own.given);
     }
     report_.Tell(
-        "phone", Concat(NameOf(found), " at ", device_),
+        "phone", Concat(found.PhoneName(), " at ", device_),
         {{"manufacturer", found.manufacturer}, {"phone", found.phone}, {"device", device_}});
     if (candidates_.empty()) {
         throw NoLink(kExitNoSetting, "the catalogue does not say how this phone dials", false);
@@ -354,7 +330,7 @@ void Connection::TellOnline(const Candidate& candidate, const Detection& found,
     const Identification& said = found.identification;
     const std::string network =
         said.operatorName.empty() ? said.digits : said.operatorName + " (" + said.digits + ")";
-    report_.TellOnline({{"Phone", NameOf(found)},
+    report_.TellOnline({{"Phone", found.PhoneName()},
                         {"Network", network},
                         {"Access point", apn.empty() ? "(empty)" : apn},
                         {"Interface", link.interface},

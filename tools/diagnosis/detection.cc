@@ -96,6 +96,11 @@ long FallbackPhone(const DetectionPlan& plan) {
     return plan.fallbackId == 0 ? plan.catalogue.Number(kUnknownPhone) : plan.fallbackId;
 }
 
+std::string Detection::PhoneName() const {
+    const std::string name = phone.empty() ? "unknown phone" : phone;
+    return manufacturer.empty() ? name : manufacturer + " " + name;
+}
+
 bool Detection::IsComplete() const {
     return (phoneId >= 0 || fallbackId >= 0) &&
            std::any_of(settings.begin(), settings.end(),

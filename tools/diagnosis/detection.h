@@ -40,6 +40,8 @@ struct Detection {
     std::vector<AdvisedLine> advice;
     std::vector<Exchange> dialogue;
 
+    // Maker and name, for people.
+    std::string PhoneName() const;
     // Whether a setting is ready to dial, for the phone or for the fallback phone.
     bool IsComplete() const;
     // Keeps only the settings that are wanted. Throws a ToolError when none of them is.

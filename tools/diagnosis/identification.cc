@@ -131,4 +131,16 @@ Identification Identify(const std::vector<Exchange>& dialogue) {
     return found;
 }
 
+std::string Imsi(const std::vector<Exchange>& dialogue) {
+    for (const Exchange& exchange : dialogue) {
+        const std::size_t start = exchange.answer.find_first_of("0123456789");
+        const std::size_t end = exchange.answer.find_first_not_of("0123456789", start);
+        if (BeginsWith(exchange.command, "AT+CIMI") && start != std::string::npos &&
+            end != std::string::npos && end - start >= 14) {
+            return exchange.answer.substr(start, end - start);
+        }
+    }
+    return "";
+}
+
 }  // namespace tool

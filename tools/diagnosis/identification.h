@@ -33,4 +33,7 @@ struct Identification {
 // Reads the dialogue of a detection as the library did, with the catalogue of its session.
 Identification Identify(const std::vector<Exchange>& dialogue);
 
+// The IMSI (3GPP TS 23.003: up to 15 digits) that the phone told; empty when it told none.
+std::string Imsi(const std::vector<Exchange>& dialogue);
+
 }  // namespace tool

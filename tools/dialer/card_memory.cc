@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 
@@ -28,6 +29,12 @@ std::string Hash(const std::string& number, const std::string& setting) {
 }
 
 }  // namespace
+
+std::string StateFolder(const std::string& folder) {
+    const char* const service = std::getenv("STATE_DIRECTORY");
+    const std::string usual = service == nullptr ? "/var/lib/velmor" : service;
+    return folder.empty() ? Split(usual, ':')[0] : folder;
+}
 
 CardMemory::CardMemory(const std::string& folder) : path_(folder + "/cards.json") {
     std::error_code error;

@@ -14,6 +14,9 @@ struct Remembered {
     std::string dialled;  // the dial command that was answered with CONNECT
 };
 
+// The folder, or the usual one when it is empty: that of a service, else /var/lib/velmor.
+std::string StateFolder(const std::string& folder);
+
 // A file that remembers how cards went online. It holds no password, and no number of a card: the
 // number is stored as a salted hash (crypt(3)), slow to try out, because an IMSI has few digits.
 class CardMemory {
