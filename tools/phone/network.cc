@@ -150,7 +150,7 @@ std::string SimulatedNetwork::Registration(const std::string& command, double no
 std::string SimulatedNetwork::Contexts() const {
     std::string lines;
     for (const auto& [number, rest] : contexts_) {
-        lines += (lines.empty() ? "+CGDCONT: " : "\n+CGDCONT: ") + number + rest;
+        lines += Concat(lines.empty() ? "" : "\n", "+CGDCONT: ", number, rest);
     }
     return lines.empty() ? "OK" : lines;
 }

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -50,11 +51,9 @@ NetworkProgram::NetworkProgram(const std::string& command, const SimulatedNetwor
     for (std::string& option : Options(network)) {
         words.push_back(std::move(option));
     }
-    std::vector<char*> arguments;
-    for (std::string& word : words) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
+    std::vector<char*> arguments(words.size() + 1);  // the last is null
+    std::transform(words.begin(), words.end(), arguments.begin(),
+                   [](std::string& word) { return word.data(); });
     process_ = fork();
     if (process_ < 0) {
         throw ToolError(command, ": cannot be started: ", std::strerror(errno));
