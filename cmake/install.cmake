@@ -27,6 +27,37 @@ if(TARGET velmor_command)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME velmor COMPONENT tool)
   install(FILES data/phones.source DESTINATION ${CMAKE_INSTALL_DATADIR}/velmor COMPONENT tool)
   install(DIRECTORY data/profiles DESTINATION ${CMAKE_INSTALL_DATADIR}/velmor COMPONENT tool)
+  install(FILES system/velmor@.service DESTINATION lib/systemd/system COMPONENT tool)
+  # pppd reads only /etc. A copy that is installed elsewhere leaves this machine's /etc alone.
+  install(CODE "
+    set(etc \"\${CMAKE_INSTALL_PREFIX}/etc\")
+    if(CMAKE_INSTALL_PREFIX MATCHES \"^/usr(/local)?/*$\")
+      set(etc /etc)
+    endif()
+    file(INSTALL \"${PROJECT_SOURCE_DIR}/system/000velmor\" DESTINATION \"\${etc}/ppp/ip-up.d\"
+      USE_SOURCE_PERMISSIONS)"
+    COMPONENT tool)
+
+  # The catalogue that the command reads when none is named. The command makes it.
+  find_file(VELMOR_OPERATORS serviceproviders.xml PATHS /usr/share/mobile-broadband-provider-info
+    NO_DEFAULT_PATH DOC "Operators of the catalogue that is installed")
+  find_file(VELMOR_COUNTRIES iso_3166-1.json PATHS /usr/share/iso-codes/json
+    NO_DEFAULT_PATH DOC "Names of their countries")
+  if(CMAKE_CROSSCOMPILING OR NOT VELMOR_OPERATORS OR NOT VELMOR_COUNTRIES)
+    message(STATUS "Not built for this machine, no mobile-broadband-provider-info or iso-codes:"
+      " no catalogue of operators is installed")
+  else()
+    set(catalogue ${PROJECT_BINARY_DIR}/data/operators)
+    set(phones ${PROJECT_SOURCE_DIR}/data/phones.source)
+    add_custom_command(OUTPUT ${catalogue}.catalogue
+      COMMAND velmor_command import ${VELMOR_OPERATORS} --iso ${VELMOR_COUNTRIES} --phones ${phones}
+        -o ${catalogue}.source --force >${catalogue}.report
+      COMMAND velmor_command encode ${catalogue}.source -o ${catalogue}.catalogue --force
+      DEPENDS velmor_command ${VELMOR_OPERATORS} ${VELMOR_COUNTRIES} ${phones}
+      COMMENT "Making the catalogue of operators")
+    add_custom_target(operators ALL DEPENDS ${catalogue}.catalogue)
+    install(FILES ${catalogue}.catalogue DESTINATION ${CMAKE_INSTALL_DATADIR}/velmor COMPONENT tool)
+  endif()
 endif()
 
 # The components, each with the folder of its documents.
