@@ -25,6 +25,7 @@ first_process() {
         mkdir -p /tmp/etc/ppp/$hook.d
         printf '#!/bin/sh\necho %s >/run/events\n' "${hook#*-}" >/tmp/etc/ppp/$hook.d/zz-event
     done
+    cp "${0%/tests/*}/system/000velmor" /tmp/etc/ppp/ip-up.d
     chmod +x /tmp/etc/ppp/*/zz-event
     # Two, so that one works while the other one waits. With more, a case may lack the time to answer.
     printf '%s\n' "$work"/*/profile |

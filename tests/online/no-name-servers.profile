@@ -1,5 +1,4 @@
 # The network names no name servers. The setting does: 213.87.0.1.
-# open: the servers of the setting reach no resolver
 # resolver: 213.87.0.1
 authentication = pap mts mts
 

@@ -75,9 +75,9 @@ std::string PppdOptions(const Velmor_DUNSetting& setting, const DialerLink& link
     text += gateway.empty() ? "" : "ipcp-accept-remote\n";
     // A link that is dead without a word is noticed within 40 seconds.
     text += "lcp-echo-interval 10\nlcp-echo-failure 4\n";
-    // For the script in /etc/ppp/ip-up.d: the servers, when the network names none.
+    // For the script in /etc/ppp/ip-up.d, when the network names no servers.
     const std::string servers = NameServers(setting);
-    text += "ipparam " + PppdWord("velmor" + (servers.empty() ? "" : " " + servers)) + "\n";
+    text += "ipparam " + PppdWord(servers.empty() ? "velmor" : "velmor " + servers) + "\n";
     const std::string user = OneLine("user", HostText(setting.DefaultUser));
     const std::string password = OneLine("password", HostText(setting.DefaultPassword));
     // Many phones ask for credentials that no network looks at: pppd needs a word for each then.
