@@ -117,6 +117,7 @@ TEST(Candidates, ComeInOrder) {
     EXPECT_EQ(Tried({}, Remembered{"gone", "", ""}), northtel + "/:" + dials);
 }
 
+#ifdef VELMOR_CRYPT
 // It holds neither numbers nor passwords, and a damaged file is ignored with a word.
 TEST(CardMemory, FindsACardByItsNumber) {
     const std::string number = "999021234567890";
@@ -139,5 +140,7 @@ TEST(CardMemory, FindsACardByItsNumber) {
         EXPECT_FALSE(CardMemory("state").Find(number));
     }
 }
+
+#endif
 
 }  // namespace

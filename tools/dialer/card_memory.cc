@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "dialer/card_memory.h"
 
+#ifdef VELMOR_CRYPT
 #include <crypt.h>
+#endif
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
@@ -17,16 +19,30 @@
 namespace tool {
 namespace {
 
-// A hash of SHA-256, as Debian's crypt(3) knows it everywhere.
-constexpr char kMethod[] = "$5$";
 // The device of somebody who tries many cards must not slow down: each card is one hash.
 constexpr std::size_t kMostCards = 16;
 
+#ifdef VELMOR_CRYPT
+// Salted SHA-256, as Debian's crypt(3) knows it everywhere. `setting` has method and salt, or is a
+// hash.
 std::string Hash(const std::string& number, const std::string& setting) {
     struct crypt_data data = {};
     const char* const hash = crypt_r(number.c_str(), setting.c_str(), &data);
     return hash == nullptr ? "" : hash;
 }
+std::string NewHash(const std::string& number) {
+    char setting[CRYPT_GENSALT_OUTPUT_SIZE];
+    const char* const made = crypt_gensalt_rn("$5$", 0, nullptr, 0, setting, sizeof setting);
+    return made == nullptr ? "" : Hash(number, setting);
+}
+#else  // no card is remembered
+std::string Hash(const std::string&, const std::string&) {
+    return "";
+}
+std::string NewHash(const std::string&) {
+    return "";
+}
+#endif
 
 }  // namespace
 
@@ -60,15 +76,15 @@ std::optional<Remembered> CardMemory::Find(const std::string& number) const {
 }
 
 void CardMemory::Remember(const std::string& number, const Remembered& way) {
-    char salt[CRYPT_GENSALT_OUTPUT_SIZE];
-    if (number.empty() || crypt_gensalt_rn(kMethod, 0, nullptr, 0, salt, sizeof salt) == nullptr) {
+    const std::string hash = number.empty() ? "" : NewHash(number);
+    if (hash.empty()) {
         return;
     }
     cards_.erase(
         std::remove_if(cards_.begin(), cards_.end(),
                        [&](const Card& card) { return Hash(number, card.hash) == card.hash; }),
         cards_.end());
-    cards_.insert(cards_.begin(), {Hash(number, salt), way});
+    cards_.insert(cards_.begin(), {hash, way});
     cards_.resize(std::min(cards_.size(), kMostCards));
     Json list = Json::array();
     for (const Card& card : cards_) {
