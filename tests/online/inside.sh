@@ -29,7 +29,7 @@ first_process() {
     chmod +x /tmp/etc/ppp/*/zz-event
     # Two, so that one works while the other one waits. With more, a case may lack the time to answer.
     printf '%s\n' "$work"/*/profile |
-        xargs -P 2 -I '{}' timeout 180 unshare --mount --net "$0" '{}' >"$work/cases.log" 2>&1 || true
+        xargs -P 2 -I '{}' timeout $((180 + ${kills:-0} * 20)) unshare --mount --net "$0" '{}' >"$work/cases.log" 2>&1 || true
 }
 
 # The command that brings the device online, from the phone to the ping, until it is told to end.
@@ -67,6 +67,36 @@ ends() {
     expect "$expected"
 }
 
+# survives: connect is killed at random moments. Each time no process and no lock are left, the phone's
+# context is as it was, and the state folder has no other file than its own.
+survives() {
+    echo 'AT+CGDCONT?' >ask
+    kill=0
+    while [ $kill -lt "$kills" ]; do
+        kill=$((kill + 1))
+        case $((kill % 3)) in 0) signal=INT ;; 1) signal=KILL ;; *) signal=TERM ;; esac
+        moment=$(od -An -N1 -tu1 /dev/urandom)
+        moment=$((moment / 25)).$(printf %03d $((moment % 25 * 40)))
+        echo "kill $kill: $signal after $moment s"
+        "$velmor" connect "$catalogue" --device "$device" --state /run/state --once >>command.log 2>&1 &
+        sleep "$moment"
+        kill -$signal $! || true
+        wait $! || true
+        tries=0
+        while pgrep --ns $$ --nslist net -f 'pppd|velmor dial'; do
+            tries=$((tries + 1))
+            [ $tries -lt 60 ] || return
+            sleep 0.5
+        done
+        for lock in /run/lock/LCK..*; do
+            if [ -e "$lock" ] && read -r holder <"$lock" && kill -0 "$holder"; then return 1; fi
+        done
+        "$velmor" dial ask <>"$device"
+        [ "$(grep -o '< +CGDCONT.*' phone.log | tail -n 1)" = '< +CGDCONT: 1,"IP","before.example"' ] || return
+        case $(ls -A /run/state 2>/dev/null) in '' | cards.json) ;; *) return 1 ;; esac
+    done
+}
+
 # The case in the current folder. In its own name spaces and with its own copy of /etc it sees no other.
 one_case() {
     mount -t tmpfs run /run
@@ -82,6 +112,7 @@ one_case() {
             "# pin: "*) echo "${line#*: }" >pin ;;
             "# resolver: "*) resolver=${line#*: } ;;
             "# exit: "*) expected="status ${line#*: }" ;;
+            "# kills: "*) expected="as it was" kills=${kills:-${line#*: }} ;;
             "drops = "*) drops=1 options=${options#--once} ;;
             "authentication = "*)
                 # shellcheck disable=SC2086 # words
@@ -97,13 +128,21 @@ one_case() {
     phone=$!
     read -r device </run/device
     read -r began _ </proc/uptime
-    watch go_online &
-    watcher=$!
-    if [ "$expected" = online ]; then stays_online; else ends; fi && echo "$expected" >result
+    watcher=
+    case $expected in
+        "as it was") survives ;;
+        *)
+            watch go_online &
+            watcher=$!
+            if [ "$expected" = online ]; then stays_online; else ends; fi
+            ;;
+    esac && echo "$expected" >result
     read -r now _ </proc/uptime
     echo $((${now%.*} - ${began%.*})) >seconds
+    # shellcheck disable=SC2086 # perhaps no word
     kill $watcher 2>/dev/null || true
-    wait $watcher || true
+    # shellcheck disable=SC2086
+    [ -z "$watcher" ] || wait $watcher || true
     kill $phone
     wait $phone || true
 }

@@ -65,7 +65,7 @@ void AddDial(CommandLine& line) {
         "The line is standard input and output. SCRIPT holds AT commands, a line each; a command\n"
         "that dials ends an attempt, and what follows is the next one. Exit statuses are those of\n"
         "velmor connect.\n"
-        "Example: pppd /dev/ttyACM0 connect 'velmor dial /etc/ppp/peers/velmor.dial'\n");
+        "Example: pppd /dev/ttyACM0 connect 'exec velmor dial /etc/ppp/peers/velmor.dial'\n");
     AddFile(app, "SCRIPT", options->script, "AT commands")->required();
     Add(app, "--undo", options->undo, "SCRIPT", "commands that follow a failure");
     Add(app, "--registration", options->registration, "SECONDS",

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -56,6 +57,12 @@ SerialLine::SerialLine(const std::string& path, unsigned baud) : SerialLine() {
     // emulator, the device counts as free.
     int exclusive = 0;
     if (ioctl(descriptor_, TIOCGEXCL, &exclusive) != 0) {
+        exclusive = 0;
+    }
+    // The other end keeps a pseudo-terminal open, and with it what a killed program left.
+    struct stat state = {};
+    if (exclusive != 0 && geteuid() == 0 && fstat(descriptor_, &state) == 0 &&
+        PseudoTerminal(state.st_rdev) >= 0 && FindDeviceUser(device.get()) == 0) {
         exclusive = 0;
     }
     if (exclusive != 0 || flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {

@@ -53,7 +53,8 @@ std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
     const bool lacksUser =
         HostText(setting.RequiresUser) == "Y" && HostText(setting.DefaultUser).empty();
     return Title(setting) +
-           PppdOptions(setting, link, OneLine("path", "velmor dial " + pin + ShellWord(script))) +
+           PppdOptions(setting, link,
+                       OneLine("path", "exec velmor dial " + pin + ShellWord(script))) +
            "persist\nmaxfail 0\nholdoff 10\n" +
            (pin.empty() ? "# A SIM card with a PIN: add --pin-file FILE behind velmor dial.\n"
                         : "") +

@@ -49,10 +49,11 @@ std::string PathOf(Descriptor descriptor) {
     return "/proc/self/fd/" + std::to_string(descriptor);
 }
 
-// The path at the first call: an upgrade can replace the file while a link is up.
+// With exec, because pppd signals its child alone, which would be the shell. The path at the first
+// call, because an upgrade can replace the file while a link is up.
 std::string Dial() {
     static const std::string program = std::filesystem::read_symlink("/proc/self/exe");
-    return ShellWord(program) + " dial ";
+    return "exec " + ShellWord(program) + " dial ";
 }
 
 // A file without a name.
@@ -104,6 +105,8 @@ Pppd::Pppd(const std::string& options, const DialScript& script, const DialScrip
         for (std::size_t i = 0; i < std::size(files); ++i) {
             above[i] = fcntl(files[i], F_DUPFD_CLOEXEC, kEndOfDescriptors);
         }
+        // A reader that stays: when this process is killed, pppd's next word must not end pppd.
+        fcntl(pipe[0], F_DUPFD, kEndOfDescriptors);
         dup2(pipe[1], STDOUT_FILENO);
         dup2(pipe[1], STDERR_FILENO);
         dup2(input, STDIN_FILENO);
