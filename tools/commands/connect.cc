@@ -181,6 +181,7 @@ Detection Connection::AskPhone() {
         throw NoLink(kExitNoPhone, device_ + ": the phone does not answer", true);
     }
     const Commands undo = PreparePhone(dialogue);
+    undo_ = undo_.empty() ? undo : undo_;  // a later try finds what this one changed
     AwaitSimCard(dialogue);
     const DetectionPlan plan = {catalogue_, options_.like, pin_ ? &*pin_ : nullptr};
     Detection found;
@@ -205,8 +206,8 @@ Detection Connection::AskPhone() {
     imsi_ = Imsi(found.dialogue);
     const std::string phone = device_ + " " + imsi_;
     if (phone_ != phone) {
+        undo_ = phone_.empty() ? undo_ : undo;  // another phone
         phone_ = phone;
-        undo_ = undo;
         contexts_ = ReadContexts(dialogue, defined);
         leftContexts_ = false;
     }
