@@ -6,7 +6,6 @@
 // early where another try makes things worse: a PIN is never guessed, and credentials are refused
 // only twice.
 #include <unistd.h>
-#include <nlohmann/json.hpp>
 
 #include <chrono>
 #include <csignal>
@@ -31,9 +30,6 @@
 namespace tool {
 namespace {
 
-// The limits for AT and its answer, in seconds: first, and when a call may have to be ended.
-constexpr double kProbe = 4.5;
-constexpr double kProbeAgain = 1.5;
 // How often credentials may be refused: some networks lock a card that guesses.
 constexpr int kMostCredentials = 2;
 // The seconds before another try, doubled with each.
@@ -177,7 +173,7 @@ Detection Connection::AskPhone() {
     }
     Dialogue dialogue(*line, LibraryPatience(catalogue_), options_.timeout,
                       !options_.verbose && isatty(STDERR_FILENO) == 0);
-    if (dialogue.Probe(kProbe) != Dialogue::Reply::kResult && !dialogue.LeaveCall(kProbeAgain)) {
+    if (!dialogue.Reach()) {
         throw NoLink(kExitNoPhone, device_ + ": the phone does not answer", true);
     }
     const Commands undo = PreparePhone(dialogue);
@@ -357,7 +353,7 @@ void Connection::Restore() {
     try {
         SerialLine line(device_, options_.link.baud);
         Dialogue dialogue(line, 0, options_.timeout, !options_.verbose);
-        if (dialogue.Probe(kProbe) == Dialogue::Reply::kResult || dialogue.LeaveCall(kProbe)) {
+        if (dialogue.Reach()) {
             RunDialScript(dialogue, undo_);
         }
     } catch (const ToolError& error) {

@@ -20,9 +20,6 @@
 namespace tool {
 namespace {
 
-// The limits for AT and its answer, in seconds: first, and when a call may have to be ended.
-constexpr double kProbe = 4.5;
-constexpr double kProbeAgain = 1.5;
 // The limit of a command, in seconds, for writing it.
 constexpr double kWriting = 10;
 
@@ -32,14 +29,9 @@ int Fail(int status, const std::string& words) {
     return status;
 }
 
-// Whether the phone answers; a call that nobody ended is ended first.
-bool Answers(Dialogue& dialogue) {
-    return dialogue.Probe(kProbe) == Dialogue::Reply::kResult || dialogue.LeaveCall(kProbeAgain);
-}
-
 int Dial(Dialogue& dialogue, const DialScript& script, const DialOptions& options,
          const PinFile* pin) {
-    if (!Answers(dialogue)) {
+    if (!dialogue.Reach()) {
         return Fail(kExitNoPhone, "the phone does not answer");
     }
     if (Dials(script)) {
@@ -89,7 +81,7 @@ int RunDial(const DialOptions& options) {
     const int status = Dial(dialogue, script, options, pin ? &*pin : nullptr);
     if (status != kExitOk && status != kExitNoPhone && !undo.empty()) {
         Interruption::Ignore();
-        if (Answers(dialogue)) {
+        if (dialogue.Reach()) {
             RunDialScript(dialogue, undo);
         }
     }

@@ -31,6 +31,10 @@ constexpr char kFrameHeader[] = "~\xFF}#\xC0!";
 // The silence before and behind the escape sequence is one second (ITU-T V.250, S12).
 constexpr double kGuard = 1.1;
 
+// How long Reach waits for answers to AT, in seconds: first, and after a call was ended.
+constexpr double kReach = 4.5;
+constexpr double kReachAgain = 1.5;
+
 // A wait is shown after each second.
 constexpr double kStep = 1;
 
@@ -221,6 +225,10 @@ bool Dialogue::LeaveCall(double seconds) {
         }
     }
     return false;
+}
+
+bool Dialogue::Reach() {
+    return Probe(kReach) == Reply::kResult || LeaveCall(kReachAgain);
 }
 
 // The library reads byte by byte.

@@ -51,6 +51,9 @@ class Dialogue {
     // phone answers to AT within `seconds` after one of them. Adds no exchange.
     bool LeaveCall(double seconds);
 
+    // Probes, and leaves a call when there is no answer. Returns whether the phone answers.
+    bool Reach();
+
     // Sends a command of the host, given without its carriage return. Returns all that the phone
     // sends up to a final result code, or until the seconds are over and the phone is silent. The
     // log shows `shown` in place of a command with a secret, and no answer. Adds no exchange.

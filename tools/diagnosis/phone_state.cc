@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "diagnosis/sim_card.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -17,8 +16,6 @@ constexpr double kRadio = 30;
 // that looks for a network can be denied by the first ones.
 constexpr double kEach = 1;
 constexpr double kDenial = 5;
-
-const char kRadioOn[] = "AT+CFUN=1";
 
 // A number that a phone tells when it is asked with "?", and sets with "=". `changed`: its values
 // that prevent a connection, separated by blanks; `wanted`: the value that does not.
@@ -74,12 +71,8 @@ Commands PreparePhone(Dialogue& dialogue) {
         const std::string command = std::string("AT") + preparation.command;
         const Commands values = ValuesOf(dialogue.Ask(command + "?", kAnswer), preparation.command);
         if (!values.empty() && IsAmong(preparation.changed, values[0])) {
-            const std::string change = command + "=" + preparation.wanted;
-            dialogue.Ask(change, kRadio);
+            dialogue.Ask(command + "=" + preparation.wanted, kRadio);
             undo.insert(undo.begin(), command + "=" + values[0]);
-            if (change == kRadioOn) {
-                AwaitSimCard(dialogue);
-            }
         }
     }
     return undo;

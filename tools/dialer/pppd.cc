@@ -93,7 +93,7 @@ Pppd::Pppd(const std::string& options, const DialScript& script, const DialScrip
     const pid_t parent = getpid();
     process_ = fork();
     if (process_ == 0) {
-        // A group of its own: pppd signals its group.
+        // A group of its own: Control-C in a terminal is for this command alone.
         setpgid(0, 0);
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (getppid() != parent) {
