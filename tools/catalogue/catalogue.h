@@ -17,6 +17,17 @@ constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
 // It is for hosts: the library does not read it.
 constexpr char kNumbers[] = "Numbers";
 
+// The column of BasicDUNSettings with the SIM cards that a setting is for, where a network serves
+// cards of several brands: alternatives with "|" between them, empty for a card of the operator
+// itself. "spn=NAME": the service provider's name, without regard to case; "gid=DIGITS": group
+// identifier 1 (GID1) begins with these hexadecimal digits; "imsi=PATTERN": the IMSI begins so, "x"
+// for any digit; "iccid=DIGITS": the ICCID begins so. It is for hosts: the library does not read it.
+constexpr char kCards[] = "Cards";
+
+// The column of BasicDUNSettings with the authentication that the network wants from PPP: "pap",
+// "chap", "either" or "none", empty when not known. It is for hosts: the library does not read it.
+constexpr char kAuthentication[] = "Authentication";
+
 // The table of further rows with which phones dial; its columns are those of BasicDUNForPhone,
 // where the library takes only one row for a phone and a type of network. It is for hosts: the
 // library does not read it.
