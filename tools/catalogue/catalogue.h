@@ -21,7 +21,8 @@ constexpr char kNumbers[] = "Numbers";
 // cards of several brands: alternatives with "|" between them, empty for a card of the operator
 // itself. "spn=NAME": the service provider's name, without regard to case; "gid=DIGITS": group
 // identifier 1 (GID1) begins with these hexadecimal digits; "imsi=PATTERN": the IMSI begins so, "x"
-// for any digit; "iccid=DIGITS": the ICCID begins so. It is for hosts: the library does not read it.
+// for any digit; "iccid=DIGITS": the ICCID begins so. It is for hosts: the library does not read
+// it.
 constexpr char kCards[] = "Cards";
 
 // The column of BasicDUNSettings with the authentication that the network wants from PPP: "pap",
