@@ -78,7 +78,9 @@ survives() {
         moment=$(od -An -N1 -tu1 /dev/urandom)
         moment=$((moment / 25)).$(printf %03d $((moment % 25 * 40)))
         echo "kill $kill: $signal after $moment s"
-        "$velmor" connect "$catalogue" --device "$device" --state /run/state --once >>command.log 2>&1 &
+        # A shell starts its jobs with SIGINT ignored: before connect has its handler it would be lost.
+        env --default-signal=INT "$velmor" connect "$catalogue" --device "$device" --state /run/state --once \
+            >>command.log 2>&1 &
         sleep "$moment"
         kill -$signal $! || true
         wait $! || true
