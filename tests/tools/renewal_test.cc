@@ -242,7 +242,7 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         ExpectIdentifiersToStay(old, fresh);
         WriteFile("old.source", ReadFile("new.source"));
         // The same operators under other identifiers.
-        ImportOperators(world.operators, "new.source");
+        ImportOperators(world.operators, "new.source --version " + fresh.catalogue.version);
         EXPECT_TRUE(Compare(content, Content(Reading("new.source").catalogue)).changes.empty());
     }
     EXPECT_GT(ever.size(), 300U);
@@ -272,6 +272,22 @@ TEST(Renewal, KnowsWhatIsTheSame) {
     // The highest identifiers last longer than their rows.
     ImportOperators({owner}, "new.source --previous old.source");
     EXPECT_NE(ReadFile("new.source").find("#LAST-NETWORK#2#\nE#LAST-PHONE#11#"), std::string::npos);
+}
+
+TEST(Renewal, RaisesTheVersion) {
+    const std::tuple<const char*, const char*, std::string> cases[] = {
+        {"12", "", "13"},           {"7-beta", "", "8"}, {"", "", "1"},
+        {"x", " --version 3", "3"}, {"-5", "", "1"},     {"9", " --version 8", ""},
+        {"2147483647", "", ""}};
+    ImportOperators({{"A", {"01"}, {{"a", "Net"}}}}, "old.source");
+    for (const auto& [before, words, after] : cases) {
+        WriteFile("before", Replaced(ReadFile("old.source"), "#12#\n", Concat("#", before, "#\n")));
+        const std::string line = Concat("operators.xml -o new.source --previous before", words);
+        EXPECT_EQ(Fault(line) == "no fault", !after.empty()) << before;
+        if (!after.empty()) {
+            EXPECT_EQ(Reading("new.source").catalogue.version, after) << before;
+        }
+    }
 }
 
 TEST(Renewal, RefusesAnIdentifierOfAnotherPhone) {

@@ -148,6 +148,9 @@ void AddImport(CommandLine& line) {
         ->required();
     Add(app, "--previous", options->previous, "CATALOGUE",
         "the catalogue to renew: what is still there keeps its identifiers");
+    Add(app, "--version", options->version, "N",
+        "version of the catalogue; default: one more than that of --previous")
+        ->check(CLI::Range(1L, kHighestId));
     Add(app, "-o,--output", options->output, "SOURCE", "file to write")->required();
     Add(app, "--iso", options->iso, "JSON", "English names of countries, from iso-codes")
         ->capture_default_str();

@@ -70,7 +70,9 @@ int RunImport(const ImportOptions& options) {
         previous.emplace(options.previous);
         report.parts.insert(ReportPart::kPrevious);
     }
-    GiveIdentifiers(previous ? &*previous : nullptr, options.phones, catalogue, report);
+    const InputCatalogue* const before = previous ? &*previous : nullptr;
+    catalogue.version = NextVersion(before, options.version, catalogue.version);
+    GiveIdentifiers(before, options.phones, catalogue, report);
     output.Write(WriteSource(options.output, catalogue));
     PrintReport(report);
     return kExitOk;

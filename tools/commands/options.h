@@ -78,6 +78,7 @@ struct ImportOptions {
     std::string android;
     std::string phones;
     std::string previous;
+    long version = 0;  // 0: none is given
     std::string output;
     std::string iso = "/usr/share/iso-codes/json/iso_3166-1.json";
     bool force = false;

@@ -8,6 +8,7 @@
 #include "catalogue/identifiers.h"
 #include "catalogue/identity/same.h"
 #include "catalogue/source_writer.h"
+#include "foundation/number.h"
 #include "support/error.h"
 
 namespace tool {
@@ -178,6 +179,18 @@ void GiveIdentifiers(const InputCatalogue* previous, const std::string& phones, 
     }
     Raise(highest, phones, fresh);
     Remember(highest, fresh);
+}
+
+std::string NextVersion(const InputCatalogue* previous, long version, const std::string& usual) {
+    if (previous != nullptr) {
+        const long last = std::max(0, vel::ReadNumber(previous->Tables().version.c_str(), 0));
+        if (version == 0 ? last >= kHighestIdentifier : version <= last) {
+            throw ToolError(previous->Path(), ": has the version ", last,
+                            "; give the new catalogue a higher one with --version");
+        }
+        version = version == 0 ? last + 1 : version;
+    }
+    return version == 0 ? usual : std::to_string(version);
 }
 
 }  // namespace tool

@@ -16,4 +16,9 @@ namespace tool {
 void GiveIdentifiers(const InputCatalogue* previous, const std::string& phones, Catalogue& fresh,
                      ImportReport& report);
 
+// The version of a catalogue that renews another, with this version or, when it is 0, one more than
+// the previous. Hosts compare versions as numbers. `previous` can be null; without both numbers the
+// version is `usual`. Throws a ToolError when the version would not be higher than the previous.
+std::string NextVersion(const InputCatalogue* previous, long version, const std::string& usual);
+
 }  // namespace tool
