@@ -45,6 +45,31 @@ std::string ImportOperators(const Operators& operators, const std::string& words
     return Import("operators.xml --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " + words);
 }
 
+// Writes own networks into two sources. Returns the words that add them.
+std::string WriteOwn(const Operators& own) {
+    const std::string end = "E#$_TABLE_END_$#\nE#$_TABLE_BEGIN_$#";
+    for (std::size_t file = 0; file < 2; ++file) {
+        std::string networks, keys, settings;
+        Set known;
+        for (std::size_t i = file; i < own.size(); i += 2) {
+            const auto& [name, codes, points] = own[i];
+            networks += Concat("E#", i, "#", name, "##\n");
+            for (const std::string& code : codes) {
+                keys += known.insert(code).second ? Concat("E#202", code, "#", i, "#\n") : "";
+            }
+            for (const auto& [apn, point] : points) {
+                settings += Concat("E#", i, "#", apn, "#", point, "#gr#\n");
+            }
+        }
+        WriteFile(Concat("own", file),
+                  Concat("E#$_TABLE_BEGIN_$#Networks#ID#Name#NetworkType#\n", networks, end,
+                         "NetworkIdentification#Response(AT+COPS)#NetworkID#\n", keys, end,
+                         "BasicDUNSettings#NetworkID#APN#Name#CountryID#\n", settings,
+                         "E#$_TABLE_END_$#\n"));
+    }
+    return " --add own1 --add own0";
+}
+
 // What the file of a catalogue says about its networks, read without the identity of the command.
 struct Reading {
     explicit Reading(const std::string& path) {
@@ -152,7 +177,7 @@ struct World {
         TestOperator& one = Any();
         TestOperator part{random() % 2 == 0 ? Next("Operator ") : one.name, {}, one.points};
         auto& point = one.points[random() % one.points.size()];
-        switch (random() % 5) {
+        switch (random() % 7) {
             case 0:  // a name of two operators is no key
                 one.name = random() % 2 == 0 ? part.name : Any().name;
                 break;
@@ -167,6 +192,13 @@ struct World {
                 (random() % 2 == 0 ? point.first : point.second) = Next("new");
                 std::reverse(one.points.begin(), one.points.end());
                 break;
+            case 4:  // own networks come, with a key of the lists, and go
+                own.push_back(New(1 + random() % 3));
+                own.back().codes.push_back(Any().codes.front());
+                break;
+            case 5:
+                own.erase(own.begin(), own.begin() + (own.size() > 5 ? 1 : 0));
+                break;
             default:
                 operators.insert(operators.begin() + random() % 5, New(1));
         }
@@ -175,7 +207,7 @@ struct World {
                         operators.end());
     }
 
-    Operators operators;
+    Operators operators, own;
     std::mt19937 random{1};  // NOLINT(bugprone-random-generator-seed): the same changes every time
     int last = 0;
 };
@@ -218,8 +250,9 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         }
         WriteFile("old.stored", EncodeSource("old.source"));
         const std::string previous = round % 3 == 0 ? "old.source" : "old.stored";
+        const std::string own = WriteOwn(world.own);
         const std::string report =
-            ImportOperators(world.operators, "new.source --previous " + previous);
+            ImportOperators(world.operators, "new.source --previous " + previous + own);
         Reading old("old.source"), fresh("new.source");
         const Content content(fresh.catalogue);
         const Difference difference = Compare(Content(old.catalogue), content);
@@ -242,7 +275,7 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         ExpectIdentifiersToStay(old, fresh);
         WriteFile("old.source", ReadFile("new.source"));
         // The same operators under other identifiers.
-        ImportOperators(world.operators, "new.source --version " + fresh.catalogue.version);
+        ImportOperators(world.operators, "new.source --version " + fresh.catalogue.version + own);
         EXPECT_TRUE(Compare(content, Content(Reading("new.source").catalogue)).changes.empty());
     }
     EXPECT_GT(ever.size(), 300U);

@@ -143,6 +143,9 @@ void AddImport(CommandLine& line) {
             "the operators' data of mobile-broadband-provider-info");
     Add(app, "--android", options->android, "PATH",
         "Android's list of access points, or a folder of lists, for numbers without an operator");
+    Add(app, "--add", options->own, "SOURCE",
+        "own networks and settings, before those of the lists; can be given several times")
+        ->allow_extra_args(false);
     Add(app, "--phones", options->phones, "SOURCE",
         "source with manufacturers, phones, their answers and the recipes")
         ->required();

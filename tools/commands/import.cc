@@ -8,6 +8,7 @@
 #include "import/android.h"
 #include "import/country_names.h"
 #include "import/identifiers.h"
+#include "import/own_rows.h"
 #include "import/report.h"
 #include "import/source.h"
 #include "session/schema.h"
@@ -44,12 +45,13 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
 }  // namespace
 
 int RunImport(const ImportOptions& options) {
-    if (options.providers.empty() && options.android.empty()) {
+    if (options.providers.empty() && options.android.empty() && options.own.empty()) {
         throw ToolError(
             "no operators' data: name a SERVICEPROVIDERS.XML, or a list with --android");
     }
     RequireOther(options.output, {options.providers, options.phones, options.iso, options.android,
                                   options.previous});
+    RequireOther(options.output, options.own);
     OutputFile output(options.output, options.force);  // before the work: it may refuse
     ImportReport report;
     const InputCatalogue phones(options.phones);
@@ -65,6 +67,11 @@ int RunImport(const ImportOptions& options) {
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);
     Catalogue catalogue = MakeCatalogue(phones, providers, networks, report);
+    // The first source wins: it takes keys from the others.
+    for (auto own = options.own.rbegin(); own != options.own.rend(); ++own) {
+        report.parts.insert(ReportPart::kOwn);
+        AddOwnRows(InputCatalogue(*own), recipe, catalogue, report);
+    }
     std::optional<InputCatalogue> previous;
     if (!options.previous.empty()) {
         previous.emplace(options.previous);

@@ -76,6 +76,7 @@ int RunDiff(const DiffOptions& options);
 struct ImportOptions {
     std::string providers;
     std::string android;
+    std::vector<std::string> own;
     std::string phones;
     std::string previous;
     long version = 0;  // 0: none is given

@@ -252,6 +252,12 @@ class Adviser {
 
 }  // namespace
 
+const char* ImportOption(const std::string& table) {
+    const bool isOwn = table == kCountries || table == kNetworks ||
+                       table == kNetworkIdentification || table == kBasicDUNSettings;
+    return isOwn ? "--add" : "--phones";
+}
+
 std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue) {
     return Adviser(found, catalogue).Lines();
 }

@@ -18,6 +18,10 @@ struct AdvisedLine {
 // The access point of an advised setting. The user must replace it, because no phone reports it.
 constexpr char kAdvisedApn[] = "access-point-name";
 
+// The option of velmor import that names the source of a table's lines: an import writes its
+// catalogue anew each time.
+const char* ImportOption(const std::string& table);
+
 // The lines that the catalogue lacks to know the phone and the network, with free identifiers. None
 // for what it knows, and none without a usable response.
 std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue);

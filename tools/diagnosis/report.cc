@@ -44,13 +44,15 @@ void PrintAdvice(const Detection& found) {
         return;
     }
     std::cout
-        << "\nAdd these lines to the source of the catalogue. Correct the names, the country, and "
-           "the\naccess point "
+        << "\nAdd these lines to the source of the catalogue; if velmor import makes it, to the "
+           "source that\nthe option behind the table gives to import. Correct the names, the "
+           "country, and the access\npoint "
         << kAdvisedApn << ". Then run velmor check and velmor encode.\n";
     std::set<std::string> done;
     for (const AdvisedLine& first : found.advice) {
         if (done.insert(first.table).second) {
-            std::cout << "\nTable " << Visible(first.table) << ":\n";
+            std::cout << "\nTable " << Visible(first.table) << " (" << ImportOption(first.table)
+                      << "):\n";
             for (const AdvisedLine& line : found.advice) {
                 if (line.table == first.table) {
                     std::cout << Visible(line.line) << "\n"
@@ -132,7 +134,9 @@ void PrintDetectionJson(const Detection& found) {
         }
     }
     for (const AdvisedLine& line : found.advice) {
-        json["advice"].push_back({{"table", line.table}, {"line", line.line}});
+        json["advice"].push_back({{"table", line.table},
+                                  {"line", line.line},
+                                  {"import-option", ImportOption(line.table)}});
         if (!line.before.empty()) {
             json["advice"].back()["before"] = line.before;
         }

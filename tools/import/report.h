@@ -20,9 +20,9 @@ enum class ReportLine {
     kCount
 };
 
-// The parts of the report. Android's list and a previous catalogue have a part when an import has
-// read them.
-enum class ReportPart { kOperators, kAndroid, kPrevious };
+// The parts of the report. Android's list, own rows and a previous catalogue have a part when an
+// import has read them.
+enum class ReportPart { kOperators, kAndroid, kOwn, kPrevious };
 
 // The counts of an import, and remarks on single values.
 class ImportReport {
