@@ -115,6 +115,7 @@ const struct {
     {"W many-retries GeneralVariables", "RETRY#3#", "RETRY#1001#", "E#AT-RETRY#"},
     {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
+    {"E no-context-type BasicDUNSettings", "#2#IPV4V6#", "#2##", "E#3#101#"},
     {"W wrong-encoding Countries", "Leerland", "L\xE4nd", "E#le#"},
     {"W unused-allowance GeneralVariables", "TRACE#N#", "ALLOWED-WARNINGS#Networks:empty-key#",
      "E#ALLOWED"},

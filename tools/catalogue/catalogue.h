@@ -80,6 +80,12 @@ Catalogue ReadCatalogue(const std::string& bytes, Findings& findings);
 // Reads the recipe in a table of a catalogue as the library does. Without a table it has no steps.
 vel::Recipe ReadRecipe(const CatalogueTable* table);
 
+// Whether a dial or initialisation string takes the type of the PDP context from VAR1. Without one
+// it would have an empty type, which phones refuse; elsewhere VAR1 can be empty.
+inline bool NeedsContextType(const std::string& text) {
+    return text.find("\"%VAR1%\"") != std::string::npos;
+}
+
 // The key that the recipe makes from an answer.
 std::string MakeKey(const vel::Recipe& recipe, const std::string& answer);
 

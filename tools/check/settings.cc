@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "check/check.h"
 #include "dun/dial_texts.h"
@@ -102,7 +103,8 @@ void CheckTemplate(const Place& place, const char* column, const std::string& te
     }
     for (const auto& [placeholder, name, message] : vel::kPlaceholders) {
         const std::vector<int>& lines = type.emptyLines[name];
-        if (text.find(placeholder) != std::string::npos && !lines.empty()) {
+        const bool hasError = name == std::string(kVAR1) && NeedsContextType(text);
+        if (text.find(placeholder) != std::string::npos && !lines.empty() && !hasError) {
             AddWarning(findings, "empty-placeholder", place, placeholder, " in ", column,
                        " has no value in ", lines.size(),
                        " setting(s) of this network type; the library inserts nothing: fill"
@@ -156,11 +158,36 @@ void CheckRetries(const Catalogue& catalogue, Findings& findings) {
     }
 }
 
+// Settings without the type of PDP context that dial rows of their network type need.
+void CheckContextTypes(const Catalogue& catalogue, NetworkTypes& types, Findings& findings) {
+    std::set<std::string> needed;  // network types
+    for (const char* name : {kBasicDUNForPhone, kFurtherDialRows}) {
+        const CatalogueTable& table = catalogue.Table(name);
+        for (const CatalogueRow& row : table.rows) {
+            if (NeedsContextType(table.Cell(row, kInitializationString))) {
+                needed.insert(table.Cell(row, kNetworkType));
+            }
+        }
+    }
+    const CatalogueTable& settings = catalogue.Table(kBasicDUNSettings);
+    for (const std::string& name : needed) {
+        for (const CatalogueRow* row : types[name].settings) {
+            if (settings.Cell(*row, kVAR1).empty()) {
+                AddError(findings, "no-context-type", settings.At(*row),
+                         "VAR1 is empty, but dial rows of the network type ", InQuotes(name),
+                         " define the PDP context with it; phones refuse a context without a type:"
+                         " write IP, IPV4V6 or IPV6 into VAR1");
+            }
+        }
+    }
+}
+
 void CheckPhoneRows(const Catalogue& catalogue, Findings& findings) {
     NetworkTypes types = ReadNetworkTypes(catalogue);
     for (auto& [name, type] : types) {
         CheckExpansion(catalogue.Table(kBasicDUNSettings), type, findings);
     }
+    CheckContextTypes(catalogue, types, findings);
     const CatalogueTable& table = catalogue.Table(kBasicDUNForPhone);
     std::map<std::pair<std::string, std::string>, int> seen;
     for (const CatalogueRow& row : table.rows) {

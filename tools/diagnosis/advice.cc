@@ -69,6 +69,7 @@ class Adviser {
                                     {kNetworkID, networkId},
                                     {kName, name},
                                     {kAPN, kAdvisedApn},
+                                    {kVAR1, NeedsType() ? "IP" : ""},
                                     {kCountryID, Country()}});
         }
         if (!phoneId.empty()) {
@@ -200,6 +201,16 @@ class Adviser {
         return {};
     }
 
+    // Whether a dial row takes the type of the PDP context from the setting, or none is there and
+    // the advised row does.
+    bool NeedsType() const {
+        const CatalogueTable& table = catalogue_.Table(kBasicDUNForPhone);
+        return table.rows.empty() ||
+               std::any_of(table.rows.begin(), table.rows.end(), [&](const CatalogueRow& row) {
+                   return NeedsContextType(table.Cell(row, kInitializationString));
+               });
+    }
+
     // Adds a dial row for each network type that has none, with the texts that most phones have.
     void AddDialStrings(const std::string& phoneId) {
         std::set<std::string> types = Texts(kNetworks, kNetworkType);
@@ -213,7 +224,7 @@ class Adviser {
             }
         }
         // The usual texts, for a catalogue without dial rows.
-        uses.insert({{"ATD*99***1#", "AT+CGDCONT=1,\"IP\",\"%APN%\""}, 0});
+        uses.insert({{"ATD*99***1#", R"(AT+CGDCONT=1,"%VAR1%","%APN%")"}, 0});
         const auto most =
             std::max_element(uses.begin(), uses.end(),
                              [](const auto& a, const auto& b) { return a.second < b.second; });

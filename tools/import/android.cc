@@ -85,7 +85,11 @@ class AndroidPlan {
     void AddOperators() {
         // By their access points: numbers that offer the same share networks.
         std::map<std::vector<AccessPoint>, std::size_t> known;
-        for (auto& [number, points] : PointsOfNumbers()) {
+        for (const auto& [number, list] : PointsOfNumbers()) {
+            const std::vector<AccessPoint>& points = list.List();
+            if (points.empty()) {
+                continue;
+            }
             ++report_[ReportLine::kAndroidNumbers];
             const auto [entry, isNew] = known.emplace(points, providers_.operators.size());
             if (isNew) {
@@ -99,7 +103,11 @@ class AndroidPlan {
                 providers_.operators.push_back(std::move(owner));
                 countries_.insert(points.front().country);
             }
-            providers_.operators[entry->second].numbers.insert(number);
+            Operator& owner = providers_.operators[entry->second];
+            owner.numbers.insert(number);
+            for (std::size_t i = 0; i < points.size(); ++i) {
+                owner.accessPoints[i].Join(points[i]);
+            }
         }
     }
 
@@ -115,27 +123,26 @@ class AndroidPlan {
 
   private:
     // The access points of each number, ascending, so that the order of the files does not count.
-    std::map<std::string, std::vector<AccessPoint>> PointsOfNumbers() {
-        std::map<std::string, std::vector<AccessPoint>> result;
-        std::map<std::string, std::set<AccessPoint>> known;
+    std::map<std::string, AccessPoints> PointsOfNumbers() {
+        std::map<std::string, AccessPoints> result;
         for (const AndroidRow& row : rows_) {
             if (!row.forInternet) {
                 continue;
             }
             const std::string first = FirstDigits(row.number);
-            const bool isNew = known[row.number].insert(row.point).second;
+            AccessPoints& points = result[row.number];
             const ReportLine line =
                 report_.CountFirst({{ReportLine::kAndroidHeld, held_.count(first) > 0},
                                     {ReportLine::kAndroidNoCountry, row.point.country.empty()},
                                     {ReportLine::kAndroidOtherNumber,
                                      first != row.number && numbers_.count(first) > 0},
-                                    {ReportLine::kAndroidRepeated, !isNew},
+                                    {ReportLine::kAndroidRepeated, points.Has(row.point)},
                                     {ReportLine::kAndroidAdded, true}});
             if (line == ReportLine::kAndroidAdded) {
-                report_[ReportLine::kAndroidAuthTypes] += row.authType ? 1 : 0;
-                report_[ReportLine::kAndroidProtocols] += row.protocol ? 1 : 0;
                 report_[ReportLine::kAndroidProxies] += row.proxy ? 1 : 0;
-                result[row.number].push_back(row.point);
+            }
+            if (line == ReportLine::kAndroidAdded || line == ReportLine::kAndroidRepeated) {
+                points.Add(row.point);
             }
         }
         return result;

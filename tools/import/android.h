@@ -14,9 +14,7 @@ struct AndroidRow {
     std::string carrier;
     AccessPoint point;
     bool forInternet = false;  // otherwise only its number and carrier count
-    bool authType = false;     // whether it has these values, for which a catalogue has no column
-    bool protocol = false;
-    bool proxy = false;
+    bool proxy = false;        // whether it has this value, for which a catalogue has no column
 };
 
 // Reads the rows of a list, or of all lists of a folder in the order of their names. Counts

@@ -56,6 +56,20 @@ std::string Clean(const pugi::xml_node& node, const char* name, ImportReport& re
     return CleanValue(node.attribute(name).value(), report);
 }
 
+// The type of a PDP context at home; a phone abroad falls back to what it gets.
+std::string TypeOf(const pugi::xml_node& node) {
+    for (const char* name : {"protocol", "roaming_protocol"}) {
+        const std::string type = InSmallLetters(node.attribute(name).value());
+        if (type == "ipv4v6" || type == "ipv6") {
+            return type == "ipv6" ? "IPV6" : kDualType;
+        }
+        if (!type.empty()) {
+            return "IP";  // also written IPV4
+        }
+    }
+    return "";
+}
+
 AndroidRow ReadRow(const pugi::xml_node& node, ImportReport& report) {
     AndroidRow row;
     row.number = Clean(node, "mcc", report) + Clean(node, "mnc", report);
@@ -65,8 +79,8 @@ AndroidRow ReadRow(const pugi::xml_node& node, ImportReport& report) {
     row.point.apn = Clean(node, "apn", report);
     row.point.user = Clean(node, "user", report);
     row.point.password = Clean(node, "password", report);
-    row.authType = !node.attribute("authtype").empty();
-    row.protocol = !node.attribute("protocol").empty();
+    row.point.type = TypeOf(node);
+    row.point.authentication = AuthenticationValue(Clean(node, "authtype", report));
     row.proxy = !node.attribute("proxy").empty();
     return row;
 }

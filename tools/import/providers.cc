@@ -11,6 +11,26 @@
 namespace tool {
 namespace {
 
+// What the operators' file says about the type of a PDP context is for people.
+std::string TypeIn(const std::string& text) {
+    const std::string small = InSmallLetters(text);
+    const auto has = [&](const char* word) { return small.find(word) != std::string::npos; };
+    if (!has("ipv6-only") && (has("ipv4v6") || has("dual stack") || has("dualstack"))) {
+        return kDualType;
+    }
+    return has("ipv6") ? "IPV6" : "";
+}
+
+// The texts of the comments before an element.
+std::string CommentsBefore(const pugi::xml_node& node) {
+    std::string text;
+    for (pugi::xml_node at = node.previous_sibling(); at.type() == pugi::node_comment;
+         at = at.previous_sibling()) {
+        text.append(at.value()).append(" ");
+    }
+    return text;
+}
+
 std::size_t Count(const pugi::xml_node& node, const char* name) {
     const auto children = node.children(name);
     return static_cast<std::size_t>(std::distance(children.begin(), children.end()));
@@ -81,18 +101,16 @@ class ProvidersReader {
     }
 
     void ReadAccessPoints(const pugi::xml_node& gsm, const std::string& country, Operator& result) {
-        std::set<AccessPoint> known;
+        AccessPoints points;
         for (const pugi::xml_node& apn : gsm.children("apn")) {
             if (!IsForInternet(apn)) {
                 continue;
             }
-            AccessPoint point = ReadAccessPoint(apn, country, result.name);
-            if (known.insert(point).second) {
-                result.accessPoints.push_back(std::move(point));
-            } else {
-                ++report_[ReportLine::kAccessRepeated];
-            }
+            const AccessPoint point = ReadAccessPoint(apn, country, result.name);
+            report_[ReportLine::kAccessRepeated] += points.Has(point) ? 1 : 0;
+            points.Add(point);
         }
+        result.accessPoints = points.List();
     }
 
     bool IsForInternet(const pugi::xml_node& apn) {
@@ -122,7 +140,9 @@ class ProvidersReader {
         point.user = Clean(apn.child_value("username"));
         point.password = Clean(apn.child_value("password"));
         point.gateway = AddressValue(Clean(apn.child_value("gateway")), report_);
-        report_[ReportLine::kAuthentications] += Count(apn, "authentication");
+        point.type = TypeIn(CommentsBefore(apn) + name);
+        point.authentication =
+            AuthenticationValue(apn.child("authentication").attribute("method").value());
         std::vector<std::string> servers;
         for (const pugi::xml_node& server : apn.children("dns")) {
             servers.push_back(Clean(server.child_value()));
@@ -158,6 +178,16 @@ class ProvidersReader {
 };
 
 }  // namespace
+
+void AccessPoint::Join(const AccessPoint& repeat) {
+    const auto join = [](std::string& mine, const std::string& other, const char* both) {
+        if (mine != other && !other.empty()) {
+            mine = mine.empty() ? other : both;
+        }
+    };
+    join(type, repeat.type, kDualType);
+    join(authentication, repeat.authentication, kEither);
+}
 
 Providers ReadProviders(const std::string& path, ImportReport& report) {
     const XmlFile file(path, "serviceproviders", "a list of service providers");

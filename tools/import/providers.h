@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <tuple>
@@ -30,10 +31,37 @@ struct AccessPoint {
     std::string dns2;
     std::string contract;
 
+    // Not part of what it is: what more the data tell about it.
+    std::string type;            // of the PDP context
+    std::string authentication;  // as in the column Authentication
+
+    // Takes over what a repeat of it tells. What the two contradict, a network takes both ways.
+    void Join(const AccessPoint& repeat);
+
     auto Values() const {
         return std::tie(country, displayName, apn, user, password, gateway, dns1, dns2, contract);
     }
     bool operator<(const AccessPoint& other) const { return Values() < other.Values(); }
+};
+
+// Access points in their order, each once.
+class AccessPoints {
+  public:
+    bool Has(const AccessPoint& point) const { return known_.count(point) > 0; }
+    // A repeat only tells more about the access point that is there.
+    void Add(const AccessPoint& point) {
+        const auto [entry, isNew] = known_.emplace(point, list_.size());
+        if (isNew) {
+            list_.push_back(point);
+        } else {
+            list_[entry->second].Join(point);
+        }
+    }
+    const std::vector<AccessPoint>& List() const { return list_; }
+
+  private:
+    std::vector<AccessPoint> list_;
+    std::map<AccessPoint, std::size_t> known_;  // to its index
 };
 
 // A mobile operator.

@@ -17,8 +17,9 @@ namespace {
 // strings of 3GPP TS 27.007.
 constexpr char kImportedType[] = "GPRS";
 constexpr char kDefaultDialString[] = "ATD*99***1#";
-constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"IP","%APN%")";
-constexpr char kContext[] = "1";  // the PDP context, for %NUM%
+constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"%VAR1%","%APN%")";
+constexpr char kContext[] = "1";     // the PDP context, for %NUM%
+constexpr char kUsualType[] = "IP";  // of a PDP context, where the data do not tell: for %VAR1%
 
 // Collects the tables of the catalogue.
 class CatalogueMaker {
@@ -75,7 +76,7 @@ class CatalogueMaker {
                 columns.emplace_back(column.name);
             }
         }
-        columns.emplace_back(kNumbers);
+        columns.insert(columns.end(), {kNumbers, kAuthentication});
         Begin(schema::kBasicDUNSettings, columns);
         std::size_t count = 0;
         std::set<std::string> served;  // countries
@@ -85,21 +86,24 @@ class CatalogueMaker {
                 const bool isFirst = &offer == &networks[i].offers.front();
                 served.insert(point->country);
                 const bool needsUser = !point->user.empty() || !point->password.empty();
-                Add(InColumns(columns, {{schema::kID, IdOf(count++)},
-                                        {schema::kNetworkID, IdOf(i)},
-                                        {schema::kAPN, point->apn},
-                                        {schema::kNUM, kContext},
-                                        {schema::kGatewayIP, point->gateway},
-                                        {schema::kDNS1, point->dns1},
-                                        {schema::kDNS2, point->dns2},
-                                        {schema::kName, point->displayName},
-                                        {schema::kContractType, point->contract},
-                                        {schema::kDefault, isFirst ? "Y" : "N"},
-                                        {schema::kCountryID, point->country},
-                                        {schema::kUser, point->user},
-                                        {schema::kPassword, point->password},
-                                        {schema::kRequiresUser, needsUser ? "Y" : "N"},
-                                        {kNumbers, Join(offer.numbers, " ")}}));
+                Add(InColumns(columns,
+                              {{schema::kID, IdOf(count++)},
+                               {schema::kNetworkID, IdOf(i)},
+                               {schema::kAPN, point->apn},
+                               {schema::kNUM, kContext},
+                               {schema::kVAR1, point->type.empty() ? kUsualType : point->type},
+                               {schema::kGatewayIP, point->gateway},
+                               {schema::kDNS1, point->dns1},
+                               {schema::kDNS2, point->dns2},
+                               {schema::kName, point->displayName},
+                               {schema::kContractType, point->contract},
+                               {schema::kDefault, isFirst ? "Y" : "N"},
+                               {schema::kCountryID, point->country},
+                               {schema::kUser, point->user},
+                               {schema::kPassword, point->password},
+                               {schema::kRequiresUser, needsUser ? "Y" : "N"},
+                               {kNumbers, Join(offer.numbers, " ")},
+                               {kAuthentication, point->authentication}}));
             }
         }
         report_[ReportLine::kCountriesWithoutAccess] +=

@@ -39,6 +39,16 @@ bool IsNumber(const std::string& country, const std::string& network) {
            IsDigits(country + network);
 }
 
+std::string AuthenticationValue(const std::string& method) {
+    const char* const values[] = {"none", "pap", "chap", kEither};  // by their numbers
+    for (std::size_t i = 0; i < std::size(values); ++i) {
+        if (InSmallLetters(method) == values[i] || method == std::to_string(i)) {
+            return values[i];
+        }
+    }
+    return "";
+}
+
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report) {
     const std::pair<const char*, const std::string&> texts[] = {{"display name", point.displayName},
                                                                 {"access point name", point.apn},

@@ -16,6 +16,12 @@ std::string CleanValue(const char* value, ImportReport& report);
 std::string AddressValue(const std::string& value, ImportReport& report);
 // Whether these are the country and network codes of a number: three digits, and two or three.
 bool IsNumber(const std::string& country, const std::string& network);
+// The type of a PDP context, and the value of the column Authentication, where data differ.
+constexpr char kDualType[] = "IPV4V6";
+constexpr char kEither[] = "either";
+// The value of the column Authentication that is meant by a method's name, or its number in
+// Android's lists; empty when none is.
+std::string AuthenticationValue(const std::string& method);
 // Names values that a host sees cut.
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report);
 

@@ -24,8 +24,9 @@ XmlFile::XmlFile(std::string path, const char* root, const char* what)
     if (bytes_.compare(0, std::strlen(kByteOrderMark), kByteOrderMark) == 0) {
         bytes_.erase(0, std::strlen(kByteOrderMark));
     }
-    const pugi::xml_parse_result result = document_.load_buffer(
-        bytes_.data(), bytes_.size(), pugi::parse_default | pugi::parse_doctype);
+    const pugi::xml_parse_result result =
+        document_.load_buffer(bytes_.data(), bytes_.size(),
+                              pugi::parse_default | pugi::parse_doctype | pugi::parse_comments);
     if (!result) {
         const auto offset = std::min(static_cast<std::size_t>(result.offset), bytes_.size());
         throw ToolError(path_, ":", LineFeeds(bytes_, 0, offset) + 1, ": is no well-formed XML (",

@@ -68,15 +68,28 @@ std::string OfNetwork(const Item& item, const Side& side, const std::string& tex
     return text.empty() ? "" : side.Token(Kind::kNetwork, item.owner) + "\n" + text;
 }
 
-// What a phone dials with: not the rank of the setting, nor whom it serves.
-std::string DialledValuesOfNetwork(const Item& item, const Side& side) {
+// The values of a setting in all columns but some.
+std::string ValuesOfNetwork(const Item& item, const Side& side,
+                            const std::set<std::string>& without) {
     std::set<std::string> values;  // tables can have their columns in any order
     for (const auto& [column, value, kind, reference] : item.fields) {
-        if (column != vel::schema::kDefault && column != kNumbers && reference == kNoItem) {
+        if (without.count(column) == 0 && reference == kNoItem) {
             values.insert(Concat(column, "\n", value));
         }
     }
     return OfNetwork(item, side, "=" + Join(values, "\n"));  // never empty
+}
+
+// Settings can dial the same way for different cards.
+std::string DialledValuesAndCardsOfNetwork(const Item& item, const Side& side) {
+    return ValuesOfNetwork(item, side, {vel::schema::kDefault, kNumbers});
+}
+
+// What a phone dials with: not the rank of the setting, nor whom it serves, nor what other data
+// tell about the same access point.
+std::string DialledValuesOfNetwork(const Item& item, const Side& side) {
+    return ValuesOfNetwork(
+        item, side, {vel::schema::kDefault, kNumbers, kCards, kAuthentication, vel::schema::kVAR1});
 }
 
 std::string TitleOfNetwork(const Item& item, const Side& side) {
@@ -124,6 +137,7 @@ class Pairing {
         PairByParts(Kind::kNetwork, {Kind::kNumberKey, Kind::kNameKey});
         PairNetworksWithoutKeys();
 
+        PairByText(Kind::kSetting, DialledValuesAndCardsOfNetwork);
         PairByText(Kind::kSetting, DialledValuesOfNetwork);
         PairByText(Kind::kSetting, TitleOfNetwork);
         PairByText(Kind::kSetting, AccessPointOfNetwork);
