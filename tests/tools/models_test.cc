@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+// The models that data/phones.source knows by name.
+#include <map>
+#include <set>
+#include <sstream>
+
+#include "detection/detection.h"
+#include "detection/recipe.h"
+#include "session/session.h"
+#include "tests/support/session.h"
+#include "velmor.h"
+
+namespace {
+
+using Models = std::map<std::pair<std::string, std::string>, std::string>;
+
+// The answers of data/models.tsv, with the maker under which each counts, and their models.
+Models ReadModels(std::set<std::string>& answers) {
+    Models models;
+    std::istringstream table(ReadFile(VELMOR_DATA_DIR "/models.tsv"));
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream fields(line);
+        std::string maker, model, answer, asked;
+        std::getline(std::getline(std::getline(fields, maker, '\t'), model, '\t'), answer, '\t');
+        std::istringstream makers(std::getline(fields, asked) ? asked : maker);
+        for (std::string name; std::getline(makers, name, '|');) {
+            models[{name == "-" ? "" : name, answer}] = maker + ": " + model;
+        }
+        answers.insert(answer);
+    }
+    return models;
+}
+
+// The texts in two columns of a table, from the source of a catalogue.
+std::vector<std::pair<std::string, std::string>> Cells(const std::string& source,
+                                                       const std::string& table) {
+    std::istringstream lines(source.substr(source.find("#$_TABLE_BEGIN_$#" + table + "#")));
+    std::vector<std::pair<std::string, std::string>> cells;
+    std::string line, first, second;
+    std::getline(lines, line);
+    while (std::getline(lines, line) && line != "E#$_TABLE_END_$#") {
+        std::istringstream fields(line.substr(2));
+        std::getline(std::getline(fields, first, '#'), second, '#');
+        cells.emplace_back(first, second);
+    }
+    return cells;
+}
+
+class ModelNames : public SessionTest {};
+
+// Every answer with every maker: with its own it leads to the model, with another it leads to no
+// model of a third maker.
+TEST_F(ModelNames, BelongToTheirMakers) {
+    const std::string source = AllPhones();
+    ASSERT_EQ(Initialise(source), 0);
+    const Velmor& session = *Velmor::getVelmor();
+    std::set<std::string> answers;
+    Models models = ReadModels(answers);
+    std::map<std::string, std::string> makers;
+    std::map<std::string, std::string> phones;
+    for (const auto& [id, name] : Cells(source, "Manufacturers")) {
+        makers[id] = name;
+    }
+    for (long i = 0; i < Velmor_GetNrOfPhones(0); ++i) {
+        char name[80];
+        long id = 0;
+        Velmor_GetPhoneByIndex(0, i, &id, name, sizeof name);
+        phones[std::to_string(id)] = name;
+    }
+    std::size_t listed = 0;
+    auto patterns = Cells(source, "ManufacturerIdentification");
+    patterns.emplace_back("", "");
+    for (const auto& [pattern, maker] : patterns) {
+        for (const std::string& answer : answers) {
+            const auto ask = [&](vel::Subject subject, const vel::Attempt&) -> vel::String {
+                return (subject == vel::Subject::kPhone ? answer : pattern).c_str();
+            };
+            const auto makeKey = [&](vel::String& line, const char* recipe) {
+                vel::Recipe(session.FetchTable(recipe)).Apply(line);
+            };
+            const vel::Detected found =
+                vel::Detect({session.manufacturerIdentification, session.phoneIdentification,
+                             session.networkIdentification, session.basicDUNSettings},
+                            {ask, makeKey, [](vel::Subject, const vel::String&) {}});
+            const std::string name = phones[found.phoneId.c_str()];
+            const auto expected = models.find({makers[maker], answer});
+            if (expected != models.end() && maker.size() < 3) {
+                EXPECT_EQ(name, expected->second) << pattern << " " << answer;
+                ++listed;
+            } else if (!name.empty()) {
+                EXPECT_EQ(name.find(makers[maker]), 0U) << pattern << " " << answer << " " << name;
+            }
+        }
+    }
+    EXPECT_GE(listed, models.size());
+}
+
+}  // namespace
