@@ -52,13 +52,13 @@ std::string Printed(void (*print)(const Detection&), const Detection& found) {
 // The lines that detection advises make a catalogue that knows the phone and has no errors. A
 // recording of the phone gives the same detection.
 TEST(EveryPhone, IsKnownAfterTheAdvice) {
+    const auto json = [](const Detection& found) { PrintDetectionJson(found, false); };
     for (const auto& file : fs::directory_iterator(VELMOR_DATA_DIR "/profiles")) {
         SCOPED_TRACE(file.path());
         const std::string profile = ReadFile(file.path());
         const Detection found = DetectHere(AllPhones(), profile);
         const std::string recording = WriteProfile(found.dialogue, "test");
-        EXPECT_EQ(Printed(PrintDetectionJson, DetectHere(AllPhones(), recording)),
-                  Printed(PrintDetectionJson, found))
+        EXPECT_EQ(Printed(json, DetectHere(AllPhones(), recording)), Printed(json, found))
             << recording;
         std::string source = SampleSource().text();
         for (const AdvisedLine& line : DetectHere(source, profile).advice) {

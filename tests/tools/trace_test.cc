@@ -140,6 +140,11 @@ TEST(ProfileWriter, HidesNumbers) {
         {"AT+COPS?\r", "8912345678901\r\n+COPS: 0,0,\"0055004100\"",
          "0000000000000\r\n+COPS: 0,0,\"0055004100\""},
         {"AT+CGMM\r", "\"0055004100\"", "\"0000000000\""},
+        {"AT+CRSM=176,12258,0,0,10\r", "+CRSM: 144,0,\"984a321043F5\"",
+         "+CRSM: 144,0,\"000000000000\""},
+        {"AT+CRSM=176,28486,0,0,17\r", "+CRSM: 144,0,\"004565737420\"",
+         "+CRSM: 144,0,\"004565737420\""},
+        {"AT^ICCID?\r", "89490123a4567F", "00000000000000"},
     };
     for (const auto& [command, answer, hidden] : rows) {
         EXPECT_EQ(WithoutNumbers(answer, command), hidden);

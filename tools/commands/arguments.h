@@ -73,6 +73,7 @@ inline void RefuseIgnored(const CLI::App& app, const std::vector<std::string>& f
         require(option, "ppp, wvdial or networkmanager");
     }
     require("--output", "ppp or networkmanager");
+    require("--show-numbers", "json");
     if (given("--force") && !given("--output") && !given("--record")) {
         throw ToolError("--force: no file is written; leave it out, or add --output");
     }

@@ -104,6 +104,8 @@ void AddDetect(CommandLine& line) {
     CLI::Option* const pin = AddPinFile(app, options->pinFile);
     app->add_flag("--with-pin", options->withPin, "with --format networkmanager: write the PIN too")
         ->needs(pin);
+    app->add_flag("--show-numbers", options->showNumbers,
+                  "with --json: IMSI, ICCID and serial numbers too");
     AddVerbose(app, options->verbose);
     AddFormat(app, options->format);
 }

@@ -24,7 +24,9 @@ namespace {
 // The questions of the library, then the questions about the SIM card.
 std::string RecordingOf(const Detection& found, bool gone) {
     std::vector<Exchange> exchanges = found.dialogue;
-    exchanges.insert(exchanges.end(), found.card.questions.begin(), found.card.questions.end());
+    for (const auto* questions : {&found.files.questions, &found.card.questions}) {
+        exchanges.insert(exchanges.end(), questions->begin(), questions->end());
+    }
     return WriteProfile(exchanges, "velmor detect --record", gone);
 }
 
@@ -68,7 +70,7 @@ Detection AskPhone(const DialerLink& link, const std::string& catalogueBytes,
 }
 
 // `wanted`: the identifier of a setting; 0: the first that is ready.
-const Velmor_DUNSetting& ChooseSetting(const Detection& found, long wanted) {
+const Detection::Setting& ChooseSetting(const Detection& found, long wanted) {
     const auto setting = std::find_if(
         found.settings.begin(), found.settings.end(), [&](const Detection::Setting& candidate) {
             return wanted == 0 ? candidate.ready : candidate.values.aBasicDUNSettingId == wanted;
@@ -81,7 +83,11 @@ const Velmor_DUNSetting& ChooseSetting(const Detection& found, long wanted) {
         std::cerr << "velmor: " << found.settings.size() << " settings fit; this is number "
                   << setting->values.aBasicDUNSettingId << "; --setting chooses another\n";
     }
-    return setting->values;
+    if (setting->match == CardMatch::kOther) {
+        std::cerr << "velmor: this setting is only for cards with " << Visible(setting->cards)
+                  << "\n";
+    }
+    return *setting;
 }
 
 }  // namespace
@@ -120,9 +126,10 @@ int RunDetect(const DetectOptions& options) {
     if (options.format.name == "text") {
         PrintDetection(found);
     } else if (options.format.name == "json") {
-        PrintDetectionJson(found);
+        PrintDetectionJson(found, options.showNumbers);
     } else if (found.IsComplete()) {
-        WriteDialerFiles(ChooseSetting(found, options.setting), link, format, options.catalogue);
+        WriteDialerFiles(ChooseSetting(found, options.setting).values, link, format,
+                         options.catalogue);
     } else {
         std::cerr << "velmor: " << link.device
                   << ": nothing is ready to dial; --format text says more\n";

@@ -119,7 +119,8 @@ struct DetectOptions {
     long like = 0;     // 0: the fallback phone that the catalogue names
     Choice choice;
     std::string pinFile;
-    bool withPin = false;  // NetworkManager gets the PIN
+    bool withPin = false;      // NetworkManager gets the PIN
+    bool showNumbers = false;  // of card and device
     bool verbose = false;
     OutputFormat format;
 };

@@ -34,22 +34,31 @@ void UseFallback(Detection& found, long phoneId) {
     }
 }
 
-// Operators can share a network's key, the first digits of the IMSI. A setting may list the numbers
-// of its operator. The settings whose number agrees with most digits of the subscriber come first.
-void PutOwnFirst(std::vector<Detection::Setting>& settings, const std::string& digits,
-                 const CatalogueTable& table) {
-    for (Detection::Setting& setting : settings) {
+// Operators can share a network's key, the first digits of the IMSI, and resellers share a network.
+// A setting may list the numbers of its operator, or the cards that it is for. The settings for
+// this card come first, by how specific they are, then those whose number agrees with most digits
+// of the subscriber. A reseller's settings are last for a card that is not known to be the
+// reseller's.
+void PutOwnFirst(Detection& found, const CatalogueTable& table) {
+    for (Detection::Setting& setting : found.settings) {
         const std::string id = std::to_string(setting.values.aBasicDUNSettingId);
+        setting.cards = table.LookUp(id, kCards);
+        setting.match = MatchCard(setting.cards, found.files.facts);
+        setting.authentication = table.LookUp(id, kAuthentication);
+        setting.number.clear();
         std::istringstream numbers(table.LookUp(id, kNumbers));
         for (std::string number; numbers >> number;) {
-            if (number.size() > setting.number.size() && BeginsWith(digits, number)) {
+            if (number.size() > setting.number.size() &&
+                number.size() <= found.files.MostNetworkDigits() &&
+                BeginsWith(found.identification.digits, number)) {
                 setting.number = number;
             }
         }
     }
-    std::stable_sort(settings.begin(), settings.end(),
+    std::stable_sort(found.settings.begin(), found.settings.end(),
                      [](const Detection::Setting& a, const Detection::Setting& b) {
-                         return a.number.size() > b.number.size();
+                         return std::pair(a.match, a.number.size()) >
+                                std::pair(b.match, b.number.size());
                      });
 }
 
@@ -101,6 +110,11 @@ std::string Detection::PhoneName() const {
     return manufacturer.empty() ? name : manufacturer + " " + name;
 }
 
+std::string Detection::Setting::Reason() const {
+    const std::string kind = Name(match);
+    return kind.empty() && match == CardMatch::kAny && !number.empty() ? "number" : kind;
+}
+
 bool Detection::IsComplete() const {
     return (phoneId >= 0 || fallbackId >= 0) &&
            std::any_of(settings.begin(), settings.end(),
@@ -146,7 +160,8 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
     }
     found.identification = Identify(dialogue);
     const Identification& said = found.identification;
-    PutOwnFirst(found.settings, said.digits, plan.catalogue.Table(kBasicDUNSettings));
+    found.files.facts.imsi = Imsi(dialogue);
+    PutOwnFirst(found, plan.catalogue.Table(kBasicDUNSettings));
     // What the exported functions do not tell.
     if (found.manufacturer.empty()) {
         found.manufacturer =
@@ -163,6 +178,12 @@ Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
     dialogue.End();
     Detection found = LastDetection(dialogue.exchanges(), plan);
     found.pinProblem = pinProblem;
+    const auto isForSome = [](const Detection::Setting& setting) { return !setting.cards.empty(); };
+    if (pinProblem.empty() && dialogue.IsOpen() &&
+        std::any_of(found.settings.begin(), found.settings.end(), isForSome)) {
+        found.files = ReadCard(dialogue, found.files.facts.imsi);
+        PutOwnFirst(found, plan.catalogue.Table(kBasicDUNSettings));
+    }
     if (found.answered && found.identification.networkId.empty() && dialogue.IsOpen()) {
         found.card = AskSimCard(dialogue);
     }

@@ -5,6 +5,7 @@
 
 #include "device/dialogue.h"
 #include "diagnosis/advice.h"
+#include "diagnosis/card_files.h"
 #include "diagnosis/sim_card.h"
 #include "velmor.h"
 
@@ -18,11 +19,18 @@ struct Choice {
 
 // What a detection found, and the advice to find more.
 struct Detection {
-    // A DUN setting, and whether the library says that it is ready to dial.
+    // A DUN setting, and what the catalogue says of it beside the library.
     struct Setting {
         Velmor_DUNSetting values;
-        bool ready;
-        std::string number;  // of the subscriber's network when the setting is for it, else empty
+        bool ready;               // whether the library says that it is ready to dial
+        std::string number = {};  // of the subscriber's network when the setting is for it
+        std::string cards = {};   // that the setting is for, as the column Cards has them
+        CardMatch match = CardMatch::kAny;
+        std::string authentication = {};  // as the column Authentication has it
+
+        // What makes the setting that of this card: "iccid", "imsi", "gid", "spn", "number", or
+        // empty.
+        std::string Reason() const;
     };
 
     bool answered = false;  // whether the phone sent more than the echo
@@ -34,7 +42,8 @@ struct Detection {
     long fallbackId = -1;  // the phone with whose rows an unknown phone is dialled, or -1
     std::string fallback;  // its description
     Identification identification;
-    SimCard card;  // asked for only when the network is not known
+    SimCard card;     // asked for only when the network is not known
+    CardFiles files;  // asked for only when a setting of the network is for some cards
     std::string
         pinProblem;  // why the PIN did not unlock the card; empty: it did, or none was given
     std::vector<AdvisedLine> advice;
@@ -63,7 +72,7 @@ long FallbackPhone(const DetectionPlan& plan);
 Detection Detect(Dialogue& dialogue, const DetectionPlan& plan);
 
 // What the session's last detection found with this dialogue, except for the SIM card. The settings
-// for the subscriber's own network come first.
+// for the subscriber's own card and network come first, those for other cards last.
 Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPlan& plan);
 
 // The description of the phone with this identifier; empty when the catalogue has none.

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "host/session.h"
+#include "phone/redaction.h"
 #include "support/utf8.h"
 
 namespace tool {
@@ -65,6 +66,42 @@ void PrintAdvice(const Detection& found) {
     }
 }
 
+// Why the setting stands where it does.
+void AddReason(const Detection::Setting& setting, const CardFacts& card,
+               std::vector<TextRow>& rows) {
+    const std::pair<const char*, std::string> reasons[] = {
+        {"iccid", "its number (ICCID)"},
+        {"imsi", "its number (IMSI)"},
+        {"gid", "its group identifier " + card.gid1},
+        {"spn", "its provider's name " + card.spn},
+    };
+    const std::string reason = setting.Reason();
+    if (!setting.number.empty()) {
+        rows.insert(rows.begin() + 1, {"  for the number", setting.number});
+    }
+    for (const auto& [kind, words] : reasons) {
+        if (reason == kind) {
+            rows.insert(rows.begin() + 1, {"  for the card", words});
+        }
+    }
+    if (setting.match == CardMatch::kOther) {
+        rows.insert(rows.begin() + 1, {"  only for cards", setting.cards});
+    }
+}
+
+Json DescribeCard(const CardFiles& card, bool numbers) {
+    Json json = {{"spn", card.facts.spn},
+                 {"gid1", card.facts.gid1},
+                 {"mnc-length", card.mncLength},
+                 {"imsi-length", card.facts.imsi.size()},
+                 {"iccid-length", card.facts.iccid.size()}};
+    if (numbers) {
+        json["imsi"] = card.facts.imsi;
+        json["iccid"] = card.facts.iccid;
+    }
+    return json;
+}
+
 }  // namespace
 
 void PrintDetection(const Detection& found) {
@@ -86,9 +123,7 @@ void PrintDetection(const Detection& found) {
     for (const Detection::Setting& setting : found.settings) {
         std::cout << "\n";
         std::vector<TextRow> settingRows = SettingRows(setting.values);
-        if (!setting.number.empty()) {
-            settingRows.insert(settingRows.begin() + 1, {"  for the number", setting.number});
-        }
+        AddReason(setting, found.files.facts, settingRows);
         PrintAligned(settingRows);
         if (!setting.ready) {
             std::cout
@@ -99,7 +134,7 @@ void PrintDetection(const Detection& found) {
     PrintAdvice(found);
 }
 
-void PrintDetectionJson(const Detection& found) {
+void PrintDetectionJson(const Detection& found, bool numbers) {
     const Identification& said = found.identification;
     Json json = {{"complete", found.IsComplete()},
                  {"manufacturer",
@@ -124,13 +159,22 @@ void PrintDetectionJson(const Detection& found) {
         json["sim"] = {
             {"state", found.card.state}, {"answer", found.card.line}, {"text", found.card.words}};
     }
+    if (found.files.asked) {
+        json["card"] = DescribeCard(found.files, numbers);
+    }
     for (const char* member : {"settings", "advice", "dialogue"}) {
         json[member] = Json::array();
     }
     for (const Detection::Setting& setting : found.settings) {
         json["settings"].push_back(DescribeSetting(setting.values, setting.ready));
-        if (!setting.number.empty()) {
-            json["settings"].back()["number"] = setting.number;
+        Json& described = json["settings"].back();
+        described["match"] = setting.Reason();
+        for (const auto& [member, text] :
+             {std::pair("number", &setting.number), std::pair("cards", &setting.cards),
+              std::pair("authentication", &setting.authentication)}) {
+            if (!text->empty()) {
+                described[member] = *text;
+            }
         }
     }
     for (const AdvisedLine& line : found.advice) {
@@ -141,7 +185,7 @@ void PrintDetectionJson(const Detection& found) {
             json["advice"].back()["before"] = line.before;
         }
     }
-    for (const Exchange& exchange : found.dialogue) {
+    for (const Exchange& exchange : numbers ? found.dialogue : WithoutNumbers(found.dialogue)) {
         json["dialogue"].push_back({{"command", exchange.command},
                                     {"answer", exchange.answer},
                                     {"sent", exchange.sent},

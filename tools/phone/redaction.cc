@@ -31,13 +31,17 @@ void HideSubscriber(std::string& answer) {
     }
 }
 
+bool IsHexDigit(char c) {
+    return IsDigit(c) || ('A' <= c && c <= 'F') || ('a' <= c && c <= 'f');
+}
+
 // Long runs of digits. What is quoted stays if it may be an operator's name in UCS-2.
-void HideRuns(std::string& answer, bool quotedStays) {
+void HideRuns(std::string& answer, bool quotedStays, bool (*isDigit)(char) = IsDigit) {
     bool quoted = false;
     for (std::size_t i = 0; i < answer.size(); ++i) {
         quoted = answer[i] != '\n' && quoted != (answer[i] == '"');
         std::size_t end = i;
-        while (end < answer.size() && IsDigit(answer[end])) {
+        while (end < answer.size() && isDigit(answer[end])) {
             ++end;
         }
         if (end - i >= kLongRun && !(quoted && quotedStays)) {
@@ -80,7 +84,13 @@ std::string WithoutNumbers(std::string answer, const std::string& command) {
         HideSubscriber(answer);
         return answer;
     }
-    HideRuns(answer, name.compare(0, 7, "AT+COPS") == 0);
+    // The files of a card with names and numbers that many cards have. All others may have its own.
+    static const std::regex common("AT\\+CRSM=[0-9]+,(28478|28486|28589),");
+    if (std::regex_search(name, common)) {
+        return answer;
+    }
+    const bool isCard = name.compare(0, 7, "AT+CRSM") == 0 || name.find("CCID") != name.npos;
+    HideRuns(answer, name.compare(0, 7, "AT+COPS") == 0, isCard ? IsHexDigit : IsDigit);
     HideNamed(answer);
     return answer;
 }
