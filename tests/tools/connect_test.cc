@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "dialer/candidates.h"
+#include "dialer/pppd_options.h"
 #include "host/session.h"
 #include "tests/support/session.h"
 #include "tests/support/shell.h"
@@ -63,11 +64,17 @@ TEST(ConnectCommand, SaysWhyThereIsNoLink) {
     });
 }
 
-// Each candidate: its access point, its user and its dial commands.
-std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& last) {
+// Each candidate: its access point, its user and its dial commands, and the options of pppd for its
+// type and its authentication. `var1`: the value of this column in both settings.
+std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& last,
+                  const std::string& var1 = "") {
     Findings ignored;
     const Catalogue catalogue = ReadCatalogue(
         SampleSource()
+            .Replace("E#10#GPRS#ATD*99***1\\##AT+CGDCONT=1,\"IP\"",
+                     "E#10#GPRS#ATD*99***1\\##AT+CGDCONT=1,\"%VAR1%\"")
+            .Replace("tel.example#1###", "tel.example#1#" + var1 + "##")
+            .Replace("tel.example#1####", "tel.example#1#" + var1 + "###")
             .Replace(
                 "E#$_TABLE_BEGIN_$#BasicDUNSettings",
                 "E#$_TABLE_BEGIN_$#FurtherDUNForPhone#PhoneID#NetworkType#DialString#"
@@ -83,7 +90,8 @@ std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& la
         values.aBasicDUNSettingId = static_cast<std::int32_t>(id);
         std::strcpy(values.APN, id == 1 ? "internet.northtel.example" : "prepaid.northtel.example");
         std::strcpy(values.DefaultUser, id == 1 ? "web" : "");
-        found.settings.push_back({values, true, ""});
+        found.settings.push_back({values, true});
+        found.settings.back().authentication = id == 1 ? "pap" : "chap";
     }
     std::vector<Candidate> candidates = Candidates(found, {catalogue, 20}, own);
     if (last) {
@@ -96,6 +104,8 @@ std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& la
         for (const std::string& command : candidate.script) {
             tried += IsDialCommand(command) ? " " + command.substr(3) : "";
         }
+        const PppKind kind = {ContextTypes(candidate.script), candidate.authentication};
+        tried += var1.empty() ? "" : " " + Join(kind.Options(), ",");
         tried += "\n";
     }
     return tried;
@@ -116,6 +126,18 @@ TEST(Candidates, ComeInOrder) {
     EXPECT_EQ(Tried({true, "own", "", ""}, Remembered{"", "", ""}),
               "own/:" + dials + "/:" + dials + northtel);
     EXPECT_EQ(Tried({}, Remembered{"gone", "", ""}), northtel + "/:" + dials);
+    // A type with IPv6, then IP; last what worked for the card.
+    const std::string pap =
+        "inte/web: *99***1# *99# *99# refuse-chap,refuse-mschap,"
+        "refuse-mschap-v2,refuse-eap";
+    const std::string chap = "prep/: *99***1# *99# *99# refuse-pap";
+    const std::string both = chap + ",+ipv6\n" + chap + "\n";
+    const std::string empty = "/: *99***1# *99# *99# \n";
+    EXPECT_EQ(Tried({}, {}, "IPV4V6"), pap + ",+ipv6\n" + pap + "\n" + both + empty);
+    EXPECT_EQ(Tried({}, Remembered{"prepaid.northtel.example", "", "", "IP"}, "IPV4V6"),
+              chap + "\n" + chap + ",+ipv6\n" + pap + ",+ipv6\n" + pap + "\n" + empty);
+    EXPECT_EQ(Tried({true, "prepaid.northtel.example", "", ""}, {}, "IPV6"),
+              chap + ",+ipv6\n" + chap + "\n" + pap + ",+ipv6\n" + pap + "\n" + empty);
 }
 
 #ifdef VELMOR_CRYPT

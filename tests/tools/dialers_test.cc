@@ -38,14 +38,19 @@ TEST(Dialers, TakeHostileValuesAsData) {
         WriteFile(folder + "/hostile", SampleSource()
                                            .Replace("AT+CGDCONT=1,\"IP\",\"%APN%\"", cell)
                                            .Replace("#web#", "#" + cell + "#")
-                                           .Replace("#secret#", "#" + cell + "#")
+                                           .Replace("#secret#Y#", "#" + cell + "#Y#pap#")
+                                           .Replace("AndPassword#", "AndPassword#Authentication#")
+                                           .Replace("prepaid#N#no###N#", "prepaid#N#no###N##")
+                                           .Replace("slash#Y#", "slash#Y##")
+                                           .Replace("su###N#", "su###N##")
                                            .text());
         const std::string setting =
             "velmor setting hostile --phone 10 --setting 1 --device /dev/ttyS0 --format ";
         ASSERT_EQ(Finish(Start(setting + "ppp -o 'd '\\''x'", folder)).first, 0);
         const std::string peers = ReadFile(folder + "/d 'x/velmor");
         EXPECT_EQ(Unquoted(peers, "\nuser ") + Unquoted(peers, "\npassword "), value + value);
-        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 21);
+        EXPECT_EQ(std::count(peers.begin(), peers.end(), '\n'), 25);
+        EXPECT_NE(peers.find("\nrefuse-chap\nrefuse-mschap\n"), std::string::npos);
         if (pppd) {  // without PPP in the kernel it ends with 4, after the options
             const std::string dryRun =
                 "sed s,/dev/ttyS0,/dev/null, \"d 'x/velmor\" >p && /usr/sbin/pppd dryrun file "

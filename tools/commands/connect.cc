@@ -15,6 +15,7 @@
 #include <optional>
 #include <set>
 
+#include "commands/connect_checks.h"
 #include "commands/connect_report.h"
 #include "commands/devices.h"
 #include "commands/options.h"
@@ -44,20 +45,6 @@ constexpr int kConnectFailed = 8;
 constexpr int kLockFailed = 6;
 constexpr int kOpenFailed = 7;
 constexpr int kNotStarted = 127;  // there is no pppd
-
-// Why there is no link.
-class NoLink : public ToolError {
-  public:
-    // `again`: whether another try may help.
-    NoLink(int status, const std::string& words, bool again)
-        : ToolError(words), status_(status), again_(again) {}
-    int status() const { return status_; }
-    bool again() const { return again_; }
-
-  private:
-    int status_;
-    bool again_;
-};
 
 // All that belongs to the phone, over several links.
 class Connection {
@@ -104,8 +91,6 @@ class Connection {
 
   private:
     Detection AskPhone();
-    void CheckCard(const Detection& found) const;
-    void CheckRegistration(Dialogue& dialogue) const;
     // Dials with the candidate. Throws NoLink when a link came up and has ended. Returns whether a
     // signal came.
     bool Try(const Candidate& candidate, const Detection& found);
@@ -134,36 +119,6 @@ class Connection {
     std::optional<Clock::time_point> online_;  // since when there was a link
 };
 
-void Connection::CheckCard(const Detection& found) const {
-    if (!found.pinProblem.empty() || found.card.StopsCalls()) {
-        throw NoLink(kExitCard,
-                     found.pinProblem.empty() ? "SIM card: " + found.card.words : found.pinProblem,
-                     false);
-    }
-}
-
-void Connection::CheckRegistration(Dialogue& dialogue) const {
-    Registration registration = AskRegistration(dialogue);
-    if (registration != Registration::kHome && registration != Registration::kRoaming &&
-        registration != Registration::kUnknown) {
-        report_.Tell("registration", "waits until the phone is registered with a network");
-        registration = AwaitRegistration(dialogue, options_.registration);
-    }
-    if (registration == Registration::kDenied) {
-        throw NoLink(kExitRegistration, "the network denies the registration of this card", false);
-    }
-    if (registration == Registration::kSearching || registration == Registration::kOff) {
-        throw NoLink(kExitRegistration,
-                     Concat("the phone found no network within ", options_.registration, " s"),
-                     true);
-    }
-    if (registration == Registration::kRoaming && options_.noRoaming) {
-        throw NoLink(kExitRegistration,
-                     "the phone is in another operator's network, and --no-roaming forbids that",
-                     true);
-    }
-}
-
 Detection Connection::AskPhone() {
     std::optional<SerialLine> line;
     try {
@@ -188,7 +143,7 @@ Detection Connection::AskPhone() {
     }
     if (dialogue.IsOpen()) {
         CheckCard(found);
-        CheckRegistration(dialogue);
+        CheckRegistration(dialogue, options_, report_);
     }
     candidates_ = Candidates(found, plan, options_.own);
     std::set<std::string> defined;
@@ -256,22 +211,29 @@ void Connection::Run() {
 
 bool Connection::Try(const Candidate& candidate, const Detection& found) {
     const std::string name = HostText(candidate.setting.APN);
+    const PppKind kind = {ContextTypes(candidate.script), candidate.authentication};
     report_.Tell(
         "dialling",
-        name.empty() ? "dials with the empty access point" : "dials with the access point " + name,
-        {{"access-point", name}, {"setting", candidate.setting.aBasicDUNSettingId}});
+        Concat("dials with the ", name.empty() ? "empty access point" : "access point ", name,
+               candidate.insteadOfIpv6 ? ", with IPv4 alone" : "",
+               candidate.reason.empty() ? "" : " (for this card: " + candidate.reason + ")"),
+        {{"access-point", name},
+         {"setting", candidate.setting.aBasicDUNSettingId},
+         {"types", kind.types},
+         {"match", candidate.reason}});
     const std::string routes = options_.replaceRoute ? "replacedefaultroute\n" : "";
     std::string pppdOptions;
     try {
-        pppdOptions = PppdOptions(candidate.setting, {device_, options_.link.baud}, connect_) +
-                      (options_.noRoute ? "nodefaultroute\n" : routes);
+        pppdOptions =
+            PppdOptions(candidate.setting, kind, {device_, options_.link.baud}, connect_) +
+            (options_.noRoute ? "nodefaultroute\n" : routes);
         WriteDialScript("", candidate.script);
     } catch (const ToolError& error) {  // a value of the catalogue: another setting may do
         report_.Tell("refused", error.what());
         return false;
     }
     Pppd pppd(pppdOptions, candidate.script, contexts_, options_.verbose);
-    const bool online = pppd.AwaitLink();
+    const bool online = pppd.AwaitLink(kind.HasIpv4());
     if (online) {
         online_ = Clock::now();
         refusedCredentials_ = 0;
@@ -342,7 +304,8 @@ void Connection::TellOnline(const Candidate& candidate, const Detection& found,
                         {"name-servers", servers}});
     try {
         CardMemory memory(StateFolder(options_.state));  // another device may have changed it
-        memory.Remember(imsi_, {apn, HostText(candidate.setting.DefaultUser), link.dialled});
+        memory.Remember(imsi_, {apn, HostText(candidate.setting.DefaultUser), link.dialled,
+                                Join(ContextTypes(candidate.script), " ")});
     } catch (const ToolError& error) {
         report_.Tell("state", error.what());
     }

@@ -128,8 +128,8 @@ int RunDetect(const DetectOptions& options) {
     } else if (options.format.name == "json") {
         PrintDetectionJson(found, options.showNumbers);
     } else if (found.IsComplete()) {
-        WriteDialerFiles(ChooseSetting(found, options.setting).values, link, format,
-                         options.catalogue);
+        const Detection::Setting& chosen = ChooseSetting(found, options.setting);
+        WriteDialerFiles(chosen.values, chosen.authentication, link, format, options.catalogue);
     } else {
         std::cerr << "velmor: " << link.device
                   << ": nothing is ready to dial; --format text says more\n";

@@ -7,6 +7,7 @@
 #include "commands/options.h"
 #include "commands/usage.h"
 #include "host/session.h"
+#include "session/schema.h"
 #include "support/error.h"
 #include "support/utf8.h"
 
@@ -85,7 +86,12 @@ int RunSetting(const SettingOptions& options) {
     } else if (options.format.name == "text") {
         PrintAligned(SettingRows(setting));
     } else if (ready) {
-        WriteDialerFiles(setting, options.link, options.format, options.catalogue);
+        Findings ignored;
+        const Catalogue catalogue = ReadCatalogue(session.bytes(), ignored);
+        const std::string authentication =
+            catalogue.Table(vel::schema::kBasicDUNSettings)
+                .LookUp(std::to_string(options.setting), kAuthentication);
+        WriteDialerFiles(setting, authentication, options.link, options.format, options.catalogue);
     }
     if (!ready) {
         std::cerr << "velmor: " << Visible(options.catalogue) << ": does not say how phone "

@@ -103,7 +103,15 @@ std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& p
         for (std::size_t i = 0; i < values.size(); ++i) {
             values[i] = rows.LookUp(id, vel::kPlaceholders[i].column);
         }
-        candidates.push_back({setting.values, ScriptFor(found, plan, values)});
+        candidates.push_back({setting.values, ScriptFor(found, plan, values), setting.Reason(),
+                              setting.authentication});
+        std::string& type = values.back();
+        if (type == "IPV6" || type == "IPV4V6") {
+            type = kOwnType;
+            candidates.push_back(candidates.back());
+            candidates.back().script = ScriptFor(found, plan, values);
+            candidates.back().insteadOfIpv6 = true;
+        }
     }
     if (own.given) {
         // Without a user of its own it takes that of the catalogue, if it is there.
@@ -140,6 +148,9 @@ void PutRememberedFirst(std::vector<Candidate>& candidates, const Remembered& la
             return HasAccessPoint(candidate, last.accessPoint) &&
                    HostText(candidate.setting.DefaultUser) == last.user;
         });
+    std::stable_partition(first, end, [&](const Candidate& candidate) {
+        return Join(ContextTypes(candidate.script), " ") == last.types;
+    });
     for (auto candidate = candidates.begin(); candidate != end; ++candidate) {
         DialScript& script = candidate->script;
         const auto dial = std::find(script.begin(), script.end(), last.dialled);

@@ -22,11 +22,15 @@ struct OwnAccessPoint {
 struct Candidate {
     Velmor_DUNSetting setting;  // its identifier is -1 when it is not of the catalogue
     DialScript script;
+    std::string reason = {};  // as Detection::Setting::Reason
+    std::string authentication = {};
+    bool insteadOfIpv6 = false;  // the candidate before it is the same with IPv6
 };
 
 // What to try for a detected phone, in this order: the user's own access point, the settings that
-// fit, and the empty access point, with which some networks take their own. The script has the rows
-// of the phone, then those of the fallback phone.
+// fit, and the empty access point, with which some networks take their own. A setting with IPv6 is
+// followed by the same with IPv4 alone. The script has the rows of the phone, then those of the
+// fallback phone.
 std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& plan,
                                   const OwnAccessPoint& own);
 

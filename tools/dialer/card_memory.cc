@@ -59,8 +59,9 @@ CardMemory::CardMemory(const std::string& folder) : path_(folder + "/cards.json"
     }
     try {
         for (const Json& card : Json::parse(ReadInput(path_))) {
-            cards_.push_back(
-                {card.at("card"), {card.at("access-point"), card.at("user"), card.at("dialled")}});
+            cards_.push_back({card.at("card"),
+                              {card.at("access-point"), card.at("user"), card.at("dialled"),
+                               card.value("types", "")}});
         }
     } catch (const std::exception& reason) {
         cards_.clear();
@@ -91,7 +92,8 @@ void CardMemory::Remember(const std::string& number, const Remembered& way) {
         list.push_back({{"card", card.hash},
                         {"access-point", card.way.accessPoint},
                         {"user", card.way.user},
-                        {"dialled", card.way.dialled}});
+                        {"dialled", card.way.dialled},
+                        {"types", card.way.types}});
     }
     const std::filesystem::path folder = std::filesystem::path(path_).parent_path();
     std::error_code error;

@@ -11,7 +11,8 @@ namespace tool {
 struct Remembered {
     std::string accessPoint;
     std::string user;
-    std::string dialled;  // the dial command that was answered with CONNECT
+    std::string dialled;     // the dial command that was answered with CONNECT
+    std::string types = {};  // of the PDP contexts, with blanks between them
 };
 
 // The folder, or the usual one when it is empty: that of a service, else /var/lib/velmor.

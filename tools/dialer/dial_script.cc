@@ -55,6 +55,17 @@ std::string WriteDialScript(const std::string& remark, const DialScript& script)
     return text;
 }
 
+std::set<std::string> ContextTypes(const DialScript& script) {
+    std::set<std::string> types;
+    for (const std::string& command : script) {
+        const std::vector<std::string> quoted = Split(command, '"');
+        if (BeginsWith(command, "AT+CGDCONT=") && quoted.size() > 1) {
+            types.insert(quoted[1]);
+        }
+    }
+    return types;
+}
+
 bool IsDialCommand(const std::string& command) {
     const std::string small = InSmallLetters(command);
     return BeginsWith(small, "atd") || BeginsWith(small, "at+cgdata");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ DialScript ParseDialScript(const std::string& text, const std::string& name);
 // The text of a script that begins with this remark. Throws a ToolError when a command cannot stand
 // in a line of its own.
 std::string WriteDialScript(const std::string& remark, const DialScript& script);
+
+// The types of the PDP contexts that the script defines, such as IP; each once.
+std::set<std::string> ContextTypes(const DialScript& script);
 
 bool IsDialCommand(const std::string& command);
 bool Dials(const DialScript& script);

@@ -46,14 +46,14 @@ std::string Title(const Velmor_DUNSetting& setting) {
 }
 
 // An options file for pppd(8), as in /etc/ppp/peers. It dials with the script at that path.
-std::string PeersFile(const Velmor_DUNSetting& setting, const DialerLink& link,
+std::string PeersFile(const Velmor_DUNSetting& setting, const PppKind& kind, const DialerLink& link,
                       const std::string& script, const std::string& pinFile) {
     const std::string pin =
         pinFile.empty() ? "" : "--pin-file " + ShellWord(std::filesystem::absolute(pinFile)) + " ";
     const bool lacksUser =
         HostText(setting.RequiresUser) == "Y" && HostText(setting.DefaultUser).empty();
     return Title(setting) +
-           PppdOptions(setting, link,
+           PppdOptions(setting, kind, link,
                        OneLine("path", "exec velmor dial " + pin + ShellWord(script))) +
            "persist\nmaxfail 0\nholdoff 10\n" +
            (pin.empty() ? "# A SIM card with a PIN: add --pin-file FILE behind velmor dial.\n"
@@ -75,7 +75,8 @@ std::string ScriptFile(const Velmor_DUNSetting& setting) {
 }
 
 // The section "Dialer velmor" of a wvdial.conf(5).
-std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& link) {
+std::string WvdialSection(const Velmor_DUNSetting& setting, const PppKind& kind,
+                          const DialerLink& link) {
     // wvdial sends the dial command and the number in one line, so both may be split anywhere.
     const std::string dial = DialString(setting);
     const std::size_t number = dial.find_first_not_of("ATDPatdp");
@@ -100,14 +101,16 @@ std::string WvdialSection(const Velmor_DUNSetting& setting, const DialerLink& li
     set("Password", password.empty() ? " " : password);
     set("Force Address", Address("client address", HostText(setting.ClientIP)));
     set("Stupid Mode", "yes");  // starts pppd at once, without a login
+    const std::string options = Join(kind.Options(), ", ");
+    text += options.empty() ? "" : "# For pppd, in /etc/ppp/peers/wvdial: " + options + "\n";
     const std::string servers = NameServers(setting);
     return text + (servers.empty() ? "" : "# Name servers of this setting: " + servers + "\n");
 }
 
 // The connection "velmor" as a keyfile of NetworkManager, see nm-settings-keyfile(5). ModemManager,
 // which dials for it, makes the initialisation and dial strings itself.
-std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const DialerLink& link,
-                                  const std::string& pin) {
+std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const PppKind& kind,
+                                  const DialerLink& link, const std::string& pin) {
     std::string text = Title(setting);
     const auto set = [&](const char* key, const std::string& value) {
         if (!IsUtf8(value)) {
@@ -130,6 +133,10 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const Dialer
     set("username", HostText(setting.DefaultUser));
     set("password", HostText(setting.DefaultPassword));
     set("pin", pin);
+    text += kind.RefusedMethods().empty() ? "" : "\n[ppp]\n";
+    for (const std::string& method : kind.RefusedMethods()) {
+        text += "refuse-" + (method == "mschap-v2" ? "mschapv2" : method) + "=true\n";
+    }
     text +=
         Concat("\n[serial]\nbaud=", link.baud, "\n\n[ipv6]\nmethod=auto\n\n[ipv4]\nmethod=auto\n");
     std::string servers;
@@ -174,30 +181,32 @@ void WriteFiles(const std::vector<std::pair<std::string, std::string>>& files,
 
 }  // namespace
 
-void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
-                      const OutputFormat& format, const std::string& catalogue) {
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const std::string& authentication,
+                      const DialerLink& link, const OutputFormat& format,
+                      const std::string& catalogue) {
     if (link.device.empty() && format.name != "networkmanager") {
         throw ToolError("--format ", format.name,
                         ": needs --device; pppd would take the terminal that it runs in");
     }
+    const PppKind kind = {ContextTypes({HostText(setting.InitializationString)}), authentication};
     const bool print = format.directory.empty();
     const std::string path =
         print ? "" : std::filesystem::absolute(format.directory).string() + "/velmor";
     // In the order in which they need each other.
     std::vector<std::pair<std::string, std::string>> files;
     if (format.name == "wvdial") {
-        PrintLines(WvdialSection(setting, link));
+        PrintLines(WvdialSection(setting, kind, link));
     } else if (format.name == "networkmanager" && print) {
-        PrintLines(NetworkManagerKeyfile(setting, link, format.pin));
+        PrintLines(NetworkManagerKeyfile(setting, kind, link, format.pin));
     } else if (format.name == "networkmanager") {
-        files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, link, format.pin)}};
+        files = {{path + ".nmconnection", NetworkManagerKeyfile(setting, kind, link, format.pin)}};
     } else if (print) {
-        const std::string peers = PeersFile(setting, link, kScript, format.pinFile);
+        const std::string peers = PeersFile(setting, kind, link, kScript, format.pinFile);
         PrintLines(Concat("# ----- ", kPeers, " -----\n", peers, "# ----- ", kScript, " -----\n",
                           ScriptFile(setting)));
     } else {
         files = {{path + ".dial", ScriptFile(setting)},
-                 {path, PeersFile(setting, link, path + ".dial", format.pinFile)}};
+                 {path, PeersFile(setting, kind, link, path + ".dial", format.pinFile)}};
     }
     WriteFiles(files, format, catalogue);
 }

@@ -19,8 +19,10 @@ struct OutputFormat {
     std::string pin;            // for NetworkManager; empty: none
 };
 
-// Prints or writes the files for a dialler. None replaces the catalogue.
-void WriteDialerFiles(const Velmor_DUNSetting& setting, const DialerLink& link,
-                      const OutputFormat& format, const std::string& catalogue);
+// Prints or writes the files for a dialler. None replaces the catalogue. `authentication`: as in
+// the column Authentication.
+void WriteDialerFiles(const Velmor_DUNSetting& setting, const std::string& authentication,
+                      const DialerLink& link, const OutputFormat& format,
+                      const std::string& catalogue);
 
 }  // namespace tool

@@ -139,12 +139,12 @@ Pppd::~Pppd() {
     close(log_);
 }
 
-bool Pppd::AwaitLink() {
+bool Pppd::AwaitLink(bool ipv4) {
     auto most = Clock::time_point::max();
     while (state_.address.empty() && Clock::now() < most && Listen(kEach)) {
         // IPv4 may follow IPv6.
         if (!state_.linkLocal.empty() && most == Clock::time_point::max()) {
-            most = Clock::now() + std::chrono::seconds(kIpv4);
+            most = Clock::now() + std::chrono::seconds(ipv4 ? kIpv4 : 0);
         }
     }
     if (state_.address.empty()) {

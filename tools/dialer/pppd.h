@@ -40,8 +40,9 @@ class Pppd {
     // How velmor dial is started, as a shell command.
     static std::string ConnectCommand(bool verbose);
 
-    // Waits until the link is up, pppd has ended, or a signal came. Returns whether it is up.
-    bool AwaitLink();
+    // Waits until the link is up, pppd has ended, or a signal came. `ipv4`: whether an address of
+    // IPv4 is to be expected. Returns whether the link is up.
+    bool AwaitLink(bool ipv4);
     // Waits until pppd has ended or a signal came.
     void AwaitEnd();
     // Ends pppd and waits for that. Returns its exit status.

@@ -62,8 +62,29 @@ std::string NameServers(const Velmor_DUNSetting& setting) {
     return servers;
 }
 
-std::string PppdOptions(const Velmor_DUNSetting& setting, const DialerLink& link,
-                        const std::string& connect) {
+std::vector<std::string> PppKind::RefusedMethods() const {
+    if (authentication == "pap") {
+        return {"chap", "mschap", "mschap-v2", "eap"};
+    }
+    return authentication == "chap" ? std::vector<std::string>{"pap"} : std::vector<std::string>();
+}
+
+std::vector<std::string> PppKind::Options() const {
+    std::vector<std::string> options;
+    for (const std::string& method : RefusedMethods()) {
+        options.push_back("refuse-" + method);
+    }
+    if (HasIpv6()) {
+        options.emplace_back("+ipv6");
+    }
+    if (!HasIpv4()) {
+        options.emplace_back("noip");
+    }
+    return options;
+}
+
+std::string PppdOptions(const Velmor_DUNSetting& setting, const PppKind& kind,
+                        const DialerLink& link, const std::string& connect) {
     std::string text = PppdWord(OneLine("device", link.device)) + "\n" + std::to_string(link.baud) +
                        "\nconnect " + PppdWord(connect) +
                        "\nlock\nnoauth\ndefaultroute\nusepeerdns\nhide-password\n";
@@ -73,6 +94,9 @@ std::string PppdOptions(const Velmor_DUNSetting& setting, const DialerLink& link
     text += client.empty() && gateway.empty() ? "" : client + ":" + gateway + "\n";
     // Else pppd quits if the peer proposes another gateway, as many do.
     text += gateway.empty() ? "" : "ipcp-accept-remote\n";
+    for (const std::string& option : kind.Options()) {
+        text += option + "\n";
+    }
     // A link that is dead without a word is noticed within 40 seconds.
     text += "lcp-echo-interval 10\nlcp-echo-failure 4\n";
     // For the script in /etc/ppp/ip-up.d, when the network names no servers.
