@@ -154,7 +154,8 @@ network() {
     mount -t tmpfs ppp /etc/ppp
     echo "$secret" >/etc/ppp/pap-secrets
     echo "$secret" >/etc/ppp/chap-secrets
-    exec "$velmor" phone profile -v --network "pppd debug logfd 2"
+    # A pseudo-terminal has no DTR to hang up with: a call in which nobody negotiates ends by itself.
+    exec "$velmor" phone profile -v --network "pppd debug logfd 2 lcp-restart 1 lcp-max-configure 6"
 }
 
 if [ $$ = 1 ]; then
