@@ -31,7 +31,7 @@ _velmor() {
         --format | --contract)
             choices=$(sed -n "s/^ *$previous [A-Z]*:{\([^}]*\)}.*/\1/p" <<<"$help" | tr , ' ')
             ;;
-        --country | --version | --where | --search | --columns) return ;;
+        --country | --number | --version | --where | --search | --columns) return ;;
         *)
             if [ -z "$subcommand" ] || [[ $word == -* ]]; then
                 choices=$(sed -nE 's/^ +(-.,)?(--[a-z-]+).*/\2/p; /^Subcommands:/,$s/^  ([a-z]+) .*/\1/p' <<<"$help")

@@ -49,6 +49,19 @@ const std::string kTable = "E#$_TABLE_BEGIN_$#";
 const std::string kTableEnd = "E#$_TABLE_END_$#\n";
 const std::string kComment = "Recipes: how an answer of the phone becomes a key.";
 
+// The settings from the name of a column to its value in the third, and the same with another name
+// and value, the only one.
+const std::string kSettings = [] {
+    const std::string text = SampleSource().text();
+    const std::size_t begin = text.find("#SubnetMask#");
+    return text.substr(begin, text.find("  #198", begin) + 2 - begin);
+}();
+
+std::string Settings(const char* column, const char* value) {
+    return Replaced(Replaced(Replaced(kSettings, "SubnetMask", column), "255[.0-9]*", ""), "  $",
+                    value);
+}
+
 // Where a fault is found like in the source: in the stored form and in what the library reads, only
 // in the stored form, or in neither. The library does not read on after some faults.
 enum Alike { kEverywhere, kNotToLibrary, kNowhere };
@@ -116,6 +129,15 @@ const struct {
     {"E unknown-phone GeneralVariables", "TRACE#N#", "UNKNOWN-PHONE#12#", "E#UNKNOWN"},
     {"W empty-placeholder BasicDUNForPhone", ",,0,0", "", "E#10#UMTS#"},
     {"E no-context-type BasicDUNSettings", "#2#IPV4V6#", "#2##", "E#3#101#"},
+    {"W bad-cards BasicDUNSettings", kSettings, Settings("Cards", "spn=N|gid=5x"), "E#3#101#fj"},
+    {"W bad-cards BasicDUNSettings", kSettings, Settings("Cards", "imsi=9990A"), "E#3#101#fj"},
+    {"W bad-cards BasicDUNSettings", kSettings, Settings("Cards", "iccid=89x"), "E#3#101#fj"},
+    {"W bad-cards BasicDUNSettings", kSettings, Settings("Cards", "spn=|gid=1"), "E#3#101#fj"},
+    {"W bad-cards BasicDUNSettings", kSettings, Settings("Cards", "name=N"), "E#3#101#fj"},
+    {"", kSettings, Settings("Cards", "spn=a b=c|gid=5aF|imsi=99901xX3|iccid=8947"), ""},
+    {"W bad-authentication BasicDUNSettings", kSettings, Settings("Authentication", "PAP"),
+     "E#3#101#fj"},
+    {"", kSettings, Settings("Authentication", "either"), ""},
     {"W wrong-encoding Countries", "Leerland", "L\xE4nd", "E#le#"},
     {"W unused-allowance GeneralVariables", "TRACE#N#", "ALLOWED-WARNINGS#Networks:empty-key#",
      "E#ALLOWED"},

@@ -67,6 +67,8 @@ const ShellRow kRows[] = {
     {"velmor check sample sample", 2, "sample: is one argument too many (see velmor check"},
     {"velmor settings sample --country Norlad", 2,
      "sample: has no country Norlad; did you mean Norland?"},
+    {"velmor settings sample --number 9990", 2, "--number: 9990 has not 5 to 15 digits"},
+    {"velmor settings sample --number 99901 --country Norland", 2, "1 option"},
     {"velmor show sample Phone", 2, "has no table Phone; did you mean Phones?"},
     {"velmor show sample Phones --columns ID,X", 2, "--columns X: is no column; there are ID,"},
     {"velmor phones sample --columns name", 2, "name: is no column; there are id, phone"},
@@ -115,6 +117,11 @@ const ShellRow kRows[] = {
      "#$_TABLE_END_$#\n#$_DATABASE_END_$#\n"},
     {"velmor countries sample | tail -n 1", 0, "2      0         Leerland\n"},
     {"velmor settings sample --country Leerland; echo $?", 0, "1\n"},
+    {"velmor settings sample --number 99999; echo $?", 0, "1\n"},
+    // The subscriber's own number first.
+    {"sed 's/SubnetMask/Numbers/; s/northtel.example#1####/&999012/' " VELMOR_DATA_DIR
+     "/sample.source | velmor settings /dev/stdin --number 99901234 --columns id,cards",
+     0, "id  cards\n2\n1\n"},
     {"velmor settings sample --country Sudland --json | grep -c sud.example", 0, "1\n"},
     {"velmor check input --json | grep -c '\"id\": \"no-database\"'", 0, "1\n"},
     {"velmor check input >/dev/null", 1, ""},

@@ -82,6 +82,11 @@ const struct {
      "~ network \"Northtel\"\n  + setting \"N (n)\": APN \"n\", Default \"Y\", "
      "RequiresUserAndPassword \"N\", CountryID \"Norland\", "
      "before \"Northtel (internet.northtel.example)\"\n"},
+    {"#SubnetMask#", "#Cards#",  // no other setting
+     "~ network \"Northtel\"\n  ~ setting \"Northtel (internet.northtel.example)\": "
+     "Cards \"\" -> \"255.255.255.0\", SubnetMask \"255.255.255.0\" -> \"\"\n"
+     "~ network \"Fjordnet\"\n  ~ setting \"Fjordnet #1 (fjord.example)\": "
+     "Cards \"\" -> \"  \", SubnetMask \"  \" -> \"\"\n"},
     // What a terminal would obey.
     {"E#100#Northtel#", "E#100#N\x1b[2J\xe2\x80\xae\xc2\x9b\x9b\"#",
      "~ network \"N\\x1B[2J\\u202E\\u009B\\x9B\\\"\": Name \"Northtel\" -> "

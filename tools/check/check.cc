@@ -24,7 +24,8 @@ constexpr std::string_view kOrder =
     " row-width wrong-encoding missing-table missing-column repeated-column key-column"
     " bad-identifier repeated-key dangling-key unknown-phone unused-network-type unmatchable-key"
     " long-network-key empty-key hidden-row ambiguous-phone-row unknown-placeholder"
-    " empty-placeholder endless-value long-value many-retries unused-allowance ";
+    " empty-placeholder endless-value long-value bad-cards bad-authentication many-retries "
+    "unused-allowance ";
 
 std::size_t Rank(const Finding& finding) {
     return kOrder.find(" " + finding.id + " ");
@@ -69,6 +70,7 @@ CheckResult CheckCatalogue(const std::string& bytes) {
     CheckKeys(catalogue, findings);
     CheckIdentification(catalogue, findings);
     CheckSettings(catalogue, findings);
+    CheckHostColumns(catalogue, findings);
     MoveAllowed(catalogue, result);
     SortByLine(findings);
     SortByLine(result.allowed);

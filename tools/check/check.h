@@ -23,5 +23,7 @@ void CheckKeys(const Catalogue& catalogue, Findings& findings);
 void CheckIdentification(const Catalogue& catalogue, Findings& findings);
 // Dial strings and values that a host gets changed, cut or not at all.
 void CheckSettings(const Catalogue& catalogue, Findings& findings);
+// Values that only hosts read.
+void CheckHostColumns(const Catalogue& catalogue, Findings& findings);
 
 }  // namespace tool

@@ -246,11 +246,19 @@ void AddSubcommands(CommandLine& line) {
             "Example: velmor phones my.catalogue\n");
     AddSetting(line);
     const auto [settings, offered] =
-        AddList(line, "settings", "Lists the dial-up settings of a country as a host sees them.",
+        AddList(line, "settings",
+                "Lists the dial-up settings of a country, or for a number, as a host sees them.",
                 RunSettings,
-                "Exit status 1 when the country has no settings.\n"
+                "Exit status 1 when there are no settings.\n"
                 "Example: velmor settings my.catalogue --country Norland\n");
-    Add(settings, "--country", offered->country, "NAME", "name of the country")->required();
+    CLI::App* const whose = settings->add_option_group("whose")->require_option(1);
+    Add(whose, "--country", offered->country, "NAME", "name of the country");
+    Add(whose, "--number", offered->number, "DIGITS",
+        "first 5 to 15 digits of a subscriber's number (IMSI)")
+        ->check([](const std::string& text) {
+            const bool fits = IsDigits(text) && text.size() >= 5 && text.size() <= 15;
+            return fits ? std::string() : text + " has not 5 to 15 digits";
+        });
     AddShow(line);
     AddTrace(line);
 }

@@ -6,12 +6,40 @@
 
 #include "commands/options.h"
 #include "commands/usage.h"
+#include "diagnosis/subscriber.h"
 #include "host/session.h"
 #include "session/schema.h"
 #include "support/error.h"
 #include "support/utf8.h"
 
 namespace tool {
+namespace {
+
+Json SettingsOfCountry(const SettingsOptions& options) {
+    Json list = Json::array();
+    std::vector<std::string> names;
+    bool found = false;
+    for (long country = 0; country < Velmor_GetNrCountries(0); ++country) {
+        names.push_back(CountryName(country));
+        if (names.back() != options.country) {
+            continue;
+        }
+        found = true;
+        for (long i = 0; i < Velmor_GetCountryNrOfBasicDUNSettings(0, country); ++i) {
+            Velmor_DUNSetting setting;
+            if (Velmor_GetCountryBasicDUNSettingByIndex(0, country, i, &setting) == 0) {
+                list.push_back(DescribeSetting(setting));
+            }
+        }
+    }
+    if (!found) {
+        throw ToolError(options.catalogue, ": has no country ", options.country,
+                        Suggestion(options.country, names), "; velmor countries lists them");
+    }
+    return list;
+}
+
+}  // namespace
 
 int RunCountries(const ReadOptions& options) {
     const LibrarySession session(options.catalogue);
@@ -43,26 +71,22 @@ int RunPhones(const ReadOptions& options) {
 }
 
 int RunSettings(const SettingsOptions& options) {
-    const LibrarySession session(options.catalogue);
+    const LibrarySession session(options.catalogue, SubscriberPhone::Read, SubscriberPhone::Send);
+    Findings ignored;
+    const Catalogue catalogue = ReadCatalogue(session.bytes(), ignored);
     Json list = Json::array();
-    std::vector<std::string> names;
-    bool found = false;
-    for (long country = 0; country < Velmor_GetNrCountries(0); ++country) {
-        names.push_back(CountryName(country));
-        if (names.back() != options.country) {
-            continue;
-        }
-        found = true;
-        for (long i = 0; i < Velmor_GetCountryNrOfBasicDUNSettings(0, country); ++i) {
-            Velmor_DUNSetting setting;
-            if (Velmor_GetCountryBasicDUNSettingByIndex(0, country, i, &setting) == 0) {
-                list.push_back(DescribeSetting(setting));
-            }
+    if (options.number.empty()) {
+        list = SettingsOfCountry(options);
+    } else {
+        for (const auto& setting : SubscriberPhone::Settings(options.number, catalogue)) {
+            list.push_back(DescribeSetting(setting.values));
         }
     }
-    if (!found) {
-        throw ToolError(options.catalogue, ": has no country ", options.country,
-                        Suggestion(options.country, names), "; velmor countries lists them");
+    const CatalogueTable& table = catalogue.Table(vel::schema::kBasicDUNSettings);
+    for (Json& setting : list) {
+        const std::string id = setting["id"].dump();
+        setting["cards"] = table.LookUp(id, kCards);
+        setting["authentication"] = table.LookUp(id, kAuthentication);
     }
     PrintList(list, options.columns, options.json);
     return list.empty() ? kExitFindings : kExitOk;

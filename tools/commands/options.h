@@ -41,6 +41,7 @@ int RunPhones(const ReadOptions& options);
 // velmor settings
 struct SettingsOptions : ReadOptions {
     std::string country;
+    std::string number;  // or the beginning of a subscriber's number (IMSI)
 };
 
 int RunSettings(const SettingsOptions& options);

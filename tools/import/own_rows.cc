@@ -292,7 +292,7 @@ class OwnRows {
                 rows.push_back(std::move(row));
             } else if (same->second >= count) {
                 std::string& both = Cell(table, rows[same->second], kNumbers);
-                const std::vector<std::string> parts = Split(both + " " + numbers, ' ');
+                const std::vector<std::string> parts = Split(Concat(both, " ", numbers), ' ');
                 both = Join(Keys(parts.begin(), parts.end()), " ");
             }
         }
