@@ -63,12 +63,14 @@ bool IsFinal(const std::string& answer) {
 
 // How many final result codes there are. Probe can meet a phone that tells them as numbers (ITU-T
 // V.250, ATV0): it answers AT with 0 and a carriage return. That must be all that it sends, because
-// it can be the rest of a longer line.
+// it can be the rest of a longer line. CONNECT answers the dial command before, never AT.
 int CountResults(const std::string& answer) {
     int count = 0, numbers = 0, others = 0;
     for (const std::string& part : Split(answer, '\r')) {
         const std::string line = part.substr(std::min(part.find_first_not_of('\n'), part.size()));
-        const bool result = vel::ResultForHost(line.data(), line.size()) != vel::FinalResult::kNone;
+        const bool result =
+            vel::ResultForHost(line.data(), line.size()) != vel::FinalResult::kNone &&
+            !BeginsWith(line, "CONNECT");
         count += result ? 1 : 0;
         numbers += line == "0" ? 1 : 0;
         others += result || line == "0" || line == "AT" || line.empty() ? 0 : 1;
