@@ -58,7 +58,8 @@ answered() { ping -c 1 -i 0.5 -w 20 "$peer"; }
 stays_online() {
     expect up && answered || return
     [ -z "$resolver" ] || grep "$resolver" /etc/resolv.conf || return
-    [ $drops = 0 ] || { expect down && expect up && answered; }
+    [ $drops = 0 ] || { expect down && expect up && answered; } || return
+    [ -z "$calls" ] || [ "$(grep -c '> ATD' phone.log)" = "$calls" ]
 }
 
 # ends: whether the command ends as expected. Only a link that is lost is up before.
@@ -107,13 +108,15 @@ one_case() {
     mkfifo /run/events /run/device
     exec 3<>/run/events
 
-    peer=10.64.64.64 options=--once resolver='' expected=online drops=0 secret=''
+    peer=10.64.64.64 options=--once resolver='' expected=online drops=0 calls='' secret=''
     while read -r line; do
         case $line in
             "# connect: "*) options="$options ${line#*: }" ;;
             "# pin: "*) echo "${line#*: }" >pin ;;
             "# resolver: "*) resolver=${line#*: } ;;
             "# exit: "*) expected="status ${line#*: }" ;;
+            "# calls: "*) calls=${line#*: } ;;
+            "# catalogue: "*) catalogue=${catalogue%/*}/${line#*: } ;;
             "# kills: "*) expected="as it was" kills=${kills:-${line#*: }} ;;
             "drops = "*) drops=1 options=${options#--once} ;;
             "authentication = "*)

@@ -1,7 +1,8 @@
 # The network has no IPv4.
-# open: needs the type of the context
+# catalogue: cards
+# calls: 1
 context-types = IPV6
 
 AT+CGMI: Nokia
 AT+CGMM: Nokia 6300
-AT+CIMI: 410070123456789
+AT+CIMI: 999020123456789
