@@ -189,7 +189,7 @@ CardFiles ReadCard(Dialogue& dialogue, const std::string& imsi) {
     const std::string state = imsi.empty() ? reader.Ask("AT+CPIN?") : "";
     card.asked = !imsi.empty() || state.find("READY") != std::string::npos;
     if (card.asked) {
-        dialogue.Ask("AT+CMEE=1", kAnswer);  // tells whether the card is busy
+        reader.Ask("AT+CMEE=1");  // tells whether the card is busy
         const unsigned length = CardByte(reader.Read(kFormats), 3) & 0xF;
         card.mncLength = length == 2 || length == 3 ? length : 0;
         card.facts.spn = CardText(reader.Read(kName), 1);  // behind a byte with conditions
