@@ -2,13 +2,13 @@
 // The models that data/phones.source knows by name.
 #include <map>
 #include <set>
-#include <sstream>
 
 #include "detection/detection.h"
 #include "detection/recipe.h"
-#include "session/session.h"
-#include "tests/support/session.h"
-#include "velmor.h"
+#include "diagnosis/detection.h"
+#include "diagnosis/names.h"
+#include "support/texts.h"
+#include "tests/support/scripted_phone.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ Models ReadModels(std::set<std::string>& answers) {
         std::getline(std::getline(std::getline(fields, maker, '\t'), model, '\t'), answer, '\t');
         std::istringstream makers(std::getline(fields, asked) ? asked : maker);
         for (std::string name; std::getline(makers, name, '|');) {
-            models[{name == "-" ? "" : name, answer}] = maker + ": " + model;
+            models[{name == "-" ? "" : name, answer}] = tool::Concat(maker, ": ", model);
         }
         answers.insert(answer);
     }
@@ -58,6 +58,7 @@ TEST_F(ModelNames, BelongToTheirMakers) {
     Models models = ReadModels(answers);
     std::map<std::string, std::string> makers;
     std::map<std::string, std::string> phones;
+    std::size_t guessed = 0;
     for (const auto& [id, name] : Cells(source, "Manufacturers")) {
         makers[id] = name;
     }
@@ -67,17 +68,26 @@ TEST_F(ModelNames, BelongToTheirMakers) {
         Velmor_GetPhoneByIndex(0, i, &id, name, sizeof name);
         phones[std::to_string(id)] = name;
     }
+    tool::Findings ignored;
+    const tool::Catalogue catalogue = tool::ReadCatalogue(source, ignored);
+    for (const auto& [asked, model] : models) {
+        const std::string guess = makers[tool::MakerOfModel(catalogue, asked.second)];
+        EXPECT_LT(model.find(guess), model.find(':')) << asked.second << " is not from " << guess;
+        guessed += guess.empty() ? 0 : 1;
+    }
+    EXPECT_GE(guessed, 430U);
+    // The patterns of manufacturers are keys already.
+    const vel::Recipe recipe(session.FetchTable(vel::schema::kPhoneRecipe));
     std::size_t listed = 0;
     auto patterns = Cells(source, "ManufacturerIdentification");
     patterns.emplace_back("", "");
-    for (const auto& [pattern, maker] : patterns) {
+    for (const auto& row : patterns) {
+        const std::string& maker = row.second;
         for (const std::string& answer : answers) {
             const auto ask = [&](vel::Subject subject, const vel::Attempt&) -> vel::String {
-                return (subject == vel::Subject::kPhone ? answer : pattern).c_str();
+                return (subject == vel::Subject::kPhone ? answer : row.first).c_str();
             };
-            const auto makeKey = [&](vel::String& line, const char* recipe) {
-                vel::Recipe(session.FetchTable(recipe)).Apply(line);
-            };
+            const auto makeKey = [&](vel::String& line, const char*) { recipe.Apply(line); };
             const vel::Detected found =
                 vel::Detect({session.manufacturerIdentification, session.phoneIdentification,
                              session.networkIdentification, session.basicDUNSettings},
@@ -85,14 +95,43 @@ TEST_F(ModelNames, BelongToTheirMakers) {
             const std::string name = phones[found.phoneId.c_str()];
             const auto expected = models.find({makers[maker], answer});
             if (expected != models.end() && maker.size() < 3) {
-                EXPECT_EQ(name, expected->second) << pattern << " " << answer;
+                EXPECT_EQ(name, expected->second) << row.first << " " << answer;
                 ++listed;
             } else if (!name.empty()) {
-                EXPECT_EQ(name.find(makers[maker]), 0U) << pattern << " " << answer << " " << name;
+                EXPECT_EQ(name.find(makers[maker]), 0U)
+                    << row.first << " " << answer << " " << name;
             }
         }
     }
     EXPECT_GE(listed, models.size());
+}
+
+// Devices that the catalogue does not know, as they answer: each has its name once the advised
+// lines are in the source.
+TEST_F(ModelNames, AreThoseOfPeopleOnceAdvised) {
+    std::istringstream table(ReadFile(VELMOR_TESTS_DIR "/tools/unseen.tsv"));
+    std::string row;
+    while (std::getline(table, row)) {
+        std::vector<std::string> lines = tool::Split(row, '\t');
+        std::string source = AllPhones();
+        const auto detect = [&] {
+            tool::Findings ignored;
+            const tool::Catalogue catalogue = tool::ReadCatalogue(source, ignored);
+            EXPECT_EQ(Initialise(source, ScriptedPhone::Read, ScriptedPhone::Send), 0);
+            ScriptedPhone::Play(tool::Join(std::vector(lines.begin() + 1, lines.end()), "\n"));
+            Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
+            return tool::LastDetection(ScriptedPhone::dialogue, {catalogue});
+        };
+        const tool::Detection before = detect();
+        EXPECT_TRUE(before.phoneId < 0 || before.phone == "unnamed model") << row;
+        for (const tool::AdvisedLine& line : before.advice) {
+            const std::size_t start = source.find("#$_TABLE_BEGIN_$#" + line.table + "#");
+            const std::string next = line.before.empty() ? "E#$_TABLE_END_$#" : line.before;
+            source.insert(source.find(next, start), line.line + "\n");
+        }
+        const tool::Detection after = detect();
+        EXPECT_EQ(after.manufacturer + ": " + after.phone, lines[0]) << row;
+    }
 }
 
 }  // namespace

@@ -34,6 +34,12 @@ constexpr char kAuthentication[] = "Authentication";
 // library does not read it.
 constexpr char kFurtherDialRows[] = "FurtherDUNForPhone";
 
+// The table of forms that the names of models have, and the makers who give such names; the first
+// form that a model's key has counts. In a form "n" stands for a digit, "a" for a letter, and "*"
+// at the end for any text. It is for the command: the library does not read it.
+constexpr char kModelPatterns[] = "ManufacturerFromModel";
+constexpr char kModelPattern[] = "Pattern";
+
 // A table, and its first and last line in the file.
 struct CatalogueTable {
     std::string name;

@@ -34,6 +34,7 @@ const Relation kRelations[] = {
      "the setting has no network type, so it gets no dial string"},
     {kBasicDUNSettings, kCountryID, kCountries, false, "no country lists the setting"},
     {kBasicDUNForPhone, kPhoneID, kPhones, false, "no list offers such a phone"},
+    {kModelPatterns, kManufacturerID, kManufacturers, false, "no such manufacturer is listed"},
     {kFurtherDialRows, kPhoneID, kPhones, false, "no list offers such a phone"},
 };
 

@@ -16,6 +16,7 @@
 
 #include "catalogue/identifiers.h"
 #include "catalogue/source_writer.h"
+#include "diagnosis/names.h"
 #include "session/schema.h"
 #include "storage/catalogue_format.h"
 
@@ -24,23 +25,6 @@ namespace tool {
 using namespace vel::schema;
 
 namespace {
-
-// A readable name from a response such as `+CGMM: "X100"`, `Manufacturer: Acme` or
-// `"GSM900","GSM1800","MODEL=X100"`.
-std::string NameFrom(std::string response) {
-    const std::string label = "MODEL=";
-    const std::size_t model = response.find(label);
-    const std::size_t colon = response.find(": ");
-    if (model != std::string::npos) {
-        response.erase(0, model + label.size());
-        response.erase(std::min(response.find_first_of("\","), response.size()));
-    } else if (colon != std::string::npos &&
-               (response[0] == '+' || response.compare(0, colon, "Manufacturer") == 0)) {
-        response.erase(0, colon + 2);
-    }
-    response.erase(std::remove(response.begin(), response.end(), '"'), response.end());
-    return response;
-}
 
 // Collects the advised lines.
 class Adviser {
@@ -52,7 +36,7 @@ class Adviser {
         std::string phoneId = found_.phoneId;
         if (found_.phone.IsUsable() && (phoneId.empty() || IsModelHidden())) {
             phoneId = AddPhoneWithModel();
-        } else if (phoneId.empty() && found_.manufacturer.IsUsable()) {
+        } else if (found_.manufacturer.IsUsable() && (phoneId.empty() || IsUnnamed())) {
             phoneId = AddPhoneWithoutModel();
         }
         std::string networkId = found_.networkId;
@@ -134,6 +118,20 @@ class Adviser {
         return hidden;
     }
 
+    // Whether the phone was found by a row for all phones of its manufacturer that the library
+    // reads no model of, but a label names its model, and the whole line can be a new pattern.
+    bool IsUnnamed() const {
+        const CatalogueTable& table = catalogue_.Table(kPhoneIdentification);
+        const std::string name = ModelName();
+        return found_.manufacturer.key != MatchedPattern().first && NameQuality(name) > 0 &&
+               name != catalogue_.Table(kPhones).LookUp(found_.phoneId, kName) &&
+               std::any_of(table.rows.begin(), table.rows.end(), [&](const CatalogueRow& row) {
+                   return table.Cell(row, kPhoneID) == found_.phoneId &&
+                          table.Cell(row, kManufacturerID) == found_.manufacturerId &&
+                          table.Cell(row, kPhoneResponse).empty();
+               });
+    }
+
     std::string AddManufacturer(const std::string& name, const std::string& pattern,
                                 const std::string& before = "") {
         std::string id = FreeId(kManufacturers);
@@ -155,38 +153,98 @@ class Adviser {
         return id;
     }
 
-    std::string AddPhoneWithModel() {
-        std::string manufacturer = found_.manufacturerId;
-        std::string searched = manufacturer;
-        if (manufacturer.empty()) {
-            const bool named = found_.manufacturer.IsUsable();
-            manufacturer = AddManufacturer(named ? NameFrom(found_.manufacturer.text) : "Unknown",
-                                           found_.manufacturer.key);
-            searched = named ? manufacturer : "";
-        }
-        return AddPhone(NameFrom(found_.phone.text), manufacturer, searched, found_.phone.key);
+    // The words with which the phone or the catalogue names the manufacturer.
+    std::string MakerWords() const {
+        return NameIn(found_.manufacturer.text, "") + " " + found_.labelledManufacturer + " " +
+               catalogue_.Table(kManufacturers).LookUp(MakerOf(found_, catalogue_), kName);
     }
 
-    // The phone named only its manufacturer. Where that line says more than the pattern that
-    // matched it, as a model or a label, the whole line becomes the pattern of a new manufacturer.
+    // The best name that the phone gives its model. The revision often begins with the name of a
+    // board whose model is only a number: "T77W676.F0.0".
+    std::string ModelName() const {
+        const std::string& revision = found_.labelledRevision;
+        std::vector<std::string> answers = {found_.phone.text};
+        for (const Response& other : found_.otherPhones) {
+            answers.push_back(other.text);
+        }
+        answers.push_back(found_.labelledModel);
+        std::string best;
+        for (const std::string& answer : answers) {
+            const std::string name = NameIn(answer, MakerWords());
+            best = best.empty() || NameQuality(name) > NameQuality(best) ? name : best;
+        }
+        const std::size_t start = revision.find_first_not_of(' ');
+        if (best.empty() || NameQuality(best) > 0 || start == std::string::npos) {
+            return best;
+        }
+        const std::string board =
+            revision.substr(start, revision.find_first_of(" ._-", start) - start);
+        return NameQuality(board) == 2 ? board : best;
+    }
+
+    std::string AddPhoneWithModel() {
+        std::string searched = found_.manufacturerId;
+        std::string manufacturer = MakerOf(found_, catalogue_);
+        if (searched.empty() && found_.manufacturer.IsUsable()) {
+            manufacturer =
+                AddManufacturer(NameIn(found_.manufacturer.text, ""), found_.manufacturer.key);
+            searched = manufacturer;
+            for (const Response& other : found_.otherManufacturers) {
+                AddPattern(other.key, manufacturer);
+            }
+        } else if (searched.empty() && NameQuality(found_.phone.text) == 0) {
+            return {};  // a number alone may be the model of any manufacturer
+        } else if (manufacturer.empty()) {
+            const std::string& label = found_.labelledManufacturer;
+            manufacturer = AddManufacturer(label.empty() ? "Unknown" : NameIn(label, ""), "");
+        }
+        std::string id = AddPhone(ModelName(), manufacturer, searched, found_.phone.key);
+        for (const Response& other : found_.otherPhones) {
+            if (NameQuality(other.text) > 0) {
+                Add(kPhoneIdentification,
+                    {{kManufacturerID, searched}, {kPhoneResponse, other.key}, {kPhoneID, id}});
+            }
+        }
+        return id;
+    }
+
+    // Another pattern for a new manufacturer, unless one of the two hides the other.
+    void AddPattern(const std::string& pattern, const std::string& manufacturer) {
+        const std::string& first = found_.manufacturer.key;
+        if (pattern.find(first) == std::string::npos && first.find(pattern) == std::string::npos) {
+            Add(kManufacturerIdentification,
+                {{kManufacturerResponse, pattern}, {kManufacturerID, manufacturer}});
+        }
+    }
+
+    // The phone named only its manufacturer in a line that the library reads. Where that line says
+    // more than the pattern that matched it, as a model or a label, the whole line becomes the
+    // pattern of a new manufacturer.
     std::string AddPhoneWithoutModel() {
         const std::string& key = found_.manufacturer.key;
-        const std::string name = NameFrom(found_.manufacturer.text);
+        const std::string name = NameIn(found_.manufacturer.text, "");
         const std::size_t digit = name.find_first_of("0123456789");
         const std::size_t blank = name.rfind(' ', digit);
-        const bool hasModel = digit != std::string::npos && blank != std::string::npos;
+        const bool hasMaker = digit == std::string::npos || blank != std::string::npos;
+        const bool hasModel = digit != std::string::npos;
+        std::string model = ModelName();
+        if (model.empty()) {
+            model = hasModel ? name.substr(hasMaker ? blank + 1 : 0) : "unnamed model";
+        }
         const auto [pattern, line] = MatchedPattern();
         std::string manufacturer = found_.manufacturerId;
         std::string searched = manufacturer;
         if (manufacturer.empty() ||
-            (key != pattern && (hasModel || name != found_.manufacturer.text))) {
+            (key != pattern &&
+             (hasModel || found_.manufacturer.text.find(':') != std::string::npos))) {
+            manufacturer = hasMaker ? manufacturer : MakerOfModel(catalogue_, name);
             const std::string known = catalogue_.Table(kManufacturers).LookUp(manufacturer, kName);
-            const std::string maker = name.substr(0, hasModel ? blank : name.size());
+            const std::string maker = hasMaker ? name.substr(0, blank) : "Unknown";
             searched = AddManufacturer(known.empty() ? maker : known, key, line);
             manufacturer = manufacturer.empty() ? searched : manufacturer;
         }
-        return AddPhone(hasModel ? name.substr(blank + 1) : "unnamed model", manufacturer, searched,
-                        "");
+        return AddPhone(model, manufacturer, searched,
+                        searched == found_.manufacturerId ? found_.labelKey : "");
     }
 
     // The pattern that found the manufacturer, and its line; empty when none did.
@@ -267,6 +325,14 @@ const char* ImportOption(const std::string& table) {
     const bool isOwn = table == kCountries || table == kNetworks ||
                        table == kNetworkIdentification || table == kBasicDUNSettings;
     return isOwn ? "--add" : "--phones";
+}
+
+std::string MakerOf(const Identification& found, const Catalogue& catalogue) {
+    if (!found.manufacturerId.empty()) {
+        return found.manufacturerId;
+    }
+    const std::string maker = MakerIn(catalogue, found.labelledManufacturer);
+    return maker.empty() ? MakerOfModel(catalogue, found.phone.text) : maker;
 }
 
 std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue) {

@@ -22,6 +22,9 @@ constexpr char kAdvisedApn[] = "access-point-name";
 // catalogue anew each time.
 const char* ImportOption(const std::string& table);
 
+// The identifier of the manufacturer that the catalogue knows from any of the answers; empty: none.
+std::string MakerOf(const Identification& found, const Catalogue& catalogue);
+
 // The lines that the catalogue lacks to know the phone and the network, with free identifiers. None
 // for what it knows, and none without a usable response.
 std::vector<AdvisedLine> Advise(const Identification& found, const Catalogue& catalogue);

@@ -165,7 +165,7 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
     // What the exported functions do not tell.
     if (found.manufacturer.empty()) {
         found.manufacturer =
-            plan.catalogue.Table(kManufacturers).LookUp(said.manufacturerId, kName);
+            plan.catalogue.Table(kManufacturers).LookUp(MakerOf(said, plan.catalogue), kName);
     }
     found.networkType = plan.catalogue.Table(kNetworks).LookUp(said.networkId, kNetworkType);
     found.advice = Advise(said, plan.catalogue);

@@ -59,17 +59,44 @@ bool IsUnsolicited(const std::string& line, const vel::Question& question) {
                                                      std::end(question.attempts), answers));
 }
 
-// Takes the line of an answer as the response unless an earlier command had a usable response: the
-// later commands are for phones that do not know the first command.
-void TakeResponse(Response& response, const std::string& line, const vel::Attempt& attempt,
-                  const vel::Question& question) {
+// ATI3 often answers as ATI0, whose first line labels the manufacturer.
+bool IsLabel(const std::string& line) {
+    return BeginsWith(InSmallLetters(line), "manufacturer:");
+}
+
+// Takes the line of an answer as the response. Of the answers to later commands, only those to
+// AT+... are others beside it: ATI may say anything, and is for phones that know no other command.
+void TakeResponse(Response& response, std::vector<Response>& others, const std::string& line,
+                  const vel::Attempt& attempt, const vel::Question& question) {
     const bool isModel = question.recipe == vel::kPhoneQuestion.recipe;
-    // ATI3 often answers as ATI0, whose line labels the manufacturer.
-    const bool isLabel = isModel && BeginsWith(line, "Manufacturer:");
-    if (!response.IsUsable() && !isLabel && SaysSomething(line, attempt.command) &&
-        !IsUnsolicited(line, question)) {
-        response = {line, KeyOf(line, question.recipe)};
+    if ((isModel && IsLabel(line)) || !SaysSomething(line, attempt.command) ||
+        IsUnsolicited(line, question)) {
+        return;
     }
+    const std::string key = KeyOf(line, question.recipe);
+    if (!response.IsUsable()) {
+        response = {line, key};
+    } else if (attempt.line == vel::kLastLine && key != response.key && !key.empty()) {
+        others.push_back({line, key});
+    }
+}
+
+// The text behind a label in the answers to ATI, such as "Model: E173".
+std::string Labelled(const std::vector<Exchange>& dialogue, const std::string& label) {
+    for (const Exchange& exchange : dialogue) {
+        if (!BeginsWith(exchange.command, "ATI")) {
+            continue;
+        }
+        std::string answer = exchange.answer;
+        std::replace(answer.begin(), answer.end(), '\r', '\n');
+        for (const std::string& line : Split(answer, '\n')) {
+            if (BeginsWith(InSmallLetters(line), label) &&
+                std::none_of(line.begin(), line.end(), IsControl)) {
+                return line.substr(label.size());
+            }
+        }
+    }
+    return {};
 }
 
 // The network's key is made of the first digits of the IMSI. When there are too few, the operator's
@@ -105,10 +132,14 @@ Identification Identify(const std::vector<Exchange>& dialogue) {
         vel::String line = answer.Line(attempt.command, attempt.line);
         if (answer.get_Result() == vel::FinalResult::kOk) {
             if (subject == vel::Subject::kManufacturer) {
-                TakeResponse(found.manufacturer, FromLibrary(line), attempt,
-                             vel::kManufacturerQuestion);
+                TakeResponse(found.manufacturer, found.otherManufacturers, FromLibrary(line),
+                             attempt, vel::kManufacturerQuestion);
             } else if (subject == vel::Subject::kPhone) {
-                TakeResponse(found.phone, FromLibrary(line), attempt, vel::kPhoneQuestion);
+                TakeResponse(found.phone, found.otherPhones, FromLibrary(line), attempt,
+                             vel::kPhoneQuestion);
+                found.labelKey = IsLabel(FromLibrary(line))
+                                     ? KeyOf(FromLibrary(line), vel::kPhoneQuestion.recipe)
+                                     : "";
             }
         }
         return line;
@@ -121,6 +152,9 @@ Identification Identify(const std::vector<Exchange>& dialogue) {
         vel::Detect({session.manufacturerIdentification, session.phoneIdentification,
                      session.networkIdentification, session.basicDUNSettings},
                     {ask, makeKey, ignore});
+    found.labelledManufacturer = Labelled(dialogue, "manufacturer:");
+    found.labelledModel = Labelled(dialogue, "model:");
+    found.labelledRevision = Labelled(dialogue, "revision:");
     found.manufacturerId = FromLibrary(detected.manufacturerId);
     found.phoneId = FromLibrary(detected.phoneId);
     found.networkId = FromLibrary(detected.networkId);

@@ -21,6 +21,14 @@ struct Identification {
     Response manufacturer;
     Response phone;
     Response network;
+    // Other usable answers to the same questions.
+    std::vector<Response> otherManufacturers;
+    std::vector<Response> otherPhones;
+    // What the labelled lines of an answer to ATI say; empty: nothing.
+    std::string labelKey;  // the key of a label that ATI3 begins with
+    std::string labelledManufacturer;
+    std::string labelledModel;
+    std::string labelledRevision;
     // Empty: not in the catalogue.
     std::string manufacturerId;
     std::string phoneId;

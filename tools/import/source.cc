@@ -171,8 +171,10 @@ Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers
     maker.AddNetworks(networks.networks);
     maker.AddKeys(networks.keys);
     maker.AddPhoneRows();
-    if (const CatalogueTable* further = phones.Tables().Find(kFurtherDialRows)) {
-        maker.Add(*further);
+    for (const char* table : {kModelPatterns, kFurtherDialRows}) {
+        if (const CatalogueTable* further = phones.Tables().Find(table)) {
+            maker.Add(*further);
+        }
     }
     maker.AddSettings(networks.networks);
     return maker.Take();
