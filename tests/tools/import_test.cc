@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <pugixml.hpp>
+#include <random>
 #include <set>
 
+#include "catalogue/card_match.h"
 #include "catalogue/identifiers.h"
 #include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
@@ -37,17 +39,18 @@ TEST(Import, DecidesWhatTheDataLeaveOpen) {
 TEST(Import, AddsTheNumbersOfAndroidsList) {
     fs::copy(kHere + "android", "android",
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-    const std::string report = ImportData(kHere + "operators.xml --android android" + kIso);
+    const std::string old = " --android " + kHere + "android-old.xml" + kIso;
+    const std::string report = ImportData(kHere + "operators.xml --android android" + old);
     EXPECT_EQ(report, ReadFile(kHere + "android.report"));
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // One file gives the same as many, in any order.
     const std::string rows = Replaced(ReadFile("android/GR.XML") + ReadFile("android/CA.xml"),
                                       "<[?!][^>]*>|</?apns[^>]*>", "");
     WriteFile("one.xml", "\xEF\xBB\xBF<!DOCTYPE apns>\n<apns>" + rows + "</apns>");
-    ImportData(kHere + "operators.xml --android one.xml" + kIso);
+    ImportData(kHere + "operators.xml --android one.xml" + old);
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // Alone.
-    EXPECT_NE(ImportData("--android one.xml" + kIso).find("     7  numbers\n"), std::string::npos);
+    EXPECT_NE(ImportData("--android one.xml" + kIso).find("    10  numbers\n"), std::string::npos);
 }
 
 TEST(Import, RefusesWhatIsNoList) {
@@ -106,11 +109,16 @@ struct Owner {
     bool primary = false;
     bool reseller = false;
     std::set<std::string> numbers;
-    std::vector<std::string> offers;
+    std::vector<std::string> offers, deprecated;
 };
 
 std::string Text(const pugi::xml_node& node, const std::string& path) {
     return pugi::xpath_query(("normalize-space(" + path + ")").c_str()).evaluate_string(node);
+}
+
+std::string Comments(const pugi::xml_node& node) {
+    const pugi::xml_node before = node.previous_sibling();
+    return before.type() == pugi::node_comment ? before.value() + Comments(before) : "";
 }
 
 Owner ReadOwner(const pugi::xml_node& node) {
@@ -130,15 +138,18 @@ Owner ReadOwner(const pugi::xml_node& node) {
                                  "gateway[not(contains(., ':'))]"}) {
             offer += "|" + Text(apn, path);
         }
-        owner.offers.push_back(offer);
+        const std::string said = Comments(node) + Comments(apn) + offer.substr(0, offer.find('|'));
+        const bool isOld = !Matches(said, "\\b([Dd]eprecated|[Oo]ld)\\b").empty();
+        (isOld ? owner.deprecated : owner.offers).push_back(offer);
     }
     return owner;
 }
 
 // What the owners of a key offer: first the primary one, then those with exactly that number, then
-// the others. Nothing when all are resellers with a longer number.
+// the others; what is deprecated comes last, and resellers after all. Nothing when all are
+// resellers with a longer number.
 std::vector<std::string> Expected(const std::vector<Owner>& owners, const std::string& key) {
-    std::vector<std::string> expected;
+    std::vector<std::string> own[2], resold[2], expected;
     bool known = false;
     for (const int rank : {0, 1, 2, 3, 4}) {
         for (const Owner& owner : owners) {
@@ -146,12 +157,17 @@ std::vector<std::string> Expected(const std::vector<Owner>& owners, const std::s
             if (number == owner.numbers.end() || number->compare(0, 5, key) != 0) {
                 continue;
             }
-            const bool resold = owner.reseller && *number != key;
-            known = known || (!resold && !owner.offers.empty());
-            if (rank == (owner.primary ? 0 : 2) + (*number == key ? 0 : 1) + (resold ? 1 : 0)) {
-                expected.insert(expected.end(), owner.offers.begin(), owner.offers.end());
+            const bool isLonger = owner.reseller && *number != key;
+            known = known || (!isLonger && !(owner.offers.empty() && owner.deprecated.empty()));
+            if (rank == (owner.primary ? 0 : 2) + (*number == key ? 0 : 1) + (isLonger ? 1 : 0)) {
+                auto& lists = owner.reseller ? resold : own;
+                lists[0].insert(lists[0].end(), owner.offers.begin(), owner.offers.end());
+                lists[1].insert(lists[1].end(), owner.deprecated.begin(), owner.deprecated.end());
             }
         }
+    }
+    for (const auto* list : {&own[0], &own[1], &resold[0], &resold[1]}) {
+        expected.insert(expected.end(), list->begin(), list->end());
     }
     return known ? expected : std::vector<std::string>();
 }
@@ -176,7 +192,7 @@ using ImportedCatalogue = SessionTest;
 
 TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
     pugi::xml_document document;
-    if (!document.load_file(RealFile().c_str())) {
+    if (!document.load_file(RealFile().c_str(), pugi::parse_default | pugi::parse_comments)) {
         GTEST_SKIP() << "mobile-broadband-provider-info is not installed";
     }
     std::vector<Owner> owners;
@@ -206,6 +222,104 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         }
     }
     EXPECT_GE(names.size(), 300U);
+}
+
+// A row of a list that the test makes; without a kind it is for the operator's own cards.
+struct ListRow {
+    std::string number, apn, type, kind, match;
+};
+
+std::vector<ListRow> WriteRandomList(const std::string& path, std::mt19937& random) {
+    // Held by operators of the file, or only of the list; of five digits, and of six.
+    const char* const numbers[] = {"26201", "26202",  "310260", "311580",
+                                   "20299", "302991", "302992"};
+    const char* const types[] = {"default", "mms", "", "dun,supl"};
+    const std::pair<const char*, const char*> cards[] = {{"spn", "Alpha"}, {"SPN", "alpha"},
+                                                         {"spn", "b"},     {"gid", "5A"},
+                                                         {"gid", "5a01"},  {"imsi", "x4"}};
+    std::vector<ListRow> rows;
+    std::string text = "<apns>\n";
+    for (int i = 0; i < 60; ++i) {
+        const std::string number = numbers[random() % std::size(numbers)];
+        ListRow row{number, Concat("apn", random() % 6), types[random() % 4], "", ""};
+        if (random() % 3 > 0) {
+            std::tie(row.kind, row.match) = cards[random() % std::size(cards)];
+            row.match.insert(0, row.kind == "imsi" ? number : "");
+        }
+        text += Concat("<apn mcc='", number.substr(0, 3), "' mnc='", number.substr(3), "' apn='",
+                       row.apn, "' carrier='C", i % 9, "' type='", row.type, "' mvno_type='",
+                       row.kind, "' mvno_match_data='", row.match, "'/>\n");
+        rows.push_back(row);
+    }
+    WriteFile(path, text + "</apns>");
+    return rows;
+}
+
+// The access points for the internet that a list has for a reseller's card.
+std::set<std::string> Fitting(const std::vector<ListRow>& list, const std::string& number,
+                              const CardFacts& card) {
+    std::set<std::string> apns;
+    for (const ListRow& row : list) {
+        const std::string cards = InSmallLetters(row.kind) + "=" + row.match;
+        if (row.number == number && row.type != "mms" && !row.kind.empty() &&
+            MatchCard(cards, card) > CardMatch::kAny) {
+            apns.insert(row.apn);
+        }
+    }
+    return apns;
+}
+
+// The access point and the cards of the setting that a host puts first: by card, then by number.
+std::pair<std::string, std::string> FirstSetting(const Catalogue& catalogue,
+                                                 const std::string& number, const CardFacts& card) {
+    std::string network;
+    for (const CatalogueRow& row : catalogue.Table("NetworkIdentification").rows) {
+        network = row.Cell(0) == number.substr(0, 5) ? row.Cell(1) : network;
+    }
+    const CatalogueTable& table = catalogue.Table("BasicDUNSettings");
+    std::pair<std::string, std::string> first;
+    std::pair best(CardMatch::kOther, -1);
+    for (const CatalogueRow& row : table.rows) {
+        const std::string cards = table.Cell(row, kCards);
+        const bool has = table.Cell(row, kNumbers).find(number) != std::string::npos;
+        const std::pair rank(MatchCard(cards, card), has ? 1 : 0);
+        if (table.Cell(row, "NetworkID") == network && best < rank) {
+            best = rank;
+            first = {table.Cell(row, "APN"), cards};
+        }
+    }
+    return first;
+}
+
+// All rows of the lists are the oracle. The first list that knows a card counts.
+TEST(ImportedCards, GetTheirSettingFirst) {
+    std::mt19937 random{1};  // NOLINT(bugprone-random-generator-seed): the same lists every time
+    const std::string file = fs::exists(RealFile()) ? RealFile() : kHere + "operators.xml";
+    std::size_t resellers = 0;
+    for (int round = 0; round < 8; ++round) {
+        SCOPED_TRACE(round);
+        const auto one = WriteRandomList("one.xml", random);
+        const auto two = WriteRandomList("two.xml", random);
+        ImportData(file + " --android one.xml --android two.xml");
+        Findings findings;
+        const Catalogue catalogue = ReadCatalogue(ReadFile("out.source"), findings);
+        for (const ListRow& row : round % 2 == 0 ? one : two) {
+            CardFacts card;
+            card.imsi = row.number + (row.kind == "imsi" ? "94000000" : "00000000");
+            (row.kind == "gid" ? card.gid1 : card.spn) = row.kind == "imsi" ? "Zeta" : row.match;
+            auto expected = Fitting(one, row.number, card);
+            expected = expected.empty() ? Fitting(two, row.number, card) : expected;
+            const auto [apn, cards] = FirstSetting(catalogue, row.number, card);
+            const std::string what = Concat(row.number, " ", row.kind, " ", row.match);
+            if (row.kind.empty() && row.type != "mms") {
+                EXPECT_EQ(cards, "") << what;
+            } else if (!expected.empty()) {
+                ++resellers;
+                EXPECT_EQ(expected.count(apn), 1U) << what << " has " << apn << " " << cards;
+            }
+        }
+    }
+    EXPECT_GT(resellers, 200U);
 }
 
 }  // namespace

@@ -28,8 +28,9 @@ struct TestOperator {
 
 using Operators = std::vector<TestOperator>;
 
-// Imports operators into a file. Returns the report.
-std::string ImportOperators(const Operators& operators, const std::string& words) {
+// Imports operators, and the rows of a list, into a file. Returns the report.
+std::string ImportOperators(const Operators& operators, const std::string& words,
+                            const Texts& rows = {}) {
     std::string xml = "<serviceproviders><country code='gr'>\n";
     for (const auto& [name, codes, points] : operators) {
         xml += Concat("<provider><name>", name, "</name><gsm>");
@@ -42,7 +43,10 @@ std::string ImportOperators(const Operators& operators, const std::string& words
         xml += "</gsm></provider>\n";
     }
     WriteFile("operators.xml", xml + "</country></serviceproviders>\n");
-    return Import("operators.xml --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " + words);
+    WriteFile("list.xml", Concat("<apns>", Join(rows, "\n"), "</apns>"));
+    const std::string list = rows.empty() ? "" : " --android list.xml";
+    return Import("operators.xml" + list + " --iso " VELMOR_TESTS_DIR "/tools/countries.json -o " +
+                  words);
 }
 
 // Writes own networks into two sources. Returns the words that add them.
@@ -177,7 +181,7 @@ struct World {
         TestOperator& one = Any();
         TestOperator part{random() % 2 == 0 ? Next("Operator ") : one.name, {}, one.points};
         auto& point = one.points[random() % one.points.size()];
-        switch (random() % 7) {
+        switch (random() % 8) {
             case 0:  // a name of two operators is no key
                 one.name = random() % 2 == 0 ? part.name : Any().name;
                 break;
@@ -199,6 +203,15 @@ struct World {
             case 5:
                 own.erase(own.begin(), own.begin() + (own.size() > 5 ? 1 : 0));
                 break;
+            case 6:  // a list that comes, changes and goes
+                rows.resize(random() % 3 == 0 ? 0 : rows.size());
+                for (int i = 0; i < 4; ++i) {
+                    rows.push_back(Concat(
+                        "<apn mcc='202' mnc='", Code(), "' apn='", Next("point"), "' carrier='",
+                        Next("Seller "),
+                        random() % 2 == 0 ? "'/>" : "' mvno_type='spn' mvno_match_data='S'/>"));
+                }
+                break;
             default:
                 operators.insert(operators.begin() + random() % 5, New(1));
         }
@@ -208,6 +221,7 @@ struct World {
     }
 
     Operators operators, own;
+    Texts rows;
     std::mt19937 random{1};  // NOLINT(bugprone-random-generator-seed): the same changes every time
     int last = 0;
 };
@@ -252,7 +266,7 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         const std::string previous = round % 3 == 0 ? "old.source" : "old.stored";
         const std::string own = WriteOwn(world.own);
         const std::string report =
-            ImportOperators(world.operators, "new.source --previous " + previous + own);
+            ImportOperators(world.operators, "new.source --previous " + previous + own, world.rows);
         Reading old("old.source"), fresh("new.source");
         const Content content(fresh.catalogue);
         const Difference difference = Compare(Content(old.catalogue), content);
@@ -275,7 +289,8 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         ExpectIdentifiersToStay(old, fresh);
         WriteFile("old.source", ReadFile("new.source"));
         // The same operators under other identifiers.
-        ImportOperators(world.operators, "new.source --version " + fresh.catalogue.version + own);
+        ImportOperators(world.operators, "new.source --version " + fresh.catalogue.version + own,
+                        world.rows);
         EXPECT_TRUE(Compare(content, Content(Reading("new.source").catalogue)).changes.empty());
     }
     EXPECT_GT(ever.size(), 300U);

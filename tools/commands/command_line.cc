@@ -144,7 +144,8 @@ void AddImport(CommandLine& line) {
     AddFile(app, "SERVICEPROVIDERS.XML", options->providers,
             "the operators' data of mobile-broadband-provider-info");
     Add(app, "--android", options->android, "PATH",
-        "Android's list of access points, or a folder of lists, for numbers without an operator");
+        "Android's list of access points, or a folder of lists; several, newest first")
+        ->allow_extra_args(false);
     Add(app, "--add", options->own, "SOURCE",
         "own networks and settings, before those of the lists; can be given several times")
         ->allow_extra_args(false);

@@ -49,8 +49,9 @@ int RunImport(const ImportOptions& options) {
         throw ToolError(
             "no operators' data: name a SERVICEPROVIDERS.XML, or a list with --android");
     }
-    RequireOther(options.output, {options.providers, options.phones, options.iso, options.android,
-                                  options.previous});
+    RequireOther(options.output,
+                 {options.providers, options.phones, options.iso, options.previous});
+    RequireOther(options.output, options.android);
     RequireOther(options.output, options.own);
     OutputFile output(options.output, options.force);  // before the work: it may refuse
     ImportReport report;
@@ -60,9 +61,9 @@ int RunImport(const ImportOptions& options) {
     if (!options.providers.empty()) {
         providers = ReadProviders(options.providers, report);
     }
-    if (!options.android.empty()) {
+    for (const std::string& list : options.android) {
         report.parts.insert(ReportPart::kAndroid);
-        AddAndroidList(options.android, providers, report);
+        AddAndroidList(list, providers, report);
     }
     NameCountries(providers.countries, options.iso, report);
     const Networks networks = DecideNetworks(providers, recipe, report);

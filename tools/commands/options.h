@@ -76,7 +76,7 @@ int RunDiff(const DiffOptions& options);
 // velmor import
 struct ImportOptions {
     std::string providers;
-    std::string android;
+    std::vector<std::string> android;  // the newest first
     std::vector<std::string> own;
     std::string phones;
     std::string previous;

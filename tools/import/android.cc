@@ -5,6 +5,7 @@
 #include <map>
 
 #include "detection/questions.h"
+#include "import/values.h"
 #include "support/texts.h"
 
 namespace tool {
@@ -49,13 +50,28 @@ class AndroidPlan {
         : rows_(rows), providers_(providers), report_(report) {
         for (const Operator& owner : providers_.operators) {
             for (const std::string& number : owner.numbers) {
-                if (!owner.reseller || number.size() == vel::kImsiDigits) {
+                if (owner.Imported() && !owner.Joins() &&
+                    (!owner.reseller || number.size() == vel::kImsiDigits)) {
                     held_.insert(FirstDigits(number));
+                }
+                for (const AccessPoint& point : owner.accessPoints) {
+                    for (const std::string& card : point.cards) {
+                        if (owner.Joins()) {
+                            cards_.emplace(number, InSmallLetters(card));
+                        }
+                    }
                 }
             }
         }
+        providers_.lists.emplace_back();
         for (const AndroidRow& row : rows_) {
             numbers_.insert(row.number);
+            if (row.forInternet && !row.IsForReseller()) {
+                const std::string name = OperatorNameIn(row.carrier);
+                providers_.lists.back().insert(
+                    {row.number, InSmallLetters(row.point.apn),
+                     Words(name.empty() ? row.point.displayName : name).front()});
+            }
         }
     }
 
@@ -71,9 +87,10 @@ class AndroidPlan {
             const Name name(row.number, OperatorNameIn(row.carrier));
             providers_.listedNames.push_back({row.carrier, row.number, true, false});
             if (!name.second.empty()) {
-                const bool first = row.forInternet && named.insert(row.number).second;
+                const bool isOffer = row.forInternet && !row.IsForReseller();
+                const bool first = isOffer && named.insert(row.number).second;
                 uses[name] += first ? 2 : 1;
-                offers[name] |= row.forInternet;
+                offers[name] |= isOffer;
             }
         }
         for (const auto& [name, count] : uses) {
@@ -83,23 +100,30 @@ class AndroidPlan {
     }
 
     void AddOperators() {
-        // By their access points: numbers that offer the same share networks.
-        std::map<std::vector<AccessPoint>, std::size_t> known;
-        for (const auto& [number, list] : PointsOfNumbers()) {
+        // By their access points and cards: numbers that offer the same share networks.
+        std::map<std::pair<std::vector<AccessPoint>, std::string>, std::size_t> known;
+        for (const auto& [holder, list] : PointsOfNumbers()) {
+            const auto& [isReseller, number] = holder;
             const std::vector<AccessPoint>& points = list.List();
             if (points.empty()) {
                 continue;
             }
-            ++report_[ReportLine::kAndroidNumbers];
-            const auto [entry, isNew] = known.emplace(points, providers_.operators.size());
+            std::string cards;
+            for (const AccessPoint& point : points) {
+                cards += Join(point.cards, "|") + "\n";
+            }
+            ++report_[isReseller ? ReportLine::kAndroidResellers : ReportLine::kAndroidNumbers];
+            const auto [entry, isNew] =
+                known.emplace(std::make_pair(points, cards), providers_.operators.size());
             if (isNew) {
-                ++report_[ReportLine::kAndroidOperators];
+                report_[ReportLine::kAndroidOperators] += isReseller ? 0 : 1;
                 Operator owner;
                 const std::string& carrier = points.front().displayName;
                 const std::string name = OperatorNameIn(carrier);
                 owner.name = name.empty() ? carrier : name;
                 owner.accessPoints = points;
                 owner.isFromList = true;
+                owner.reseller = isReseller;
                 providers_.operators.push_back(std::move(owner));
                 countries_.insert(points.front().country);
             }
@@ -117,31 +141,42 @@ class AndroidPlan {
         }
         report_[ReportLine::kAndroidCountries] += countries_.size();
         for (const std::string& code : countries_) {
-            providers_.countries.push_back({code, ""});
+            providers_.countries.push_back({code, code == kInternational ? "International" : ""});
         }
     }
 
   private:
+    using Holder = std::pair<bool, std::string>;  // whether a reseller holds it, and the number
+
+    // Whether an earlier list has the row's cards.
+    bool HasCards(const AndroidRow& row) const {
+        const std::string card = InSmallLetters(*row.point.cards.begin());
+        return cards_.count({row.number, card}) > 0;
+    }
+
     // The access points of each number, ascending, so that the order of the files does not count.
-    std::map<std::string, AccessPoints> PointsOfNumbers() {
-        std::map<std::string, AccessPoints> result;
+    std::map<Holder, AccessPoints> PointsOfNumbers() {
+        std::map<Holder, AccessPoints> result;
         for (const AndroidRow& row : rows_) {
             if (!row.forInternet) {
                 continue;
             }
             const std::string first = FirstDigits(row.number);
-            AccessPoints& points = result[row.number];
-            const ReportLine line =
-                report_.CountFirst({{ReportLine::kAndroidHeld, held_.count(first) > 0},
-                                    {ReportLine::kAndroidNoCountry, row.point.country.empty()},
-                                    {ReportLine::kAndroidOtherNumber,
-                                     first != row.number && numbers_.count(first) > 0},
-                                    {ReportLine::kAndroidRepeated, points.Has(row.point)},
-                                    {ReportLine::kAndroidAdded, true}});
-            if (line == ReportLine::kAndroidAdded) {
-                report_[ReportLine::kAndroidProxies] += row.proxy ? 1 : 0;
-            }
-            if (line == ReportLine::kAndroidAdded || line == ReportLine::kAndroidRepeated) {
+            const bool isReseller = row.IsForReseller();
+            AccessPoints& points = result[{isReseller, row.number}];
+            const ReportLine line = report_.CountFirst(
+                {{ReportLine::kAndroidCardsKnown, isReseller && HasCards(row)},
+                 {ReportLine::kAndroidHeld, !isReseller && held_.count(first) > 0},
+                 {ReportLine::kAndroidNoCountry, row.point.country.empty()},
+                 {ReportLine::kAndroidOtherNumber,
+                  !isReseller && first != row.number && numbers_.count(first) > 0},
+                 {ReportLine::kAndroidRepeated, points.Has(row.point)},
+                 {ReportLine::kAndroidResold, isReseller},
+                 {ReportLine::kAndroidAdded, true}});
+            const bool isAdded =
+                line == ReportLine::kAndroidAdded || line == ReportLine::kAndroidResold;
+            report_[ReportLine::kAndroidProxies] += isAdded && row.proxy ? 1 : 0;
+            if (isAdded || line == ReportLine::kAndroidRepeated) {
                 points.Add(row.point);
             }
         }
@@ -151,9 +186,10 @@ class AndroidPlan {
     const std::vector<AndroidRow>& rows_;
     Providers& providers_;
     ImportReport& report_;
-    std::set<std::string> held_;       // the first digits of numbers that operators have already
-    std::set<std::string> numbers_;    // of the list
-    std::set<std::string> countries_;  // of the operators that are added
+    std::set<std::string> held_;  // the first digits of numbers that operators have already
+    std::set<std::pair<std::string, std::string>> cards_;  // of resellers, and their numbers
+    std::set<std::string> numbers_;                        // of the list
+    std::set<std::string> countries_;                      // of the operators that are added
 };
 
 }  // namespace

@@ -8,13 +8,18 @@
 
 namespace tool {
 
+// The code of the networks of no country (MCC 901): ISO 3166 leaves it to its users.
+constexpr char kInternational[] = "xx";
+
 // A row of Android's list of access points.
 struct AndroidRow {
     std::string number;  // five or six digits
     std::string carrier;
     AccessPoint point;
     bool forInternet = false;  // otherwise only its number and carrier count
-    bool proxy = false;        // whether it has this value, for which a catalogue has no column
+
+    bool IsForReseller() const { return !point.cards.empty(); }
+    bool proxy = false;  // whether it has this value, for which a catalogue has no column
 };
 
 // Reads the rows of a list, or of all lists of a folder in the order of their names. Counts

@@ -19,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr char kRoot[] = "apns";
 constexpr char kWhat[] = "Android's list of access points";
+constexpr char kNoAccessPoint[] = "no access point";
 
 // What a row is for: the parts of its list of types.
 std::set<std::string> ReadTypes(const std::string& list) {
@@ -74,11 +75,17 @@ AndroidRow ReadRow(const pugi::xml_node& node, ImportReport& report) {
     AndroidRow row;
     row.number = Clean(node, "mcc", report) + Clean(node, "mnc", report);
     row.carrier = Clean(node, "carrier", report);
-    row.point.country = CountryOfMcc(row.number);
+    row.point.country = BeginsWith(row.number, "901") ? kInternational : CountryOfMcc(row.number);
     row.point.displayName = row.carrier.empty() ? row.number : row.carrier;
     row.point.apn = Clean(node, "apn", report);
     row.point.user = Clean(node, "user", report);
     row.point.password = Clean(node, "password", report);
+    const std::string cards =
+        CardValue(Clean(node, "mvno_type", report), Clean(node, "mvno_match_data", report));
+    if (!cards.empty()) {
+        row.point.cards.insert(cards);
+    }
+    row.point.deprecated = IsDeprecated(row.carrier);
     row.point.type = TypeOf(node);
     row.point.authentication = AuthenticationValue(Clean(node, "authtype", report));
     row.proxy = !node.attribute("proxy").empty();
@@ -93,7 +100,11 @@ std::string FindFault(const pugi::xml_node& node, const AndroidRow& row, ImportR
         return Concat("malformed number ", country, " ", network);
     }
     if (row.point.apn.empty()) {
-        return "no access point";
+        return kNoAccessPoint;
+    }
+    if (*node.attribute("mvno_type").value() != '\0' && !row.IsForReseller()) {
+        return Concat("malformed SIM cards ", node.attribute("mvno_type").value(), " ",
+                      node.attribute("mvno_match_data").value());
     }
     for (const std::string& text :
          {row.carrier, row.point.apn, row.point.user, row.point.password}) {
@@ -108,11 +119,11 @@ std::string FindFault(const pugi::xml_node& node, const AndroidRow& row, ImportR
 bool IsForInternet(const pugi::xml_node& node, const std::string& apn, ImportReport& report) {
     const std::string country = node.attribute("mcc").value();
     const std::string name = InSmallLetters(apn);
+    const std::string enabled = InSmallLetters(Clean(node, "carrier_enabled", report));
     const std::set<std::string> types = ReadTypes(node.attribute("type").value());
     const ReportLine line = report.CountFirst(
         {{ReportLine::kAndroidTest, country == "001" || country == "999"},
-         {ReportLine::kAndroidVirtual, *node.attribute("mvno_type").value() != '\0'},
-         {ReportLine::kAndroidDisabled, Clean(node, "carrier_enabled", report) == "false"},
+         {ReportLine::kAndroidDisabled, enabled == "false" || enabled == "0"},
          {ReportLine::kAndroidOtherUse,
           !types.empty() && types.count("default") + types.count("*") + types.count("dun") == 0},
          {ReportLine::kAndroidMms, types.count("mms") > 0 && name.find("mms") != std::string::npos},
@@ -130,6 +141,10 @@ void ReadFile(const std::string& path, std::vector<AndroidRow>& rows, ImportRepo
         ++report[ReportLine::kAndroidRows];
         AndroidRow row = ReadRow(node, report);
         const std::string fault = FindFault(node, row, report);
+        if (fault == kNoAccessPoint) {  // too many to name
+            ++report[ReportLine::kAndroidNoAccess];
+            continue;
+        }
         if (!fault.empty()) {
             ++report[ReportLine::kAndroidMalformed];
             report.remarks.push_back(Concat(path, ":", file.Line(node), ": left out: ", fault));

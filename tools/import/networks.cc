@@ -35,11 +35,14 @@ class NetworkPlan {
         for (const auto& [key, holders] : HoldersOfKeys()) {
             // Sorting puts the primary operator first, then operators with just this number.
             // Resellers with a longer number come last: most subscribers are not theirs.
-            std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks;
+            // Resellers of Android's list join the network of the key, whoever makes it.
+            std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks, joining;
             bool onlyResellers = true;
             for (const auto& [index, numbers] : holders) {
                 const Operator& owner = operators_[index];
-                if (owner.Imported()) {
+                if (owner.Joins()) {
+                    joining.emplace_back(false, false, true, index);
+                } else if (owner.Imported()) {
                     // A number that has no more digits than a key.
                     const bool same = std::any_of(
                         numbers.begin(), numbers.end(),
@@ -48,6 +51,11 @@ class NetworkPlan {
                     ranks.emplace_back(!owner.primary, !same, resold, index);
                     onlyResellers = onlyResellers && resold;
                 }
+            }
+            if (ranks.empty() && !joining.empty()) {
+                ++report_[ReportLine::kNumberKeysOfCards];
+                ranks = joining;
+                onlyResellers = false;
             }
             if (ranks.empty() || onlyResellers) {
                 ++report_[ranks.empty() ? ReportLine::kNumberKeysWithoutAccess
@@ -183,21 +191,19 @@ class NetworkPlan {
     }
 
     void AddOffers() {
-        for (const auto& [owners, index] : known_) {
+        for (const auto& [indices, index] : known_) {
             Network& network = result_.networks[index];
-            std::map<AccessPoint, std::size_t> known;  // to its index
-            for (const std::size_t owner : owners) {
-                network.name += (network.name.empty() ? "" : ", ") + operators_[owner].name;
-                const std::set<std::string>& numbers = numbers_[index][owner];
-                for (const AccessPoint& point : operators_[owner].accessPoints) {
-                    const auto [entry, isNew] = known.emplace(point, network.offers.size());
-                    ++report_[isNew ? ReportLine::kSettings : ReportLine::kSettingsRepeated];
-                    if (isNew) {
-                        network.offers.push_back({&point, {}});
-                    }
-                    network.offers[entry->second].numbers.insert(numbers.begin(), numbers.end());
+            std::vector<Owner> owners;
+            for (const std::size_t i : indices) {
+                network.name += (network.name.empty() ? "" : ", ") + operators_[i].name;
+                owners.push_back({&operators_[i], std::move(numbers_[index][i])});
+            }
+            for (const auto& [i, numbers] : numbers_[index]) {
+                if (!numbers.empty()) {
+                    owners.push_back({&operators_[i], numbers});  // it joins the network
                 }
             }
+            network.offers = OrderOffers(owners, providers_, report_);
         }
     }
 

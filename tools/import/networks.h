@@ -5,21 +5,15 @@
 #include <vector>
 
 #include "catalogue/catalogue.h"
-#include "import/providers.h"
+#include "import/offers.h"
 
 namespace tool {
-
-// A setting of a network: an access point, and the whole numbers of the operators that have it.
-struct Offer {
-    const AccessPoint* point;
-    std::set<std::string> numbers;  // the numbers with a key of the network
-};
 
 // A network of the catalogue: the names and access points of the operators that hold a key. Keys
 // with the same operators in the same order share a network.
 struct Network {
     std::string name;
-    std::vector<Offer> offers;  // in the order of the settings, each access point once
+    std::vector<Offer> offers;  // in the order of the settings
 };
 
 // A key that detection compares with a phone's answer.

@@ -68,10 +68,16 @@ class ProvidersReader {
         result.name = Name(node);
         result.primary = node.attribute("primary").as_bool();
         const pugi::xml_node gsm = node.child("gsm");
+        const std::set<std::string> cards = ReadCards(gsm, result.name);
         result.reseller = !gsm.child("gid1").empty();
         report_[ReportLine::kOperatorsResold] += result.reseller ? 1 : 0;
         ReadNumbers(gsm, result);
+        const std::string comments = CommentsBefore(node);
         ReadAccessPoints(gsm, country, result);
+        for (AccessPoint& point : result.accessPoints) {
+            point.cards = cards;
+            point.deprecated = point.deprecated || IsDeprecated(comments);
+        }
         if (!gsm) {
             ++report_[ReportLine::kOperatorsCdma];
         } else if (result.numbers.empty()) {
@@ -84,6 +90,19 @@ class ProvidersReader {
             report_[ReportLine::kAccessPoints] += result.accessPoints.size();
         }
         providers_.operators.push_back(std::move(result));
+    }
+
+    std::set<std::string> ReadCards(const pugi::xml_node& gsm, const std::string& operatorName) {
+        std::set<std::string> cards;
+        for (const pugi::xml_node& gid : gsm.children("gid1")) {
+            const std::string card = CardValue("gid", Clean(gid.child_value()));
+            if (!card.empty()) {
+                cards.insert(card);
+                continue;
+            }
+            report_.remarks.push_back(Concat(operatorName, ": malformed gid1 ", gid.child_value()));
+        }
+        return cards;
     }
 
     void ReadNumbers(const pugi::xml_node& gsm, Operator& result) {
@@ -140,7 +159,9 @@ class ProvidersReader {
         point.user = Clean(apn.child_value("username"));
         point.password = Clean(apn.child_value("password"));
         point.gateway = AddressValue(Clean(apn.child_value("gateway")), report_);
-        point.type = TypeIn(CommentsBefore(apn) + name);
+        const std::string said = CommentsBefore(apn) + point.displayName;
+        point.type = TypeIn(said);
+        point.deprecated = IsDeprecated(said);
         point.authentication =
             AuthenticationValue(apn.child("authentication").attribute("method").value());
         std::vector<std::string> servers;
@@ -185,6 +206,7 @@ void AccessPoint::Join(const AccessPoint& repeat) {
             mine = mine.empty() ? other : both;
         }
     };
+    cards.insert(repeat.cards.begin(), repeat.cards.end());
     join(type, repeat.type, kDualType);
     join(authentication, repeat.authentication, kEither);
 }

@@ -32,6 +32,8 @@ struct AccessPoint {
     std::string contract;
 
     // Not part of what it is: what more the data tell about it.
+    std::set<std::string> cards;  // as alternatives of the column Cards; empty: the operator's own
+    bool deprecated = false;
     std::string type;            // of the PDP context
     std::string authentication;  // as in the column Authentication
 
@@ -69,10 +71,12 @@ struct Operator {
     std::string name;
     bool primary = false;           // whether it runs the network that others share
     bool reseller = false;          // whether its subscribers have their numbers from another
-    bool isFromList = false;        // whether Android's list names it: then its name is no key
+    bool isFromList = false;        // whether Android's list has it: then its name is no key
     std::set<std::string> numbers;  // country and network code, five or six digits
     std::vector<AccessPoint> accessPoints;
 
+    // Whether it is in the networks of its numbers, and makes none where another operator does.
+    bool Joins() const { return reseller && isFromList; }
     // Whether the catalogue gets its access points. Otherwise only its name counts.
     bool Imported() const { return !numbers.empty() && !accessPoints.empty(); }
 };
@@ -85,11 +89,23 @@ struct ListedName {
     bool canBeKey;  // otherwise it only shows what a key could mean
 };
 
+// A row of Android's list for cards of the operator itself.
+struct ListedRow {
+    std::string number;
+    std::string apn;   // in small letters
+    std::string name;  // the first word of its name
+
+    bool operator<(const ListedRow& other) const {
+        return std::tie(number, apn, name) < std::tie(other.number, other.apn, other.name);
+    }
+};
+
 // All countries and operators, in the order of the file.
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
     std::vector<ListedName> listedNames;
+    std::vector<std::set<ListedRow>> lists;  // of each list
 };
 
 // Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.

@@ -76,7 +76,7 @@ class CatalogueMaker {
                 columns.emplace_back(column.name);
             }
         }
-        columns.insert(columns.end(), {kNumbers, kAuthentication});
+        columns.insert(columns.end(), {kNumbers, kCards, kAuthentication});
         Begin(schema::kBasicDUNSettings, columns);
         std::size_t count = 0;
         std::set<std::string> served;  // countries
@@ -103,6 +103,7 @@ class CatalogueMaker {
                                {schema::kPassword, point->password},
                                {schema::kRequiresUser, needsUser ? "Y" : "N"},
                                {kNumbers, Join(offer.numbers, " ")},
+                               {kCards, Join(offer.cards, "|")},
                                {kAuthentication, point->authentication}}));
             }
         }

@@ -4,6 +4,7 @@
 #include <arpa/inet.h>
 
 #include <algorithm>
+#include <cctype>
 
 #include "support/texts.h"
 #include "velmor.h"
@@ -47,6 +48,46 @@ std::string AuthenticationValue(const std::string& method) {
         }
     }
     return "";
+}
+
+std::string CardValue(const std::string& kind, const std::string& value) {
+    constexpr struct {
+        const char* kind;
+        const char* characters;  // of its values; null: all but the one between alternatives
+    } kKinds[] = {{"spn", nullptr},
+                  {"gid", "0123456789abcdef"},
+                  {"imsi", "0123456789x"},
+                  {"iccid", "0123456789"}};
+    const std::string name = InSmallLetters(kind);
+    for (const auto& [known, characters] : kKinds) {
+        const std::string text = characters == nullptr ? value : InSmallLetters(value);
+        const std::size_t fault =
+            characters == nullptr ? text.find('|') : text.find_first_not_of(characters);
+        if (name == known && !text.empty() && fault == std::string::npos) {
+            return name + "=" + text;
+        }
+    }
+    return "";
+}
+
+std::vector<std::string> Words(const std::string& text) {
+    std::vector<std::string> words(1);
+    for (const char c : InSmallLetters(text)) {
+        const bool isPart = std::isalnum(static_cast<unsigned char>(c)) != 0 || (c & 0x80) != 0;
+        if (isPart) {
+            words.back() += c;
+        } else if (!words.back().empty()) {
+            words.emplace_back();
+        }
+    }
+    return words;
+}
+
+bool IsDeprecated(const std::string& text) {
+    const std::string said = " " + Join(Words(text), " ") + " ";
+    const char* const signs[] = {" deprecated ", " obsolete ", " old ", " do not use "};
+    return std::any_of(std::begin(signs), std::end(signs),
+                       [&](const char* sign) { return said.find(sign) != std::string::npos; });
 }
 
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report) {

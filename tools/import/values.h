@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "import/providers.h"
 
@@ -22,6 +23,13 @@ constexpr char kEither[] = "either";
 // The value of the column Authentication that is meant by a method's name, or its number in
 // Android's lists; empty when none is.
 std::string AuthenticationValue(const std::string& method);
+// An alternative of the column Cards; empty when the kind is none of spn, gid, imsi and iccid, or
+// the value cannot stand there.
+std::string CardValue(const std::string& kind, const std::string& value);
+// The words of a text in small letters; characters that are no letters or digits part them.
+std::vector<std::string> Words(const std::string& text);
+// Whether a text says that what it tells of is no longer to be used.
+bool IsDeprecated(const std::string& text);
 // Names values that a host sees cut.
 void CheckLengths(const AccessPoint& point, const std::string& operatorName, ImportReport& report);
 
