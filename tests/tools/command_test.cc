@@ -119,7 +119,7 @@ const ShellRow kRows[] = {
     {"velmor settings sample --country Leerland; echo $?", 0, "1\n"},
     {"velmor settings sample --number 99999; echo $?", 0, "1\n"},
     // The subscriber's own number first.
-    {"sed 's/SubnetMask/Numbers/; s/northtel.example#1####/&999012/' " VELMOR_DATA_DIR
+    {"sed 's/SubnetMask/Numbers/; s/northtel.example#1#IP###/&999012/' " VELMOR_DATA_DIR
      "/sample.source | velmor settings /dev/stdin --number 99901234 --columns id,cards",
      0, "id  cards\n2\n1\n"},
     {"velmor settings sample --country Sudland --json | grep -c sud.example", 0, "1\n"},
