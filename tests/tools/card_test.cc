@@ -13,11 +13,11 @@ using namespace tool;
 namespace {
 
 TEST(Card, FitsItsMostSpecificAlternative) {
-    const CardFacts card = {"302720123456789", "8930220123", "5aFF", "ŠKODA Ёж"};
+    const CardFacts card = {"302720123456789", "8930220123", "5aFF", "Škoda Ёж"};
     const std::pair<const char*, CardMatch> rows[] = {
         {"", CardMatch::kAny},
-        {"spn=ŠKODA ёЖ", CardMatch::kSpn},
-        {"spn=škoda Ёж ", CardMatch::kOther},
+        {"spn=ŠKODA Ёж", CardMatch::kSpn},
+        {"spn=ŠKODA Ёж ", CardMatch::kOther},
         {"spn=ŠKODA", CardMatch::kOther},
         {"spn=", CardMatch::kOther},
         {"gid=5A", CardMatch::kGid},
@@ -27,7 +27,7 @@ TEST(Card, FitsItsMostSpecificAlternative) {
         {"imsi=30272Xx23456789", CardMatch::kImsi},
         {"imsi=302720123456789x", CardMatch::kOther},
         {"iccid=893022", CardMatch::kIccid},
-        {"gid=6|spn=škoda ёж|gid=5", CardMatch::kGid},
+        {"gid=6|spn=Škoda Ёж|gid=5", CardMatch::kGid},
         {"imsi=3|iccid=9|gid=5a|iccid=89", CardMatch::kIccid},
         {"pnn=A|gid", CardMatch::kOther},
     };
@@ -45,7 +45,7 @@ std::string Detected(const std::string& profile) {
     source.erase(source.find("E#$_TABLE_BEGIN_$" + table));
     source +=
         "E#$_TABLE_BEGIN_$#BasicDUNSettings#ID#NetworkID#APN#Numbers#Cards#\n"
-        "E#3#100#c#99901#spn=Norfone|spn=šä ωЖ|spn=šä|spn=Ωж|spn=€ 9#\nE#4#100#d#99901#gid=5a01#\n"
+        "E#3#100#c#99901#spn=Norfone|spn=ŠÄ Ωж|spn=ŠÄ|spn=Ωж|spn=€ 9#\nE#4#100#d#99901#gid=5a01#\n"
         "E#5#100#e##imsi=99901x34#\nE#6#100#f##iccid=894701#\nE#1#100#a#99901##\n"
         "E#2#100#b#999012##\nE#$_TABLE_END_$#\n#$_DATABASE_END_$#\n";
     WriteFile("catalogue", source);

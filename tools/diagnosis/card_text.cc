@@ -60,7 +60,8 @@ std::string CardText(const std::string& file, std::size_t begin) {
     const std::size_t size = file.size() / 2 - std::min(file.size() / 2, begin);
     const unsigned coding = at(0);
     std::string text;
-    for (std::size_t i = 1; coding == 0x80 && i + 1 < size && at(i) != kFill; i += 2) {
+    for (std::size_t i = 1; coding == 0x80 && i + 1 < size && (at(i) & at(i + 1)) != kFill;
+         i += 2) {
         Append(text, at(i) << 8 | at(i + 1));
     }
     // The letters of one alphabet stand behind their count and the first letter of this alphabet.
