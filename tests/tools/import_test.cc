@@ -108,6 +108,7 @@ struct Owner {
     std::string name;
     bool primary = false;
     bool reseller = false;
+    std::string country;
     std::set<std::string> numbers;
     std::vector<std::string> offers, deprecated;
 };
@@ -124,6 +125,7 @@ std::string Comments(const pugi::xml_node& node) {
 Owner ReadOwner(const pugi::xml_node& node) {
     Owner owner;
     owner.name = Text(node, "name[not(@xml:lang)]");
+    owner.country = Text(node, "../@code");
     owner.primary = Text(node, "@primary") == "true";
     owner.reseller = node.select_node("gsm/gid1");
     for (const auto& id : node.select_nodes("gsm/network-id")) {
@@ -210,8 +212,18 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         EXPECT_EQ(Detected(Concat("AT+COPS?: +COPS: 0,2,\"", number, "\"")), offers) << number;
     }
     EXPECT_GE(numbers.size(), 800U);
-    std::set<std::string> names;
+    std::set<std::string> names, shown;
     for (const Owner& owner : owners) {
+        for (const std::string& text :
+             {Concat(owner.name, "-", owner.country), owner.name.substr(0, 16)}) {
+            const auto offers = Detected(Concat("AT+COPS?: +COPS: 0,0,\"", text, "\""));
+            shown.insert(offers.empty() ? "" : text);
+            for (const std::string& number : owner.numbers) {
+                EXPECT_TRUE(offers.empty() ||
+                            offers == Detected(Concat("AT+CIMI: ", number, "000000000")))
+                    << text << " " << number;
+            }
+        }
         const auto offers = Detected(Concat("AT+COPS?: +COPS: 0,0,\"", owner.name, "\""));
         if (!offers.empty()) {  // then all operators of that name offer the same
             names.insert(owner.name);
@@ -222,6 +234,7 @@ TEST_F(ImportedCatalogue, OffersWhatTheOwnersOfANumberOrNameHave) {
         }
     }
     EXPECT_GE(names.size(), 300U);
+    EXPECT_GE(shown.size(), 450U);
 }
 
 // A row of a list that the test makes; without a kind it is for the operator's own cards.

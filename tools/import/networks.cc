@@ -14,7 +14,9 @@
 #include <set>
 #include <tuple>
 
+#include "catalogue/identifiers.h"
 #include "detection/questions.h"
+#include "import/shown_names.h"
 
 namespace tool {
 namespace {
@@ -102,6 +104,44 @@ class NetworkPlan {
                                     {ReportLine::kNameKeys, true}});
             if (line == ReportLine::kNameKeys) {
                 AddKey(name, *meaning.networks.begin());
+            }
+        }
+    }
+
+    // What phones show instead of a name. A name that is in the data counts more.
+    void AddShownKeys() {
+        const std::map<std::string, Meaning> names = MeaningsOfNames();
+        std::map<std::string, Meaning> shown;
+        const auto add = [&](const std::string& name, const std::string& country,
+                             const std::string& number, bool canBeKey) {
+            const auto network = networkOfNumber_.find(number);
+            const bool isShared = texts_.count(MakeKey(recipe_, name)) == 0;
+            for (const std::string& text : ShownNames(name, country, isShared)) {
+                Meaning& meaning = shown[MakeKey(recipe_, text)];
+                meaning.canBeKey |= canBeKey;
+                if (network == networkOfNumber_.end()) {
+                    meaning.isElsewhere = true;
+                } else {
+                    meaning.networks.insert(network->second);
+                }
+            }
+        };
+        for (const Operator& owner : operators_) {
+            for (const std::string& number : owner.numbers) {
+                add(owner.name, CountryOfMcc(number), number, !owner.isFromList);
+            }
+            if (owner.numbers.empty() && !owner.accessPoints.empty()) {
+                add(owner.name, owner.accessPoints.front().country, "", false);
+            }
+        }
+        for (const ListedName& listed : providers_.listedNames) {
+            add(listed.name, CountryOfMcc(listed.number), listed.number, listed.canBeKey);
+        }
+        for (const auto& [text, meaning] : shown) {
+            const bool isClear = meaning.networks.size() == 1 && !meaning.isElsewhere;
+            if (meaning.canBeKey && isClear && names.count(text) + texts_.count(text) == 0) {
+                ++report_[ReportLine::kShownKeys];
+                AddKey(text, *meaning.networks.begin());
             }
         }
     }
@@ -233,6 +273,7 @@ Networks DecideNetworks(const Providers& providers, const vel::Recipe& recipe,
     plan.AddNumberKeys();
     plan.AddWholeNumberKeys();
     plan.AddNameKeys();
+    plan.AddShownKeys();
     return plan.Take();
 }
 
