@@ -63,18 +63,19 @@ TEST(OwnRows, WinOverTheLists) {
         std::string own;
         std::vector<std::pair<const char*, const char*>> offers;  // by key
     } cases[] = {
-        // A key of its own, and one that an operator has alone: its name goes too.
+        // A key of its own, and one that an operator has alone.
         {";7/O;20209/7 20203/7;1/7/o/O/gr/",
          {{"20209", "o* 20203 20209, c 20203"},
           {"20203", "o* 20203 20209, c 20203"},
-          {"B", ""},
           {"20202", "a* 20202, b 20202, c 20202"}}},
         // Keys of two networks.
         {";7/O;20203/7 20202/7;1/7/o/O/gr/N 1/7/p/O/gr/Y",
          {{"20202", "o* 20202 20203, p 20202 20203, a 20202, b 20202, c 20202 20203"},
           {"20201", "a* 20201, b 20201"}}},
-        // Whole numbers follow their first digits, but not the other way round.
-        {";7/O;20204/7;1/7/o/O/gr/", {{"202040", "o* 20204 202040 202041, d 202040, e 202041"}}},
+        // Whole numbers and names follow the first digits, but not the other way round.
+        {";7/O;20204/7;1/7/o/O/gr/",
+         {{"202040", "o* 20204 202040 202041, d 202040, e 202041"},
+          {"C", "o* 20204 202040 202041, d 202040, e 202041"}}},
         {";7/O;202040/7;1/7/o/O/gr/",
          {{"202040", "o* 202040, d 202040"}, {"20204", "d* 202040, e 202041"}}},
         // Two own networks take the numbers of one.
@@ -97,6 +98,24 @@ TEST(OwnRows, WinOverTheLists) {
             EXPECT_EQ(Offers(catalogue, key), expected) << key << " of " << own;
         }
     }
+}
+
+// A list in Android's form adds rows to numbers that are known, and none of its names is a key.
+TEST(OwnRows, CanBeAList) {
+    WriteFile("operators.xml", kOperators);
+    WriteFile("own.XML",
+              "<apns><apn carrier='C' mcc='202' mnc='02' apn='x'/>"
+              "<apn carrier='Two' mcc='202' mnc='02' apn='y' mvno_type='gid' mvno_match_data='5A'/>"
+              "<apn carrier='F' mcc='542' mnc='01' apn='z' protocol='IPV6'/><apn mcc='x'/></apns>");
+    const std::string report = Import("operators.xml --add own.XML -o out.source");
+    EXPECT_NE(report.find("     2  own keys\n     1    keys of the lists"), std::string::npos);
+    EXPECT_NE(report.find("own.XML:1: "), std::string::npos);
+    Findings findings;
+    const Catalogue catalogue = ReadCatalogue(ReadFile("out.source"), findings);
+    EXPECT_EQ(Offers(catalogue, "20202"), "x* 20202, y 20202, a 20202, b 20202, c 20202");
+    EXPECT_EQ(Offers(catalogue, "C"), "d* 202040, e 202041");
+    EXPECT_NE(ReadFile("out.source").find("E#fj#Fiji#\n"), std::string::npos);
+    EXPECT_NE(ReadFile("out.source").find("#IPV6#"), std::string::npos);
 }
 
 TEST(OwnRows, NameTheLineOfAFault) {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // velmor import: makes a catalogue source from operators' data and a source of phones.
+#include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
@@ -14,6 +16,7 @@
 #include "session/schema.h"
 #include "support/error.h"
 #include "support/output_file.h"
+#include "support/texts.h"
 #include "support/utf8.h"
 
 namespace tool {
@@ -40,6 +43,32 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
             country.name = country.code;
         }
     }
+}
+
+// A keeper's own source. A list in Android's form becomes what it gives as the only list, without
+// the names: those of few rows cannot show what else a name means.
+InputCatalogue ReadOwn(const std::string& path, const ImportOptions& options,
+                       const InputCatalogue& phones, const vel::Recipe& recipe,
+                       ImportReport& report) {
+    const std::string name = InSmallLetters(path);
+    const bool isXml = name.size() > 4 && name.compare(name.size() - 4, 4, ".xml") == 0;
+    if (!isXml && !std::filesystem::is_directory(path)) {
+        return InputCatalogue(path);
+    }
+    ImportReport counts;
+    Providers providers;
+    AddAndroidList(path, providers, counts);
+    NameCountries(providers.countries, options.iso, counts);
+    Networks networks = DecideNetworks(providers, recipe, counts);
+    networks.keys.erase(std::remove_if(networks.keys.begin(), networks.keys.end(),
+                                       [](const NetworkKey& key) { return !IsDigits(key.text); }),
+                        networks.keys.end());
+    report.remarks.insert(report.remarks.end(), counts.remarks.begin(), counts.remarks.end());
+    Catalogue own = MakeCatalogue(phones, providers, networks, counts);
+    for (CatalogueTable& table : own.tables) {
+        table.line = 0;  // the phones' tables too: none is a part of the list
+    }
+    return {path, std::move(own)};
 }
 
 }  // namespace
@@ -71,7 +100,7 @@ int RunImport(const ImportOptions& options) {
     // The first source wins: it takes keys from the others.
     for (auto own = options.own.rbegin(); own != options.own.rend(); ++own) {
         report.parts.insert(ReportPart::kOwn);
-        AddOwnRows(InputCatalogue(*own), recipe, catalogue, report);
+        AddOwnRows(ReadOwn(*own, options, phones, recipe, report), recipe, catalogue, report);
     }
     std::optional<InputCatalogue> previous;
     if (!options.previous.empty()) {

@@ -13,6 +13,9 @@ namespace tool {
 class InputCatalogue {
   public:
     explicit InputCatalogue(std::string path);
+    // A catalogue that was made from the file.
+    InputCatalogue(std::string path, Catalogue catalogue)
+        : path_(std::move(path)), catalogue_(std::move(catalogue)) {}
 
     const std::string& Path() const { return path_; }
     const Catalogue& Tables() const { return catalogue_; }

@@ -62,7 +62,8 @@ class OwnRows {
         for (const CatalogueTable& table : own_.Tables().tables) {
             const Keys read = {kCountries, kNetworks, kNetworkIdentification, kBasicDUNSettings,
                                kGeneralVariables};
-            if (read.count(table.name) == 0 && !table.rows.empty()) {
+            const bool isRead = read.count(table.name) > 0;
+            if (!isRead && !table.rows.empty() && table.line > 0) {  // not of a list
                 report_.remarks.push_back(Concat(own_.Path(), ":", table.line, ": the table ",
                                                  table.name,
                                                  " is not read; its rows belong into the phones' "
@@ -242,9 +243,12 @@ class OwnRows {
         for (CatalogueRow& row : table.rows) {
             const std::string network = table.Cell(row, kNetworkID);
             std::string& numbers = Cell(table, row, kNumbers);
-            numbers = takers_.count(network) == 0 ? numbers
-                                                  : Join(NumbersOf(numbers, rest_[network]), " ");
-            if (gone_.count(network) == 0) {
+            bool stays = gone_.count(network) == 0;
+            if (takers_.count(network) > 0 && !numbers.empty()) {
+                numbers = Join(NumbersOf(numbers, rest_[network]), " ");
+                stays = stays && !numbers.empty();
+            }
+            if (stays) {
                 rows.push_back(std::move(row));
             }
         }
