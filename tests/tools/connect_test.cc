@@ -67,14 +67,14 @@ TEST(ConnectCommand, SaysWhyThereIsNoLink) {
 // Each candidate: its access point, its user and its dial commands, and the options of pppd for its
 // type and its authentication. `var1`: the value of this column in both settings.
 std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& last,
-                  const std::string& var1 = "") {
+                  const std::string& var1 = "IP") {
     Findings ignored;
     const Catalogue catalogue = ReadCatalogue(
         SampleSource()
             .Replace("E#10#GPRS#ATD*99***1\\##AT+CGDCONT=1,\"IP\"",
                      "E#10#GPRS#ATD*99***1\\##AT+CGDCONT=1,\"%VAR1%\"")
-            .Replace("tel.example#1###", "tel.example#1#" + var1 + "##")
-            .Replace("tel.example#1####", "tel.example#1#" + var1 + "###")
+            .Replace("internet.northtel.example#1#IP#", "internet.northtel.example#1#" + var1 + "#")
+            .Replace("prepaid.northtel.example#1#IP#", "prepaid.northtel.example#1#" + var1 + "#")
             .Replace(
                 "E#$_TABLE_BEGIN_$#BasicDUNSettings",
                 "E#$_TABLE_BEGIN_$#FurtherDUNForPhone#PhoneID#NetworkType#DialString#"
@@ -105,7 +105,7 @@ std::string Tried(const OwnAccessPoint& own, const std::optional<Remembered>& la
             tried += IsDialCommand(command) ? " " + command.substr(3) : "";
         }
         const PppKind kind = {ContextTypes(candidate.script), candidate.authentication};
-        tried += var1.empty() ? "" : " " + Join(kind.Options(), ",");
+        tried += var1 == "IP" ? "" : " " + Join(kind.Options(), ",");
         tried += "\n";
     }
     return tried;

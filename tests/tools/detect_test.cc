@@ -92,7 +92,7 @@ TEST(Detection, TellsWhatItFound) {
             .text();
     const std::tuple<const std::string&, std::string, const char*> rows[] = {
         {sample, "ATI: Manufacturer: Acme Inc",
-         "#3#Acme#\n\nTable ManufacturerIdentification:\nE#MANUFACTURER:ACMEINC#3#\n"
+         "#3#Acme#\n\nTable ManufacturerIdentification (--phones):\nE#MANUFACTURER:ACMEINC#3#\n"
          "  before the line E#ACME#"},
         {sample, "AT+CGMI: Foo B12", "\nE#FOOB12#"},
         {sample,
@@ -149,6 +149,9 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {kSubscriber, detect + "--apn Internet.northtel.example --format wvdial", 0,
          "internet.northtel.example"},
         {kSubscriber, detect + "--contract postpaid | grep -c ^Setting", 0, "1\n"},
+        {kSubscriber, detect + "--json | grep -c 999012000000000", 0, "1\n"},
+        {kSubscriber, detect + "--json --show-numbers | grep -c 999012345678901", 0, "1\n"},
+        {kSubscriber, detect + "--show-numbers", 2, "has no effect with --format text"},
         {kSubscriber, detect + "--apn other", 2, "internet.northtel.example (postpaid), prepaid"},
         {kStranger, detect + "--like 9", 2, "no such phone"},
         {kStranger, detect + "--like 10", 0,
