@@ -8,6 +8,7 @@
 #include "diagnosis/detection.h"
 #include "diagnosis/names.h"
 #include "support/texts.h"
+#include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
 
 namespace {
@@ -131,6 +132,21 @@ TEST_F(ModelNames, AreThoseOfPeopleOnceAdvised) {
         }
         const tool::Detection after = detect();
         EXPECT_EQ(after.manufacturer + ": " + after.phone, lines[0]) << row;
+    }
+}
+
+TEST(DialRows, DifferByFamily) {
+    Import(VELMOR_TESTS_DIR "/tools/operators.xml -o imported", VELMOR_DATA_DIR "/phones.source");
+    const std::string source = ReadFile("imported");
+    const std::pair<const char*, bool> rows[] = {
+        {"#1201#CDMA#ATDT\\#777#AT+CRM=1#", true},
+        {"#1201#GPRS#", false},  // nothing of GSM for a CDMA phone
+        {"#1206#GPRS#ATD*99**1*1\\##AT+CGDCONT=1,\"%VAR1%\",\"%APN%\"#", true},
+        {"#1308#GPRS#ATD*99***1\\##AT+CGDCONT=1,\"%VAR1%\",\"%APN%\"#", true},
+        {"#1601#GPRS#ATD*99***3\\##AT#", true},
+    };
+    for (const auto& [row, there] : rows) {
+        EXPECT_EQ(source.find(row) != std::string::npos, there) << row;
     }
 }
 

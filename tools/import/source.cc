@@ -16,6 +16,8 @@ namespace {
 // The network type of all imported networks. A phone without a dial-up row for this type gets the
 // strings of 3GPP TS 27.007.
 constexpr char kImportedType[] = "GPRS";
+// A phone with a row for this type is on no network of the imported type, unless a row says so.
+constexpr char kCdmaType[] = "CDMA";
 constexpr char kDefaultDialString[] = "ATD*99***1#";
 constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"%VAR1%","%APN%")";
 constexpr char kContext[] = "1";     // the PDP context, for %NUM%
@@ -57,12 +59,12 @@ class CatalogueMaker {
     void AddPhoneRows() {
         Begin(schema::kBasicDUNForPhone, {schema::kPhoneID, schema::kNetworkType,
                                           schema::kDialString, schema::kInitializationString});
-        std::set<std::string> dialsImportedType = CopyPhoneRows();
+        std::set<std::string> dialled = CopyPhoneRows();
         const CatalogueTable& phones = phones_.Get(schema::kPhones);
         const int id = phones_.Column(phones, schema::kID);
         report_[ReportLine::kPhones] += phones.rows.size();
         for (const CatalogueRow& phone : phones.rows) {
-            if (dialsImportedType.insert(phone.Cell(id)).second) {
+            if (dialled.insert(phone.Cell(id)).second) {
                 Add({phone.Cell(id), kImportedType, kDefaultDialString, kDefaultInitialization});
                 ++report_[ReportLine::kPhonesWithDefault];
             }
@@ -124,12 +126,12 @@ class CatalogueMaker {
         result_.tables.back().rows.push_back({0, std::move(cells)});
     }
 
-    // Returns the phones with a row for the imported type.
+    // Returns the phones with a row for the imported type or for CDMA.
     std::set<std::string> CopyPhoneRows() {
-        std::set<std::string> dialsImportedType;
+        std::set<std::string> dialled;
         const CatalogueTable* rows = phones_.Tables().Find(schema::kBasicDUNForPhone);
         if (rows == nullptr) {
-            return dialsImportedType;
+            return dialled;
         }
         const int phone = phones_.Column(*rows, schema::kPhoneID);
         const int type = phones_.Column(*rows, schema::kNetworkType);
@@ -142,11 +144,11 @@ class CatalogueMaker {
                 continue;
             }
             Add({row.Cell(phone), row.Cell(type), row.Cell(dial), row.Cell(init)});
-            if (row.Cell(type) == kImportedType) {
-                dialsImportedType.insert(row.Cell(phone));
+            if (row.Cell(type) == kImportedType || row.Cell(type) == kCdmaType) {
+                dialled.insert(row.Cell(phone));
             }
         }
-        return dialsImportedType;
+        return dialled;
     }
 
     const InputCatalogue& phones_;
