@@ -145,6 +145,8 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {"flood = ERR", detect + "-v", 1, "< ..."},
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+CGM\\|> AT+CIMI'", 0, "5\n"},
         {kAcme, "velmor detect ../sample --device profile", 2, "serial device"},
+        {kX100 + "AT+CIMI: 123451234567890\nAT+CGCONTRDP: +CGCONTRDP: 1,5,\"net.example\"", detect,
+         1, "Access point  net.example, granted by the network\n"},
         {kStranger, detect + "--format ppp", 1, "nothing is ready"},
         {kSubscriber, detect + "--apn Internet.northtel.example --format wvdial", 0,
          "internet.northtel.example"},

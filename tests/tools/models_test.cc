@@ -150,4 +150,28 @@ TEST(DialRows, DifferByFamily) {
     }
 }
 
+TEST(AccessPoint, IsWhatTheNetworkGranted) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"\r\n+CGCONTRDP: 1,5,\"Internet.mnc001.mcc262.gprs\",\"10.0.0.1\"\r\n\r\nOK\r\n",
+         "internet"},
+        {"+CGCONTRDP: 0,5,ims.mnc012\r\n+CGCONTRDP: 1,6,web.example\r\nOK\r\n", "web.example"},
+        {"AT+CGCONTRDP\r\r\nOK\r\n", ""},
+        {"+CGCONTRDP: 1,5,\"\",\"\"\r\nOK\r\n", ""},
+        {"+CGCONTRDP: 1,5,\".mnc001\"\r\nOK\r\n", ""},
+        {"+CGCONTRDP: 1,5,\"a\tz\"\r\nOK\r\n", ""},
+        {"+CGCONTRDP: 1\r\nERROR\r\n", ""},
+    };
+    for (const auto& [answer, name] : rows) {
+        EXPECT_EQ(tool::GrantedAccessPoint(answer), name) << answer;
+    }
+    tool::Identification found;
+    found.network = {"99811", "99811"};
+    found.accessPoint = "web.example";
+    tool::Findings ignored;
+    const auto lines = tool::Advise(found, tool::ReadCatalogue(SampleSource().text(), ignored));
+    EXPECT_TRUE(std::any_of(lines.begin(), lines.end(), [](const tool::AdvisedLine& line) {
+        return line.line.find("#web.example#") != std::string::npos;
+    }));
+}
+
 }  // namespace

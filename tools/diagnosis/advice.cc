@@ -49,12 +49,13 @@ class Adviser {
         if (!networkId.empty() && Texts(kBasicDUNSettings, kNetworkID).count(networkId) == 0) {
             const std::string name = found_.operatorName.empty() ? "Network " + found_.network.text
                                                                  : found_.operatorName;
-            Add(kBasicDUNSettings, {{kID, FreeId(kBasicDUNSettings)},
-                                    {kNetworkID, networkId},
-                                    {kName, name},
-                                    {kAPN, kAdvisedApn},
-                                    {kVAR1, NeedsType() ? "IP" : ""},
-                                    {kCountryID, Country()}});
+            Add(kBasicDUNSettings,
+                {{kID, FreeId(kBasicDUNSettings)},
+                 {kNetworkID, networkId},
+                 {kName, name},
+                 {kAPN, found_.accessPoint.empty() ? kAdvisedApn : found_.accessPoint},
+                 {kVAR1, NeedsType() ? "IP" : ""},
+                 {kCountryID, Country()}});
         }
         if (!phoneId.empty()) {
             AddDialStrings(phoneId);

@@ -15,7 +15,8 @@ struct AdvisedLine {
     std::string before;  // the line of the source that must come after it; empty: none
 };
 
-// The access point of an advised setting. The user must replace it, because no phone reports it.
+// The access point of an advised setting where the phone did not tell one. The user must replace
+// it.
 constexpr char kAdvisedApn[] = "access-point-name";
 
 // The option of velmor import that names the source of a table's lines: an import writes its

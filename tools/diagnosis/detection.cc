@@ -187,6 +187,13 @@ Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
     if (found.answered && found.identification.networkId.empty() && dialogue.IsOpen()) {
         found.card = AskSimCard(dialogue);
     }
+    const bool incomplete = found.identification.networkId.empty() || !found.advice.empty();
+    if (found.answered && incomplete && dialogue.IsOpen()) {
+        const std::string answer = dialogue.Ask(kContextQuestion, kPreparation);
+        found.card.questions.push_back({Concat(kContextQuestion, "\r"), answer});
+        found.identification.accessPoint = GrantedAccessPoint(answer);
+        found.advice = Advise(found.identification, plan.catalogue);
+    }
     return found;
 }
 

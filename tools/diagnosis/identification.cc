@@ -165,6 +165,26 @@ Identification Identify(const std::vector<Exchange>& dialogue) {
     return found;
 }
 
+std::string GrantedAccessPoint(const std::string& answer) {
+    std::istringstream lines(answer);
+    for (std::string line; std::getline(lines, line);) {
+        const std::vector<std::string> fields = Split(line, ',');
+        if (!BeginsWith(line, "+CGCONTRDP:") || fields.size() < 3) {
+            continue;
+        }
+        // Behind the name the network may tell the operator: .mnc001.mcc262.gprs (TS 23.003).
+        const std::string name = InSmallLetters(fields[2]);
+        const std::size_t start = name.find_first_not_of(" \"");
+        const std::size_t end = std::min(name.find(".mnc"), name.find_last_not_of("\"\r") + 1);
+        if (start < end && !BeginsWith(name.substr(start), "ims") &&
+            std::none_of(name.begin() + static_cast<std::ptrdiff_t>(start),
+                         name.begin() + static_cast<std::ptrdiff_t>(end), IsControl)) {
+            return name.substr(start, end - start);
+        }
+    }
+    return {};
+}
+
 std::string Imsi(const std::vector<Exchange>& dialogue) {
     for (const Exchange& exchange : dialogue) {
         const std::size_t start = exchange.answer.find_first_of("0123456789");

@@ -35,11 +35,18 @@ struct Identification {
     std::string networkId;
 
     std::string operatorName;  // may be empty
+    std::string accessPoint;   // that the network granted; empty: the phone did not tell
     std::string digits;        // up to six of the IMSI, else of an operator told as a number
 };
 
 // Reads the dialogue of a detection as the library did, with the catalogue of its session.
 Identification Identify(const std::vector<Exchange>& dialogue);
+
+// The command that asks for the contexts that are active (3GPP TS 27.007), and the first access
+// point in its answer that is not only for calls. Empty: none is active, as before LTE, or the
+// phone does not know the command.
+constexpr char kContextQuestion[] = "AT+CGCONTRDP";
+std::string GrantedAccessPoint(const std::string& answer);
 
 // The IMSI (3GPP TS 23.003: up to 15 digits) that the phone told; empty when it told none.
 std::string Imsi(const std::vector<Exchange>& dialogue);

@@ -48,7 +48,9 @@ void PrintAdvice(const Detection& found) {
         << "\nAdd these lines to the source of the catalogue; if velmor import makes it, to the "
            "source that\nthe option behind the table gives to import. Correct the names, the "
            "country, and the access\npoint "
-        << kAdvisedApn << ". Then run velmor check and velmor encode.\n";
+        << (found.identification.accessPoint.empty() ? kAdvisedApn
+                                                     : found.identification.accessPoint)
+        << ". Then run velmor check and velmor encode.\n";
     std::set<std::string> done;
     for (const AdvisedLine& first : found.advice) {
         if (done.insert(first.table).second) {
@@ -119,6 +121,9 @@ void PrintDetection(const Detection& found) {
     if (!found.card.words.empty()) {
         rows.push_back({"SIM card", found.card.words});
     }
+    if (!identification.accessPoint.empty()) {
+        rows.push_back({"Access point", identification.accessPoint + ", granted by the network"});
+    }
     PrintAligned(rows);
     for (const Detection::Setting& setting : found.settings) {
         std::cout << "\n";
@@ -150,11 +155,9 @@ void PrintDetectionJson(const Detection& found, bool numbers) {
     if (found.fallbackId >= 0) {
         json["dialled_as"] = {{"id", found.fallbackId}, {"name", found.fallback}};
     }
-    json["network"] = {{"answer", said.network.text},
-                       {"key", said.network.key},
-                       {"id", said.networkId},
-                       {"type", found.networkType},
-                       {"operator", said.operatorName}};
+    json["network"] = {{"answer", said.network.text},   {"key", said.network.key},
+                       {"id", said.networkId},          {"type", found.networkType},
+                       {"operator", said.operatorName}, {"access_point", said.accessPoint}};
     if (!found.card.words.empty()) {
         json["sim"] = {
             {"state", found.card.state}, {"answer", found.card.line}, {"text", found.card.words}};
