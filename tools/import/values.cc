@@ -64,7 +64,7 @@ std::string CardValue(const std::string& kind, const std::string& value) {
         const std::size_t fault =
             characters == nullptr ? text.find('|') : text.find_first_not_of(characters);
         if (name == known && !text.empty() && fault == std::string::npos) {
-            return name + "=" + text;
+            return Concat(name, "=", text);
         }
     }
     return "";
