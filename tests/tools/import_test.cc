@@ -36,6 +36,16 @@ TEST(Import, DecidesWhatTheDataLeaveOpen) {
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "operators.source"));
 }
 
+// One without types and cards, in the order of the data.
+TEST(Import, KeepsTheIdentifiersOfAnOlderCatalogue) {
+    const std::string now = ReadFile(kHere + "operators.source");
+    const std::string old = Replaced(Replaced(now, "#IP(V4V6)?#", "##"), "test#12#", "test#11#");
+    WriteFile("old.source", Replaced(old, "(E#8#4#t.*\n)(E#9#4#t.*\n)", "$2$1"));
+    EXPECT_NE(ReadFile("old.source"), old);
+    ImportData(kHere + "operators.xml --previous old.source" + kIso);
+    EXPECT_EQ(ReadFile("out.source"), now);
+}
+
 TEST(Import, AddsTheNumbersOfAndroidsList) {
     fs::copy(kHere + "android", "android",
              fs::copy_options::recursive | fs::copy_options::overwrite_existing);
