@@ -2,9 +2,11 @@
 # files out to packages. scripts/package tries all of it.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS velmor EXPORT velmorTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
-install(FILES include/velmor.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+install(TARGETS velmor velmor_line velmor_line_static EXPORT velmorTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(FILES include/velmor.h include/velmor_line.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 install(EXPORT velmorTargets NAMESPACE velmor::
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/velmor COMPONENT development)
 configure_package_config_file(cmake/velmorConfig.cmake.in velmorConfig.cmake
@@ -16,9 +18,11 @@ install(FILES ${PROJECT_BINARY_DIR}/velmorConfig.cmake ${PROJECT_BINARY_DIR}/vel
 file(RELATIVE_PATH velmor_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 string(REGEX REPLACE "/$" "" velmor_pc_prefix ${velmor_pc_prefix})
 configure_file(cmake/velmor.pc.in velmor.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/velmor.pc
+configure_file(cmake/velmor-line.pc.in velmor-line.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/velmor.pc ${PROJECT_BINARY_DIR}/velmor-line.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
-install(FILES docs/velmor.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
+install(FILES docs/velmor.3 docs/velmor_line.3
+  DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT development)
 
 if(TARGET velmor_command)
   install(TARGETS velmor_command DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
