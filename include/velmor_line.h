@@ -85,7 +85,7 @@ typedef struct {
 VELMOR_LINE_EXPORT void VelmorLine_StartPreparation(VelmorLine_Preparation* preparation,
                                                     long options);
 
-/* Tells the next command, without its carriage return: echo and words as result codes (ATE1, ATV1),
+/* Tells the next command, without its carriage return: words as result codes and echo (ATV1, ATE1),
  * then what the phone tells of its state, and what differs from plain errors (AT+CMEE=0), no
  * unsolicited lines (AT+CREG=0, AT+CGREG=0, AT+CEREG=0, AT^CURC=0) and readable names (AT+CSCS).
  *

@@ -15,8 +15,8 @@ static const struct {
     const char* wanted;
     long options; /* with which it is done */
 } kSteps[] = {
-    {"ATE1", NULL, NULL, 0}, /* without echo the library reads no line of ATI */
-    {"ATV1", NULL, NULL, 0},
+    {"ATV1", NULL, NULL, 0},                    /* first: a number is hard to tell from an answer */
+    {"ATE1", NULL, NULL, 0},                    /* without echo the library reads no line of ATI */
     {"AT+CFUN", "0;4", "1", VELMOR_LINE_RADIO}, /* before the rest, which may depend on it */
     {"AT+CMEE", "1;2", "0", 0}, /* the library knows no numbers or texts of errors */
     {"AT+CREG", "1;2;3", "0", 0},

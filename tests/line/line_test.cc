@@ -158,15 +158,15 @@ TEST(Filter, LeavesUsualAnswersAlone) {
 
 // The commands of a preparation with what undoes it, by what the phone answers.
 TEST(Preparation, ChangesWhatDisturbsAndPutsItBack) {
-    const std::string asks = "ATE1 ATV1 AT+CMEE? AT+CREG? AT+CGREG? AT+CEREG? AT^CURC? AT+CSCS? / ";
+    const std::string asks = "ATV1 ATE1 AT+CMEE? AT+CREG? AT+CGREG? AT+CEREG? AT^CURC? AT+CSCS? / ";
     const std::tuple<const char*, long, std::string> rows[] = {
         {"", 0, asks},
         {"AT+CREG?: +CREG: 0,1\nAT+CFUN?: +CFUN: 0\nAT+CSCS?: +CSCS: \"GSM\"", 0, asks},
         {"AT+CFUN?: +CFUN: 4\nAT+CREG?: +CREG:2,1,\"A\"", VELMOR_LINE_RADIO,
-         "ATE1 ATV1 AT+CFUN? AT+CFUN=1 AT+CMEE? AT+CREG? AT+CREG=0 AT+CGREG? AT+CEREG? AT^CURC? "
+         "ATV1 ATE1 AT+CFUN? AT+CFUN=1 AT+CMEE? AT+CREG? AT+CREG=0 AT+CGREG? AT+CEREG? AT^CURC? "
          "AT+CSCS? / AT+CREG=2 AT+CFUN=4 "},
         {"AT+CMEE?: +CMEE: 2\nAT+CSCS?: +CSCS: \"UCS2\"\nAT^CURC?: ^RSSI:1\\n^CURC: 1\n", 0,
-         "ATE1 ATV1 AT+CMEE? AT+CMEE=0 AT+CREG? AT+CGREG? AT+CEREG? AT^CURC? AT^CURC=0 AT+CSCS? "
+         "ATV1 ATE1 AT+CMEE? AT+CMEE=0 AT+CREG? AT+CGREG? AT+CEREG? AT^CURC? AT^CURC=0 AT+CSCS? "
          "AT+CSCS=\"GSM\" / AT+CSCS=\"UCS2\" AT^CURC=1 AT+CMEE=2 "},
     };
     for (const auto& [profile, options, expected] : rows) {

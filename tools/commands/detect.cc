@@ -9,6 +9,7 @@
 
 #include "commands/devices.h"
 #include "commands/options.h"
+#include "diagnosis/phone_state.h"
 #include "diagnosis/report.h"
 #include "host/session.h"
 #include "phone/player.h"
@@ -20,6 +21,9 @@
 
 namespace tool {
 namespace {
+
+// The limit of the answer to a command that puts the phone back, in seconds.
+constexpr double kAnswer = 5;
 
 // The questions of the library, then the questions about the SIM card.
 std::string RecordingOf(const Detection& found, bool gone) {
@@ -47,7 +51,14 @@ Detection AskPhone(const DialerLink& link, const std::string& catalogueBytes,
                       !options.verbose && isatty(STDERR_FILENO) == 0);
     Detection found;
     if (options.probe == 0 || Reaches(dialogue, options.probe)) {
+        const Commands undo = PreparePhone(dialogue, 0);
+        if (pin == nullptr) {  // or the PIN waits for the card
+            AwaitSimCard(dialogue);
+        }
         found = Detect(dialogue, {catalogue, options.like, pin});
+        for (const std::string& command : undo) {
+            dialogue.Ask(command, kAnswer);
+        }
     }
     if (!found.pinProblem.empty()) {
         std::cerr << "velmor: " << Visible(found.pinProblem) << "\n";

@@ -87,6 +87,7 @@ double LibraryPatience(const Catalogue& catalogue) {
 
 Dialogue::Dialogue(SerialLine& line, double patience, double secondsPerCommand, bool silent)
     : line_(line), limit_(secondsPerCommand), patience_(patience), log_(silent) {
+    VelmorLine_Start(&filter_);
     current = this;
 }
 
@@ -244,6 +245,19 @@ long Dialogue::Send(const char* buffer, long length) {
 }
 
 bool Dialogue::ReadByte(char& byte, long timeout) {
+    while (VelmorLine_Give(&filter_, &byte, 1) == 0) {
+        char received = 0;
+        if (Receive(received, timeout)) {
+            VelmorLine_Take(&filter_, &received, 1);
+        } else if (VelmorLine_Silent(&filter_) == 0) {
+            return false;
+        }
+    }
+    exchanges_.back().read += byte;
+    return true;
+}
+
+bool Dialogue::Receive(char& byte, long timeout) {
     Exchange& exchange = exchanges_.back();
     const double now = log_.Seconds();
     const double left = exchange.sent + limit_ - now;
@@ -272,6 +286,7 @@ bool Dialogue::SendCommand(const std::string& command) {
     overSince_ = -1;
     log_.Command(command);
     exchanges_.push_back({command, "", log_.Seconds(), log_.Seconds()});
+    VelmorLine_Command(&filter_, command.data(), static_cast<long>(command.size()));
     return Write(command);
 }
 

@@ -7,6 +7,7 @@
 #include "device/dialogue_log.h"
 #include "device/exchange.h"
 #include "device/serial_line.h"
+#include "velmor_line.h"
 
 namespace tool {
 
@@ -18,9 +19,10 @@ enum class DialogueState {
     kAbandoned,  // the library went on with a command that was over
 };
 
-// The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. Only one
-// dialogue may exist at a time; without a dialogue the callbacks fail. A limit of seconds and a
-// limit of bytes end each command, whatever the phone sends and the catalogue says.
+// The library's link to a phone, with the callbacks Dialogue::Read and Dialogue::Send. The library
+// reads through a filter; what is shown and recorded is what came. Only one dialogue may exist at a
+// time; without a dialogue the callbacks fail. A limit of seconds and a limit of bytes end each
+// command, whatever the phone sends and the catalogue says.
 class Dialogue {
   public:
     // The line must outlive the dialogue. `patience`: the seconds that the library waits for a
@@ -70,7 +72,10 @@ class Dialogue {
     const std::vector<Exchange>& exchanges() const { return exchanges_; }
 
   private:
+    // Reads a byte for the library.
     bool ReadByte(char& byte, long timeout);
+    // Reads a byte of the answer from the line.
+    bool Receive(char& byte, long timeout);
     bool SendCommand(const std::string& command);
     // Writes bytes within the limit. Returns whether the line took all of them.
     bool Write(const std::string& bytes);
@@ -84,6 +89,7 @@ class Dialogue {
     double patience_;  // how long the library waits for a byte, in seconds
     DialogueLog log_;
     std::vector<Exchange> exchanges_;
+    VelmorLine_Filter filter_;
     double overSince_ = -1;  // when the command was first over; negative: it is not
     bool abandoned_ = false;
 };

@@ -9,8 +9,11 @@ namespace tool {
 struct Exchange {
     std::string command;
     std::string answer;
-    double sent = 0;      // in seconds since the start of the dialogue
-    double answered = 0;  // when the last byte came
+    double sent = 0;        // in seconds since the start of the dialogue
+    double answered = 0;    // when the last byte came
+    std::string read = {};  // what the library got of the answer; empty: the answer as it is
+
+    const std::string& Read() const { return read.empty() ? answer : read; }
 };
 
 // The answer's last line with this beginning; empty when there is none.

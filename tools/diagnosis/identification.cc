@@ -31,7 +31,7 @@ vel::ATAnswer AnswerTo(const vel::Attempt& attempt, const std::vector<Exchange>&
         std::find_if(dialogue.begin(), dialogue.end(),
                      [&](const Exchange& other) { return other.command == attempt.command; });
     if (exchange != dialogue.end()) {
-        std::for_each(exchange->answer.begin(), exchange->answer.end(),
+        std::for_each(exchange->Read().begin(), exchange->Read().end(),
                       [&](char byte) { answer.Take(byte); });
     }
     return answer;

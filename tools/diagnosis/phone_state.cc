@@ -2,6 +2,7 @@
 #include "diagnosis/phone_state.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "support/texts.h"
 
@@ -17,20 +18,6 @@ constexpr double kRadio = 30;
 constexpr double kEach = 1;
 constexpr double kDenial = 5;
 
-// A number that a phone tells when it is asked with "?", and sets with "=". `changed`: its values
-// that prevent a connection, separated by blanks; `wanted`: the value that does not.
-struct Preparation {
-    const char* command;
-    const char* changed;
-    const char* wanted;
-};
-constexpr Preparation kPreparations[] = {
-    {"+CFUN", "0 4", "1"},    // the radio; first, as the rest may depend on it
-    {"+CMEE", "1 2", "0"},    // errors as numbers or texts, which the library does not know
-    {"+CREG", "1 2 3", "0"},  // unsolicited lines
-    {"+CGREG", "1 2 3", "0"}, {"+CEREG", "1 2 3 4 5", "0"}, {"^CURC", "1", "0"},
-};
-
 // The values of a line such as "+CREG: 0,1".
 Commands ValuesOf(const std::string& answer, const std::string& beginning) {
     const std::string line = LineWith(answer, beginning + ":");
@@ -42,10 +29,6 @@ Commands ValuesOf(const std::string& answer, const std::string& beginning) {
         value.erase(0, value.find_first_not_of(' '));
     }
     return values;
-}
-
-bool IsAmong(const std::string& words, const std::string& word) {
-    return (" " + words + " ").find(" " + word + " ") != std::string::npos;
 }
 
 Registration AskRegistration(Dialogue& dialogue, const std::string& service) {
@@ -64,16 +47,23 @@ Registration AskRegistration(Dialogue& dialogue, const std::string& service) {
 
 }  // namespace
 
-Commands PreparePhone(Dialogue& dialogue) {
-    Commands undo;
-    dialogue.Ask("ATV1", kAnswer);
-    for (const Preparation& preparation : kPreparations) {
-        const std::string command = std::string("AT") + preparation.command;
-        const Commands values = ValuesOf(dialogue.Ask(command + "?", kAnswer), preparation.command);
-        if (!values.empty() && IsAmong(preparation.changed, values[0])) {
-            dialogue.Ask(command + "=" + preparation.wanted, kRadio);
-            undo.insert(undo.begin(), command + "=" + values[0]);
+Commands PreparePhone(Dialogue& dialogue, long options) {
+    VelmorLine_Preparation preparation;
+    VelmorLine_StartPreparation(&preparation, options);
+    bool answers = true;  // what is silent at first, or twice, is asked nothing more
+    for (std::string answer; answers;) {
+        const char* const command =
+            VelmorLine_Prepare(&preparation, answer.data(), static_cast<long>(answer.size()));
+        if (command == nullptr) {
+            break;
         }
+        const bool wasSilent = answer.empty();
+        answer = dialogue.Ask(command, std::strchr(command, '=') == nullptr ? kAnswer : kRadio);
+        answers = !wasSilent || !answer.empty();
+    }
+    Commands undo;
+    while (const char* const command = VelmorLine_Restore(&preparation)) {
+        undo.emplace_back(command);
     }
     return undo;
 }

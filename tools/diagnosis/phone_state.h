@@ -12,9 +12,10 @@ namespace tool {
 // What a connection changes in a phone. Each change comes with the commands that put it back.
 using Commands = std::vector<std::string>;
 
-// Prepares the phone for a detection and a call: result codes as words, no unsolicited lines, the
-// radio on. Changes only what is different. Returns the commands that put it back.
-Commands PreparePhone(Dialogue& dialogue);
+// Prepares the phone for a detection and, with VELMOR_LINE_RADIO, for a call: result codes as
+// words, echo, no unsolicited lines, the radio on. Changes only what is different. Returns the
+// commands that put it back.
+Commands PreparePhone(Dialogue& dialogue, long options = VELMOR_LINE_RADIO);
 
 // The commands that define these PDP contexts as they are now, and delete those that are not
 // defined. Nothing when the phone does not list its contexts.

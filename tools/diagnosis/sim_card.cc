@@ -113,6 +113,20 @@ std::string AskUntil(Dialogue& dialogue, const char* command, double seconds,
     return answer;
 }
 
+// Asks for the state, and again while the card is busy, no longer than these seconds.
+std::string AskState(Dialogue& dialogue, double seconds) {
+    for (long waited = 0;;) {
+        const std::string answer = dialogue.Ask(kAskState, kAnswer);
+        const long wait =
+            VelmorLine_WaitForCard(answer.data(), static_cast<long>(answer.size()), waited);
+        if (wait == 0 || static_cast<double>(waited) >= 1000 * seconds || !dialogue.IsOpen()) {
+            return answer;
+        }
+        dialogue.Pause(static_cast<double>(wait) / 1000);
+        waited += wait;
+    }
+}
+
 // Sends the PIN. Returns what went wrong; empty: nothing.
 std::string SendPin(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits) {
     pin.Mark();
@@ -167,16 +181,13 @@ bool SimCard::StopsCalls() const {
 
 void AwaitSimCard(Dialogue& dialogue, const CardLimits& limits) {
     dialogue.Ask(kNumberErrors, kAnswer);
-    AskUntil(dialogue, kAskState, limits.reading,
-             [](const std::string& state) { return !IsBusy(state); });
+    AskState(dialogue, limits.reading);
     dialogue.Ask(kPlainErrors, kAnswer);
 }
 
 std::string UnlockSimCard(Dialogue& dialogue, const PinFile& pin, const CardLimits& limits) {
     dialogue.Ask(kNumberErrors, kAnswer);
-    const SimCard card =
-        Understand(AskUntil(dialogue, kAskState, limits.reading,
-                            [](const std::string& state) { return !IsBusy(state); }));
+    const SimCard card = Understand(AskState(dialogue, limits.reading));
     std::string problem;
     if (card.state == "pin" && pin.IsMarked()) {
         problem = Concat(pin.path(),
