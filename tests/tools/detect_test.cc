@@ -145,7 +145,7 @@ TEST(DetectCommand, EndsWhateverHappens) {
         {"flood = ERR", detect + "-v", 1, "< ..."},
         {kAcme, detect + "-v 2>&1 | grep -c '[<>] AT+CGM\\|> AT+CIMI'", 0, "5\n"},
         {kAcme + "between = ^RSSI: 18\nresults = numbers\nAT+CREG?: +CREG: 2,1",
-         detect + "; s=$?; grep -c '> AT+CREG=[02]' log; exit $s", 0, "ATD*99***1#\n"},
+         detect + ">text; s=$?; grep -c '> AT+CREG=[02]' log; exit $s", 0, "2\n"},
         {"AT+CPIN?: +CME ERROR: 14\nAT+CPIN?: +CPIN: READY\n" + kAcme,
          detect + "| grep Phone; grep -c '> AT+CPIN?' log", 0, "Phone         X100 (10)\n2\n"},
         {kAcme, "velmor detect ../sample --device profile", 2, "serial device"},
