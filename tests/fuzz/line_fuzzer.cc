@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The input is what the phone says, with its silences: a byte 0 is one. It reaches the filter in two
-// ways, byte by byte and in pieces. Then a dialogue of usual lines is made of it.
+// The input is what the phone says, with its silences: a byte 0 is one. It reaches the filter in
+// two ways, byte by byte and in pieces. Then a dialogue of usual lines is made of it.
 #include "tests/fuzz/fuzz.h"
 #include "velmor_line.h"
 
@@ -24,7 +24,8 @@ std::string Clean(const std::string& command, const std::string& bytes, std::siz
             VelmorLine_Silent(&filter);
             ++at;
         } else {
-            const std::size_t count = std::min(std::min(bytes.find('\0', at), bytes.size()) - at, size);
+            const std::size_t count =
+                std::min(std::min(bytes.find('\0', at), bytes.size()) - at, size);
             const long taken =
                 VelmorLine_Take(&filter, bytes.data() + at, static_cast<long>(count));
             REQUIRE(taken >= static_cast<long>(std::min(count, std::size_t{100})));
