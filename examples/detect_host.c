@@ -10,31 +10,71 @@
 #include <time.h>
 #include <unistd.h>
 #include <velmor.h>
+#include <velmor_line.h>
 
 static int device;
-static time_t give_up; /* the end of reading, because a phone may never stop sending */
+static VelmorLine_Filter filter; /* between the phone and the library */
+static time_t give_up;           /* the end of reading, because a phone may never stop sending */
 
 /* Reads a byte. Takes the AT-TIME-OUT of the catalogue as milliseconds. */
-static long read_byte(char* buffer, long count, long timeout) {
+static long receive(char* byte, long timeout) {
     struct pollfd waiting = {device, POLLIN, 0};
     if (time(NULL) >= give_up || poll(&waiting, 1, timeout < 0 ? 1000 : (int)timeout) != 1) {
         return 0;
     }
-    return read(device, buffer, (size_t)count);
+    return read(device, byte, 1);
+}
+
+/* The library reads what the filter gives. */
+static long read_byte(char* buffer, long count, long timeout) {
+    while (VelmorLine_Give(&filter, buffer, count) == 0) {
+        char byte;
+        if (receive(&byte, timeout) == 1) {
+            VelmorLine_Take(&filter, &byte, 1);
+        } else if (VelmorLine_Silent(&filter) == 0) {
+            return 0;
+        }
+    }
+    return 1;
 }
 
 static long send_command(const char* buffer, long length) {
+    VelmorLine_Command(&filter, buffer, length);
     give_up = time(NULL) + 10;
     return write(device, buffer, (size_t)length);
 }
 
-/* Sends a command of the host's own and reads until the phone is silent: a late answer must not be
- * taken for the next one. */
-static void prepare(const char* command) {
-    char byte;
-    send_command(command, (long)strlen(command));
-    while (read_byte(&byte, 1, 300) == 1) {
+/* Sends a command of the host's own, and takes the answer until the phone is silent: a late answer
+ * must not be taken for the next one. */
+static char answer[1024];
+static long ask(const char* command) {
+    char line[64], byte;
+    long length = 0;
+    send_command(line, snprintf(line, sizeof line, "%s\r", command));
+    while (receive(&byte, length == 0 ? 2000 : 300) == 1) {
+        if (length < (long)sizeof answer) {
+            answer[length++] = byte;
+        }
     }
+    return length;
+}
+
+/* Makes the phone quiet, and waits until it has read its card. */
+static void prepare(VelmorLine_Preparation* preparation) {
+    const char* command;
+    long length = 0, wait, waited = 0;
+    ask("AT"); /* the first answer of some phones is late or noisy */
+    VelmorLine_StartPreparation(preparation, 0);
+    while ((command = VelmorLine_Prepare(preparation, answer, length)) != NULL) {
+        length = ask(command);
+    }
+    ask("AT+CMEE=1"); /* errors with numbers: busy is one of them */
+    for (length = ask("AT+CPIN?"); (wait = VelmorLine_WaitForCard(answer, length, waited)) > 0;
+         length = ask("AT+CPIN?")) {
+        poll(NULL, 0, (int)wait);
+        waited += wait;
+    }
+    ask("AT+CMEE=0");
 }
 
 static int open_device(const char* path) {
@@ -79,6 +119,8 @@ static void print_settings(void) {
 
 int main(int argc, char** argv) {
     char maker[64], model[64];
+    VelmorLine_Preparation preparation;
+    const char* command;
     if (argc != 3 || open_device(argv[2]) != 0) {
         fprintf(stderr, "usage: detect_host CATALOGUE DEVICE\n");
         return 2;
@@ -87,15 +129,16 @@ int main(int argc, char** argv) {
         fprintf(stderr, "no usable catalogue\n");
         return 2;
     }
-    prepare("AT\r");        /* the first answer of some phones is late or noisy */
-    prepare("ATE1\r");      /* the library reads answers with an echo best */
-    prepare("AT+CMEE=0\r"); /* +CME ERROR: 11 does not end an answer, ERROR does */
+    prepare(&preparation);
     const long result = Velmor_DetectPhoneAndNetwork(0, maker, sizeof maker, model, sizeof model);
     printf("the phone says: %.64s, %.64s\n", maker, model);
     if (Velmor_GetDetectedPhone(0, model, sizeof model, maker, sizeof maker) >= 0) {
         printf("this is: %.64s %.64s\n", maker, model);
     }
     print_settings();
+    while ((command = VelmorLine_Restore(&preparation)) != NULL) {
+        ask(command);
+    }
     Velmor_DeInitialise();
     return result == 0 ? 0 : 1;
 }
