@@ -40,7 +40,7 @@ TEST(Import, DecidesWhatTheDataLeaveOpen) {
 TEST(Import, KeepsTheIdentifiersOfAnOlderCatalogue) {
     const std::string now = ReadFile(kHere + "operators.source");
     const std::string old = Replaced(Replaced(now, "#IP(V4V6)?#", "##"), "test#12#", "test#11#");
-    WriteFile("old.source", Replaced(old, "(E#8#4#t.*\n)(E#9#4#t.*\n)", "$2$1"));
+    WriteFile("old.source", Replaced(old, "(E#9#5#t.*\n)(E#10#5#t.*\n)", "$2$1"));
     EXPECT_NE(ReadFile("old.source"), old);
     ImportData(kHere + "operators.xml --previous old.source" + kIso);
     EXPECT_EQ(ReadFile("out.source"), now);
@@ -60,7 +60,7 @@ TEST(Import, AddsTheNumbersOfAndroidsList) {
     ImportData(kHere + "operators.xml --android one.xml" + old);
     EXPECT_EQ(ReadFile("out.source"), ReadFile(kHere + "android.source"));
     // Alone.
-    EXPECT_NE(ImportData("--android one.xml" + kIso).find("    10  numbers\n"), std::string::npos);
+    EXPECT_NE(ImportData("--android one.xml" + kIso).find("    12  numbers\n"), std::string::npos);
 }
 
 TEST(Import, RefusesWhatIsNoList) {
