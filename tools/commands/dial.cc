@@ -79,11 +79,11 @@ int RunDial(const DialOptions& options) {
     SerialLine line(STDIN_FILENO);
     Dialogue dialogue(line, 0, kWriting, !options.verbose);
     const int status = Dial(dialogue, script, options, pin ? &*pin : nullptr);
-    if (status != kExitOk && status != kExitNoPhone && !undo.empty()) {
-        Interruption::Ignore();
-        if (dialogue.Reach()) {
-            RunDialScript(dialogue, undo);
-        }
+    // A signal from here on must not end this command: pppd puts the contexts back only after a
+    // connect command that has not failed.
+    Interruption::Ignore();
+    if (status != kExitOk && status != kExitNoPhone && !undo.empty() && dialogue.Reach()) {
+        RunDialScript(dialogue, undo);
     }
     return status;
 }

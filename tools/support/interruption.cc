@@ -53,6 +53,10 @@ int Interruption::Signal() {
 void Interruption::Ignore() {
     caught = 0;
     living = false;  // the signals stay blocked during a wait
+    for (struct sigaction& action : before) {
+        action = {};
+        action.sa_handler = SIG_IGN;  // one that is pending at the end would end the process
+    }
 }
 
 int Interruption::Wait(struct pollfd* descriptors, unsigned count, int milliseconds) {

@@ -17,8 +17,8 @@ class Interruption {
 
     // The signal that came, or 0.
     static int Signal();
-    // Forgets the signal, and holds back further ones until the object ends: what has to be put
-    // back can wait for answers again, and nothing cuts it short.
+    // Forgets the signal, and all further ones until the process ends: what has to be put back can
+    // wait for answers again, and nothing cuts it short.
     static void Ignore();
     // Like poll(2), but returns -1 when a signal comes during the wait or came before it. Without
     // an object, signals have their usual effect.
