@@ -63,6 +63,7 @@ static long ask(const char* command) {
 static void prepare(VelmorLine_Preparation* preparation) {
     const char* command;
     long length = 0, wait, waited = 0;
+    VelmorLine_Start(&filter);
     ask("AT"); /* the first answer of some phones is late or noisy */
     VelmorLine_StartPreparation(preparation, 0);
     while ((command = VelmorLine_Prepare(preparation, answer, length)) != NULL) {
