@@ -6,19 +6,20 @@
 
 namespace {
 
+void Give(VelmorLine_Filter& filter, std::string& clean) {
+    char given[50];
+    for (long count; (count = VelmorLine_Give(&filter, given, sizeof given)) != 0;) {
+        REQUIRE(count > 0 && count <= long{sizeof given});
+        clean.append(given, static_cast<std::size_t>(count));
+    }
+}
+
 // What the filter gives, in calls of `size` bytes.
 std::string Clean(const std::string& command, const std::string& bytes, std::size_t size) {
     VelmorLine_Filter filter;
     VelmorLine_Start(&filter);
     VelmorLine_Command(&filter, command.data(), static_cast<long>(command.size()));
     std::string clean;
-    const auto give = [&] {
-        char given[50];
-        for (long count; (count = VelmorLine_Give(&filter, given, sizeof given)) != 0;) {
-            REQUIRE(count > 0 && count <= long{sizeof given});
-            clean.append(given, static_cast<std::size_t>(count));
-        }
-    };
     for (std::size_t at = 0; at < bytes.size();) {
         if (bytes[at] == '\0') {
             VelmorLine_Silent(&filter);
@@ -31,10 +32,10 @@ std::string Clean(const std::string& command, const std::string& bytes, std::siz
             REQUIRE(taken >= static_cast<long>(std::min(count, std::size_t{100})));
             at += static_cast<std::size_t>(taken);
         }
-        give();
+        Give(filter, clean);
     }
     VelmorLine_Silent(&filter);
-    give();
+    Give(filter, clean);
     return clean;
 }
 

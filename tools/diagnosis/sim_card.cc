@@ -116,7 +116,7 @@ std::string AskUntil(Dialogue& dialogue, const char* command, double seconds,
 // Asks for the state, and again while the card is busy, no longer than these seconds.
 std::string AskState(Dialogue& dialogue, double seconds) {
     for (long waited = 0;;) {
-        const std::string answer = dialogue.Ask(kAskState, kAnswer);
+        std::string answer = dialogue.Ask(kAskState, kAnswer);
         const long wait =
             VelmorLine_WaitForCard(answer.data(), static_cast<long>(answer.size()), waited);
         if (wait == 0 || static_cast<double>(waited) >= 1000 * seconds || !dialogue.IsOpen()) {
