@@ -8,7 +8,7 @@ using namespace tool;
 
 namespace {
 
-// Two operators with a key each and a common one, and one with numbers of six digits.
+// Two operators with a key each and a common one, and two with numbers of six digits.
 const char kOperators[] =
     "<serviceproviders><country code='gr'><provider><name>A</name><gsm>"
     "<network-id mcc='202' mnc='01'/><network-id mcc='202' mnc='02'/><apn value='a'/><apn "
@@ -19,7 +19,8 @@ const char kOperators[] =
     "value='d'/></gsm></provider>"
     "<provider><name>D</name><gsm><network-id mcc='202' mnc='041'/><apn "
     "value='e'/></gsm></provider>"
-    "</country></serviceproviders>";
+    "<provider><name>E</name><gsm><network-id mcc='202' mnc='07'/><network-id mcc='202' mnc='08'/>"
+    "<apn value='f'/></gsm></provider></country></serviceproviders>";
 
 // A source of its own: each table's rows, with "/" for their separators and blanks between rows.
 std::string Source(const std::string& tables) {
@@ -63,28 +64,26 @@ TEST(OwnRows, WinOverTheLists) {
         std::string own;
         std::vector<std::pair<const char*, const char*>> offers;  // by key
     } cases[] = {
-        // A key of its own, and one that an operator has alone.
-        {";7/O;20209/7 20203/7;1/7/o/O/gr/",
-         {{"20209", "o* 20203 20209, c 20203"},
+        // A key of its own, and one that an operator has alone. Its name means both.
+        {";7/O;20209/7 20203/7 o-t/7;1/7/o/O/gr/",
+         {{"20209", "o* 20209"},
           {"20203", "o* 20203 20209, c 20203"},
-          {"20202", "a* 20202, b 20202, c 20202"}}},
+          {"OT", "o* 20203 20209, c 20203"}}},
         // Keys of two networks.
         {";7/O;20203/7 20202/7;1/7/o/O/gr/N 1/7/p/O/gr/Y",
-         {{"20202", "o* 20202 20203, p 20202 20203, a 20202, b 20202, c 20202 20203"},
+         {{"20202", "o* 20202, p 20202, a 20202, b 20202, c 20202"},
           {"20201", "a* 20201, b 20201"}}},
-        // Whole numbers and names follow the first digits, but not the other way round.
+        // Names of the lists stay.
+        {";7/O;20208/7;1/7/o/O/gr/", {{"20208", "o* 20208, f 20208"}, {"E", "f* 20207"}}},
+        // Five digits mean the longer numbers too, unless the keeper has them elsewhere.
         {";7/O;20204/7;1/7/o/O/gr/",
          {{"202040", "o* 20204 202040 202041, d 202040, e 202041"},
           {"C", "o* 20204 202040 202041, d 202040, e 202041"}}},
-        {";7/O;202040/7;1/7/o/O/gr/",
-         {{"202040", "o* 202040, d 202040"}, {"20204", "d* 202040, e 202041"}}},
-        // Two own networks take the numbers of one.
+        {";7/O;202040/7;1/7/o/O/gr/", {{"20204", "o* 202040, d 202040, e 202041"}}},
         {";7/O 8/P;202040/7 202041/8 20204/8;1/7/o/O/gr/ 2/8/p/P/gr/",
-         {{"202041", "p* 20204 202040 202041, d 202040, e 202041"},
-          {"202040", "o* 202040, d 202040"},
-          {"C", ""}}},
+         {{"202041", "p* 20204 202041, o 202040, d 202040, e 202041"}}},
         // A name, an exact repeat, and countries.
-        {"x/Xland gr/Hellas;7/O;c/7;1/7/d/C/gr/ 1/7/e/E/x/", {{"C", "d* , e , e 202041"}}},
+        {"x/Xland gr/Hellas;7/O;c/7;1/7/d/C/gr/ 1/7/e/E/x/", {{"C", "d* 202040, e , e 202041"}}},
         // No settings of its own.
         {";7/O;20203/7 o-t/7", {{"OT", "c* 20203"}}},
     };
@@ -108,7 +107,7 @@ TEST(OwnRows, CanBeAList) {
               "<apn carrier='Two' mcc='202' mnc='02' apn='y' mvno_type='gid' mvno_match_data='5A'/>"
               "<apn carrier='F' mcc='542' mnc='01' apn='z' protocol='IPV6'/><apn mcc='x'/></apns>");
     const std::string report = Import("operators.xml --add own.XML -o out.source");
-    EXPECT_NE(report.find("     2  own keys\n     1    keys of the lists"), std::string::npos);
+    EXPECT_NE(report.find("     2  own keys\n"), std::string::npos);
     EXPECT_NE(report.find("own.XML:1: "), std::string::npos);
     Findings findings;
     const Catalogue catalogue = ReadCatalogue(ReadFile("out.source"), findings);
@@ -132,6 +131,13 @@ TEST(OwnRows, NameTheLineOfAFault) {
         const std::string found = Fault("operators.xml --add own.source -o out.source");
         EXPECT_EQ(found.substr(0, found.find(": add")).find(fault), 0U) << found;
     }
+    // Nothing of a row is lost silently.
+    WriteFile("own.source", Replaced(Source(";7/O;;1/7/o/O/gr/1 2/7/o/O/gr/2"), "Default", "Mine"));
+    EXPECT_NE(Import("operators.xml --add own.source -o out.source")
+                  .find("own.source:10: left out: repeats"),
+              std::string::npos);
+    EXPECT_NE(ReadFile("out.source").find("#Mine#\n"), std::string::npos);
+    EXPECT_NE(ReadFile("out.source").find("####1#\n"), std::string::npos);
     WriteFile("own.source", Source(";7/O;;") + Replaced(ReadFile(kTestPhones), "#[$]_DATA.*", ""));
     EXPECT_NE(Import("--add own.source -o out.source").find(": the table Phones is not read"),
               std::string::npos);

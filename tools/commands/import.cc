@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // velmor import: makes a catalogue source from operators' data and a source of phones.
-#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -45,30 +44,21 @@ void NameCountries(std::vector<Country>& countries, const std::string& iso, Impo
     }
 }
 
-// A keeper's own source. A list in Android's form becomes what it gives as the only list, without
-// the names: those of few rows cannot show what else a name means.
-InputCatalogue ReadOwn(const std::string& path, const ImportOptions& options,
-                       const InputCatalogue& phones, const vel::Recipe& recipe,
-                       ImportReport& report) {
+// A keeper's own source. A list in Android's form counts as it would alone, but no name that it
+// gives is a key: the names of few rows cannot show what else a name means.
+Providers ReadOwn(const std::string& path, const ImportOptions& options, const vel::Recipe& recipe,
+                  const Providers& lists, ImportReport& report) {
     const std::string name = InSmallLetters(path);
     const bool isXml = name.size() > 4 && name.compare(name.size() - 4, 4, ".xml") == 0;
     if (!isXml && !std::filesystem::is_directory(path)) {
-        return InputCatalogue(path);
+        return ReadOwnRows(InputCatalogue(path), recipe, lists, report);
     }
     ImportReport counts;
-    Providers providers;
-    AddAndroidList(path, providers, counts);
-    NameCountries(providers.countries, options.iso, counts);
-    Networks networks = DecideNetworks(providers, recipe, counts);
-    networks.keys.erase(std::remove_if(networks.keys.begin(), networks.keys.end(),
-                                       [](const NetworkKey& key) { return !IsDigits(key.text); }),
-                        networks.keys.end());
+    Providers own;
+    AddAndroidList(path, own, counts);
+    NameCountries(own.countries, options.iso, counts);
     report.remarks.insert(report.remarks.end(), counts.remarks.begin(), counts.remarks.end());
-    Catalogue own = MakeCatalogue(phones, providers, networks, counts);
-    for (CatalogueTable& table : own.tables) {
-        table.line = 0;  // the phones' tables too: none is a part of the list
-    }
-    return {path, std::move(own)};
+    return own;
 }
 
 }  // namespace
@@ -95,13 +85,13 @@ int RunImport(const ImportOptions& options) {
         AddAndroidList(list, providers, report);
     }
     NameCountries(providers.countries, options.iso, report);
-    const Networks networks = DecideNetworks(providers, recipe, report);
-    Catalogue catalogue = MakeCatalogue(phones, providers, networks, report);
-    // The first source wins: it takes keys from the others.
+    // The first source wins, so it is added last.
     for (auto own = options.own.rbegin(); own != options.own.rend(); ++own) {
         report.parts.insert(ReportPart::kOwn);
-        AddOwnRows(ReadOwn(*own, options, phones, recipe, report), recipe, catalogue, report);
+        AddOwn(ReadOwn(*own, options, recipe, providers, report), providers, report);
     }
+    const Networks networks = DecideNetworks(providers, recipe, report);
+    Catalogue catalogue = MakeCatalogue(phones, providers, networks, report);
     std::optional<InputCatalogue> previous;
     if (!options.previous.empty()) {
         previous.emplace(options.previous);

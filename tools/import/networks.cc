@@ -6,7 +6,7 @@
 // missing setting cannot be chosen at all. So a network is not an operator, but all operators that
 // hold a key, in the order in which a subscriber is likely theirs; the host offers the rest as a
 // choice. A name is weaker: a wrong country's setting can cost the subscriber money, so a name that
-// can mean two networks is no key.
+// can mean two networks is no key. What a keeper knows of a network counts more than all lists.
 #include "import/networks.h"
 
 #include <algorithm>
@@ -35,22 +35,23 @@ class NetworkPlan {
 
     void AddNumberKeys() {
         for (const auto& [key, holders] : HoldersOfKeys()) {
-            // Sorting puts the primary operator first, then operators with just this number.
-            // Resellers with a longer number come last: most subscribers are not theirs.
-            // Resellers of Android's list join the network of the key, whoever makes it.
-            std::vector<std::tuple<bool, bool, bool, std::size_t>> ranks, joining;
+            // Sorting puts the keeper's operators first, then the primary operator, then operators
+            // with just this number. Resellers with a longer number come last: most subscribers are
+            // not theirs. Resellers of Android's list join the network of the key, whoever makes
+            // it.
+            std::vector<std::tuple<bool, bool, bool, bool, std::size_t>> ranks, joining;
             bool onlyResellers = true;
             for (const auto& [index, numbers] : holders) {
                 const Operator& owner = operators_[index];
                 if (owner.Joins()) {
-                    joining.emplace_back(false, false, true, index);
+                    joining.emplace_back(true, false, false, true, index);
                 } else if (owner.Imported()) {
                     // A number that has no more digits than a key.
                     const bool same = std::any_of(
                         numbers.begin(), numbers.end(),
                         [](const std::string& n) { return n.size() == vel::kImsiDigits; });
                     const bool resold = owner.reseller && !same;
-                    ranks.emplace_back(!owner.primary, !same, resold, index);
+                    ranks.emplace_back(!owner.own, !owner.primary, !same, resold, index);
                     onlyResellers = onlyResellers && resold;
                 }
             }
@@ -70,11 +71,11 @@ class NetworkPlan {
             for (const auto& rank : ranks) {
                 owners.push_back(std::get<std::size_t>(rank));
             }
-            ++report_[ReportLine::kNumberKeys];
+            ++report_[IsDigits(key) ? ReportLine::kNumberKeys : ReportLine::kNameKeys];
             report_[ReportLine::kNumberKeysShared] += owners.size() > 1 ? 1 : 0;
             const std::size_t network = NetworkOf(owners);
             AddKey(key, network);
-            AddNumbers(holders, network);
+            AddNumbers(key, holders, network);
         }
     }
 
@@ -122,7 +123,7 @@ class NetworkPlan {
                 if (network == networkOfNumber_.end()) {
                     meaning.isElsewhere = true;
                 } else {
-                    meaning.networks.insert(network->second);
+                    meaning.networks.insert(HomeOf(network->second));
                 }
             }
         };
@@ -138,8 +139,7 @@ class NetworkPlan {
             add(listed.name, CountryOfMcc(listed.number), listed.number, listed.canBeKey);
         }
         for (const auto& [text, meaning] : shown) {
-            const bool isClear = meaning.networks.size() == 1 && !meaning.isElsewhere;
-            if (meaning.canBeKey && isClear && names.count(text) + texts_.count(text) == 0) {
+            if (meaning.IsClear() && names.count(text) + texts_.count(text) == 0) {
                 ++report_[ReportLine::kShownKeys];
                 AddKey(text, *meaning.networks.begin());
             }
@@ -159,7 +159,14 @@ class NetworkPlan {
         bool isElsewhere = false;   // whether an operator that is in no network has the name
         bool canBeKey = false;      // whether an operator that is in a network is known by it
         bool isOfOperator = false;  // whether it is the name of an operator in the operators' file
+
+        bool IsClear() const { return canBeKey && networks.size() == 1 && !isElsewhere; }
     };
+
+    // Detection has no more digits of a subscriber's number.
+    std::string KeyOf(const std::string& number) const {
+        return MakeKey(recipe_, number.substr(0, vel::kImsiDigits));
+    }
 
     // All operators with a number, in the order of the data. Those that are left out show which
     // keys have no access point.
@@ -169,14 +176,40 @@ class NetworkPlan {
         for (std::size_t i = 0; i < operators_.size(); ++i) {
             for (const std::string& number : operators_[i].numbers) {
                 numbers.insert(number);
-                // Detection has no more digits of a subscriber's number.
-                const std::string digits = number.substr(0, vel::kImsiDigits);
-                keys[MakeKey(recipe_, digits)][i].push_back(number);
+                keys[KeyOf(number)][i].push_back(number);
             }
+        }
+        for (std::size_t i = 0; i < operators_.size() && operators_[i].own; ++i) {
+            AddOwnNames(i, keys);
         }
         keys.erase("");  // the recipe may remove digits
         report_[ReportLine::kNetworkNumbers] += numbers.size();
         return keys;
+    }
+
+    // A keeper's name means all holders of its network's keys. Without a number it means operators
+    // of its country that have the name, too.
+    void AddOwnNames(std::size_t index, std::map<std::string, Holders>& keys) {
+        const Operator& own = operators_[index];
+        if (own.numbers.empty() && own.nameKeys.empty()) {
+            NetworkOf({index});  // for hosts that list all settings
+        }
+        for (const std::string& name : own.nameKeys) {
+            std::set<std::string> numbers = own.numbers;
+            for (const Operator& other : operators_) {
+                if (own.numbers.empty() && !other.isFromList && other.Country() == own.Country() &&
+                    MakeKey(recipe_, other.name) == name) {
+                    numbers.insert(other.numbers.begin(), other.numbers.end());
+                }
+            }
+            Holders& holders = keys[name];
+            holders[index];
+            for (const std::string& number : numbers) {
+                for (const auto& [i, more] : keys[KeyOf(number)]) {
+                    holders[i].insert(holders[i].end(), more.begin(), more.end());
+                }
+            }
+        }
     }
 
     std::map<std::string, Meaning> MeaningsOfNames() {
@@ -188,7 +221,9 @@ class NetworkPlan {
             Meaning& meaning = meanings[MakeKey(recipe_, operators_[i].name)];
             meaning.isOfOperator = true;
             const std::set<std::size_t>& networks = networksOf_[i];
-            meaning.networks.insert(networks.begin(), networks.end());
+            for (const std::size_t network : networks) {
+                meaning.networks.insert(HomeOf(network));
+            }
             (networks.empty() ? meaning.isElsewhere : meaning.canBeKey) = true;
         }
         for (const ListedName& listed : providers_.listedNames) {
@@ -200,7 +235,7 @@ class NetworkPlan {
             if (network == networkOfNumber_.end()) {
                 meaning.isElsewhere = true;
             } else {
-                meaning.networks.insert(network->second);
+                meaning.networks.insert(HomeOf(network->second));
                 meaning.canBeKey |= listed.canBeKey;
             }
         }
@@ -213,18 +248,31 @@ class NetworkPlan {
             ++report_[ReportLine::kNetworks];
             result_.networks.emplace_back();
             numbers_.emplace_back();
+            owners_.push_back(owners);
         }
         return entry->second;
     }
 
+    // The network without the keeper's operators, where there is one: they take numbers of a
+    // network, but not what its names mean.
+    std::size_t HomeOf(std::size_t network) const {
+        const std::vector<std::size_t>& owners = owners_[network];
+        const auto listed = std::find_if(owners.begin(), owners.end(),
+                                         [&](std::size_t i) { return !operators_[i].own; });
+        const auto found = known_.find({listed, owners.end()});
+        return found == known_.end() ? network : found->second;
+    }
+
     // Notes the whole numbers of a key's holders.
-    void AddNumbers(const Holders& holders, std::size_t network) {
+    void AddNumbers(const std::string& key, const Holders& holders, std::size_t network) {
         for (const auto& [index, numbers] : holders) {
             if (operators_[index].Imported()) {
-                networksOf_[index].insert(network);
-                for (const std::string& number : numbers) {
-                    numbers_[network][index].insert(number);
-                    networkOfNumber_.emplace(number, network);
+                numbers_[network][index].insert(numbers.begin(), numbers.end());
+                if (IsDigits(key)) {
+                    networksOf_[index].insert(network);
+                    for (const std::string& number : numbers) {
+                        networkOfNumber_.emplace(number, network);
+                    }
                 }
             }
         }
@@ -233,6 +281,7 @@ class NetworkPlan {
     void AddOffers() {
         for (const auto& [indices, index] : known_) {
             Network& network = result_.networks[index];
+            network.type = operators_[indices.front()].networkType;
             std::vector<Owner> owners;
             for (const std::size_t i : indices) {
                 network.name += (network.name.empty() ? "" : ", ") + operators_[i].name;
@@ -258,6 +307,7 @@ class NetworkPlan {
     ImportReport& report_;
     Networks result_;
     std::map<std::vector<std::size_t>, std::size_t> known_;  // operators to their network
+    std::vector<std::vector<std::size_t>> owners_;           // of each network
     std::vector<std::map<std::size_t, std::set<std::string>>>
         numbers_;  // of each network, by operator
     std::map<std::string, std::size_t> networkOfNumber_;

@@ -13,6 +13,7 @@ namespace tool {
 // with the same operators in the same order share a network.
 struct Network {
     std::string name;
+    std::string type;           // empty: as usual
     std::vector<Offer> offers;  // in the order of the settings
 };
 

@@ -47,6 +47,7 @@ class OfferPlan {
             ++report_[isNew ? ReportLine::kSettings : ReportLine::kSettingsRepeated];
             if (isNew) {
                 all_.push_back({{&point, {}, point.cards}, owner.who});
+                own_ += owner.who->own ? 1 : 0;
             }
             all_[entry->second].offer.numbers.insert(owner.numbers.begin(), owner.numbers.end());
         }
@@ -146,12 +147,12 @@ class OfferPlan {
     }
 
   private:
-    // Counts the offers that move behind others.
+    // Counts the offers that move behind others. Those of the keeper stay first, as they are.
     template <typename Rank>
     void SortBy(ReportLine line, Rank rank) {
         std::vector<std::size_t> order(all_.size());
         std::iota(order.begin(), order.end(), 0);
-        std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+        std::stable_sort(order.begin() + own_, order.end(), [&](std::size_t a, std::size_t b) {
             return rank(all_[a]) < rank(all_[b]);
         });
         std::vector<Candidate> sorted;
@@ -166,6 +167,7 @@ class OfferPlan {
     const std::vector<std::set<ListedRow>>& lists_;
     ImportReport& report_;
     std::vector<Candidate> all_;
+    std::ptrdiff_t own_ = 0;  // how many are the keeper's
     std::map<std::pair<AccessPoint, std::set<std::string>>, std::size_t> known_;  // to its index
     std::set<const Operator*> usual_;  // those with an access point that a list has for own cards
     std::set<std::string> served_;     // the numbers of such access points

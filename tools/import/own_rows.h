@@ -2,15 +2,17 @@
 #pragma once
 
 #include "import/input_catalogue.h"
-#include "import/report.h"
+#include "import/providers.h"
 
 namespace tool {
 
-// Adds a keeper's own networks, keys, settings and countries to a catalogue that an import makes,
-// before its rows get their last identifiers. They win over the rows that are there;
-// docs/import.md has the rules. `recipe`: what detection applies to answers. Throws a ToolError
-// with the line of an own row that refers to nothing, or contradicts another.
-void AddOwnRows(const InputCatalogue& own, const vel::Recipe& recipe, Catalogue& catalogue,
-                ImportReport& report);
+// Reads the networks, keys, settings and countries of a keeper's own source; docs/import.md has the
+// rules. `lists`: what the import has read before, with the countries that a row can name too.
+// Throws a ToolError with the line of a row that refers to nothing, or contradicts another.
+Providers ReadOwnRows(const InputCatalogue& own, const vel::Recipe& recipe, const Providers& lists,
+                      ImportReport& report);
+
+// Adds a keeper's own operators and countries. They win over those that are there.
+void AddOwn(Providers own, Providers& providers, ImportReport& report);
 
 }  // namespace tool

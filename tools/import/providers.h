@@ -36,6 +36,8 @@ struct AccessPoint {
     bool deprecated = false;
     std::string type;            // of the PDP context
     std::string authentication;  // as in the column Authentication
+    // Of an own row: its columns and values. They win over what the rest gives.
+    std::vector<std::pair<std::string, std::string>> cells;
 
     // Takes over what a repeat of it tells. What the two contradict, a network takes both ways.
     void Join(const AccessPoint& repeat);
@@ -71,14 +73,18 @@ struct Operator {
     std::string name;
     bool primary = false;           // whether it runs the network that others share
     bool reseller = false;          // whether its subscribers have their numbers from another
-    bool isFromList = false;        // whether Android's list has it: then its name is no key
+    bool isFromList = false;        // whether Android's list or a keeper has it: its name is no key
+    bool own = false;               // whether the keeper has it: then it comes first
+    std::string networkType;        // empty: as usual
     std::set<std::string> numbers;  // country and network code, five or six digits
+    std::set<std::string> nameKeys;  // keys that are no numbers, as a keeper gives them
     std::vector<AccessPoint> accessPoints;
 
     // Whether it is in the networks of its numbers, and makes none where another operator does.
     bool Joins() const { return reseller && isFromList; }
     // Whether the catalogue gets its access points. Otherwise only its name counts.
-    bool Imported() const { return !numbers.empty() && !accessPoints.empty(); }
+    bool Imported() const { return own || (!numbers.empty() && !accessPoints.empty()); }
+    std::string Country() const { return accessPoints.empty() ? "" : accessPoints[0].country; }
 };
 
 // A name in Android's list of the operator with a number.
@@ -106,6 +112,7 @@ struct Providers {
     std::vector<Operator> operators;
     std::vector<ListedName> listedNames;
     std::vector<std::set<ListedRow>> lists;  // of each list
+    std::vector<std::string> ownColumns;     // of own rows; the lists may lack some
 };
 
 // Reads a serviceproviders.xml. Throws a ToolError when it cannot be read or is something else.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "import/source.h"
 
+#include <algorithm>
 #include <set>
 
 #include "catalogue/source_writer.h"
@@ -44,7 +45,8 @@ class CatalogueMaker {
     void AddNetworks(const std::vector<Network>& networks) {
         Begin(schema::kNetworks, {schema::kID, schema::kName, schema::kNetworkType});
         for (std::size_t i = 0; i < networks.size(); ++i) {
-            Add({IdOf(i), networks[i].name, kImportedType});
+            const std::string& type = networks[i].type;
+            Add({IdOf(i), networks[i].name, type.empty() ? kImportedType : type});
         }
     }
 
@@ -71,7 +73,8 @@ class CatalogueMaker {
         }
     }
 
-    void AddSettings(const std::vector<Network>& networks) {
+    void AddSettings(const std::vector<Network>& networks,
+                     const std::vector<std::string>& further) {
         std::vector<std::string> columns;
         for (const vel::SettingColumn& column : vel::kSettingColumns) {
             if (!vel::IsUnused(column)) {
@@ -79,6 +82,11 @@ class CatalogueMaker {
             }
         }
         columns.insert(columns.end(), {kNumbers, kCards, kAuthentication});
+        for (const std::string& column : further) {
+            if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
+                columns.push_back(column);
+            }
+        }
         Begin(schema::kBasicDUNSettings, columns);
         std::size_t count = 0;
         std::set<std::string> served;  // countries
@@ -88,7 +96,8 @@ class CatalogueMaker {
                 const bool isFirst = &offer == &networks[i].offers.front();
                 served.insert(point->country);
                 const bool needsUser = !point->user.empty() || !point->password.empty();
-                Add(InColumns(columns,
+                Values values = point->cells;  // the first value of a column counts
+                values.insert(values.end(),
                               {{schema::kID, IdOf(count++)},
                                {schema::kNetworkID, IdOf(i)},
                                {schema::kAPN, point->apn},
@@ -106,7 +115,8 @@ class CatalogueMaker {
                                {schema::kRequiresUser, needsUser ? "Y" : "N"},
                                {kNumbers, Join(offer.numbers, " ")},
                                {kCards, Join(offer.cards, "|")},
-                               {kAuthentication, point->authentication}}));
+                               {kAuthentication, point->authentication}});
+                Add(InColumns(columns, values));
             }
         }
         report_[ReportLine::kCountriesWithoutAccess] +=
@@ -179,7 +189,7 @@ Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers
             maker.Add(*further);
         }
     }
-    maker.AddSettings(networks.networks);
+    maker.AddSettings(networks.networks, providers.ownColumns);
     return maker.Take();
 }
 
