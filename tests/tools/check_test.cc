@@ -215,7 +215,8 @@ TEST(Check, AllowsWarningsOnly) {
 TEST(Check, FindsNothingInTheDataOfTheTree) {
     const std::string allowed = "E#ALLOWED-WARNINGS#";
     const std::string phones =
-        Replaced(AllPhones() + kEnd, allowed, allowed + "BasicDUNSettings:missing-column ");
+        Replaced(AllPhones() + kEnd, allowed,
+                 allowed + "BasicDUNSettings:missing-column BasicDUNForPhone:unused-network-type ");
     for (const std::string& source :
          {phones, SampleSource().text(), ReadFile(VELMOR_DATA_DIR "/operators.source")}) {
         EXPECT_EQ(Show(CheckCatalogue(source).findings), "");

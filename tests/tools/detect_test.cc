@@ -6,10 +6,14 @@
 #include <nlohmann/json.hpp>
 
 #include "check/check.h"
+#include "diagnosis/cdma.h"
 #include "diagnosis/report.h"
+#include "dialer/candidates.h"
+#include "host/session.h"
 #include "phone/player.h"
 #include "phone/profile_writer.h"
 #include "support/error.h"
+#include "tests/support/import.h"
 #include "tests/support/scripted_phone.h"
 #include "tests/support/shell.h"
 
@@ -38,6 +42,10 @@ Detection DetectHere(const std::string& source, const std::string& profile) {
     ScriptedPhone::Answer("ATE1\r");
     Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
     Detection found = LastDetection(ScriptedPhone::dialogue, {catalogue});
+    if (found.answered && MayBeCdma(found, catalogue)) {
+        found.dialogue.push_back({"AT+GCAP\r", ScriptedPhone::Answer("AT+GCAP\r")});
+        found = LastDetection(std::vector<Exchange>(found.dialogue), {catalogue});
+    }
     Velmor_DeInitialise();
     return found;
 }
@@ -330,6 +338,63 @@ TEST(Record, PlaysTheSameDetection) {
     EXPECT_NE(lines.find("AT+CGMI: Nokia\nAT+CGMI:< RING\\r\\nRING\n"), std::string::npos);
     EXPECT_NE(lines.find("AT+CIMI: 999020000000000\n"), std::string::npos);
     EXPECT_EQ(lines.find("# Recorded. Subscriber numbers and"), 0U);
+}
+
+// Phones for CDMA, known or not, with the number of an operator who has GSM as well; then phones
+// that speak GSM, too. What comes first is the operator's user.
+TEST(CdmaPhones, DialWithoutAContext) {
+    WriteFile("cdma.xml", R"(<serviceproviders format="2.0"><country code="us">
+<provider><name>Westel</name><gsm><network-id mcc="310" mnc="120"/><apn value="west"/></gsm>
+<cdma><username>w</username></cdma></provider>
+<provider><name>Fjord</name><cdma><username>f</username></cdma></provider></country>
+<country code="no"><provider><name>Far</name><cdma><password>x</password></cdma></provider>
+</country></serviceproviders>)");
+    Import("cdma.xml -o imported", VELMOR_DATA_DIR "/phones.source");
+    const std::string source = ReadFile("imported");
+    Findings ignored;
+    const Catalogue catalogue = ReadCatalogue(source, ignored);
+    const auto profile = [](const char* name) {
+        return ReadFile(Concat(VELMOR_DATA_DIR "/profiles/", name, ".profile"));
+    };
+    const std::string west = "\nAT+CIMI: 310120123456789\n", cdma = "AT+GCAP: +CIS707-A, +MS\n";
+    const std::string fjord = "\nAT+COPS?: +COPS: 0,0,\"Fjord\"\n";
+    const std::pair<std::string, const char*> rows[] = {
+        {profile("samsung-sch-a670") + west, "w,,f"},
+        {profile("c-motech-cdu-680") + west, "w,,f"},
+        {profile("kyocera-kpc650"), ""},
+        {profile("haier-cdma-stick") + fjord, "f,"},
+        {"AT+CGMI: Motorola\nAT+CGMM: E815M" + west, "w,,f"},
+        {profile("huawei-ec169") + west + cdma, "w,,f"},
+        {profile("motorola-razr-v3m") + fjord + cdma, "f,"},
+        {"AT+CGMI: Acme\nAT+CGMM: C100" + west + "AT+GCAP: CIS707P, +MS\n", "w,,f"},
+        {"AT+CGMM: C100\nATI: C100\\n+GCAP: +CIS707\n" + cdma, ""},
+        {"AT+CGMI: Sony Ericsson\nAT+CGMM: 1250101-BV" + west, "w,,f"},
+        {profile("lg-vl600") + west, "GSM"},
+        {profile("huawei-ec169") + west + "AT+GCAP: +CGSM, +CIS707\n", "GSM"},
+        {profile("haier-cdma-stick") + west + "AT+GCAP: +CGSM\n", "GSM"},
+        {"AT+CGMI: Acme\nAT+CGMM: C100" + west, "GSM"},
+    };
+    for (const auto& [phone, users] : rows) {
+        SCOPED_TRACE(phone);
+        const Detection found = DetectHere(source, phone);
+        const bool gsm = users == std::string("GSM");
+        std::vector<std::string> tried;
+        for (const Candidate& candidate : Candidates(found, {catalogue}, {})) {
+            tried.push_back(HostText(candidate.setting.DefaultUser));
+            const std::string script = Join(candidate.script, " ");
+            EXPECT_EQ(script.find("CGDCONT") != std::string::npos, gsm) << script;
+            EXPECT_EQ(script.find("#777") == std::string::npos, gsm) << script;
+        }
+        EXPECT_EQ(gsm ? "GSM" : Join(tried, ","), users);
+        EXPECT_EQ(found.networkType, gsm ? "GPRS" : "CDMA");
+        for (const Detection::Setting& setting : found.settings) {
+            EXPECT_TRUE(setting.ready || gsm);
+            EXPECT_EQ(HostText(setting.values.APN), gsm ? "west" : "");
+        }
+        for (const AdvisedLine& line : found.advice) {
+            EXPECT_TRUE(gsm || line.line.find("GPRS") == std::string::npos) << line.line;
+        }
+    }
 }
 
 }  // namespace

@@ -12,6 +12,9 @@ namespace tool {
 // dialled with its rows. It is for hosts: the library does not read it.
 constexpr char kUnknownPhone[] = "UNKNOWN-PHONE";
 
+// The type of networks for CDMA, where phones have no PDP contexts.
+constexpr char kCdmaType[] = "CDMA";
+
 // The column of BasicDUNSettings with the network numbers (MCC and MNC, five or six digits) of the
 // subscribers that a setting serves: ascending, separated by single blanks, empty when not known.
 // It is for hosts: the library does not read it.

@@ -212,9 +212,11 @@ void Connection::Run() {
 bool Connection::Try(const Candidate& candidate, const Detection& found) {
     const std::string name = HostText(candidate.setting.APN);
     const PppKind kind = {ContextTypes(candidate.script), candidate.authentication};
+    const char* const words =
+        name.empty() ? "dials with the empty access point" : "dials with the access point ";
     report_.Tell(
         "dialling",
-        Concat("dials with the ", name.empty() ? "empty access point" : "access point ", name,
+        Concat(found.networkType == kCdmaType ? "dials as in CDMA" : words, name,
                candidate.insteadOfIpv6 ? ", with IPv4 alone" : "",
                candidate.reason.empty() ? "" : " (for this card: " + candidate.reason + ")"),
         {{"access-point", name},

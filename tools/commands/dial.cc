@@ -4,6 +4,7 @@
 // waits for the registration, and tries one dial string after another.
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <optional>
@@ -39,7 +40,11 @@ int Dial(Dialogue& dialogue, const DialScript& script, const DialOptions& option
         AwaitSimCard(dialogue);
         const std::string problem = pin == nullptr ? "" : UnlockSimCard(dialogue, *pin);
         const SimCard card = AskSimCard(dialogue);
-        if (!problem.empty() || card.StopsCalls()) {
+        // Many phones for CDMA have no card.
+        const bool needsCard = std::none_of(
+            script.begin(), script.end(),
+            [](const std::string& any) { return any.find("#777") != std::string::npos; });
+        if (!problem.empty() || (needsCard && card.StopsCalls())) {
             return Fail(kExitCard, problem.empty() ? "SIM card: " + card.words : problem);
         }
         const Registration registration = AwaitRegistration(dialogue, options.registration);

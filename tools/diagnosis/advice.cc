@@ -270,14 +270,22 @@ class Adviser {
                });
     }
 
-    // Adds a dial row for each network type that has none, with the texts that most phones have.
+    // Adds a dial row for each network type that has none, with the texts that most phones have: a
+    // row for CDMA only for a phone for CDMA, and only that.
     void AddDialStrings(const std::string& phoneId) {
         std::set<std::string> types = Texts(kNetworks, kNetworkType);
         types.insert(CommonType());
+        if (found_.cdma) {
+            types = {kCdmaType};
+        } else {
+            types.erase(kCdmaType);
+        }
         const CatalogueTable& table = catalogue_.Table(kBasicDUNForPhone);
         std::map<std::pair<std::string, std::string>, int> uses;
         for (const CatalogueRow& row : table.rows) {
-            ++uses[{table.Cell(row, kDialString), table.Cell(row, kInitializationString)}];
+            if ((table.Cell(row, kNetworkType) == kCdmaType) == found_.cdma) {
+                ++uses[{table.Cell(row, kDialString), table.Cell(row, kInitializationString)}];
+            }
             if (table.Cell(row, kPhoneID) == phoneId) {
                 types.erase(table.Cell(row, kNetworkType));
             }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "diagnosis/cdma.h"
 #include "host/session.h"
 #include "session/schema.h"
 #include "support/error.h"
@@ -155,11 +156,19 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
         setting.ready = Velmor_GetDetectedDUNSettingByIndex(0, i, &setting.values) == 0;
         found.settings.push_back(std::move(setting));
     }
-    if (found.phoneId < 0 && !found.settings.empty()) {
+    found.identification = Identify(dialogue);
+    Identification& said = found.identification;
+    found.networkType = plan.catalogue.Table(kNetworks).LookUp(said.networkId, kNetworkType);
+    said.cdma = IsCdma(found, plan.catalogue);
+    if (said.cdma && found.networkType != kCdmaType) {
+        UseCdma(found, plan.catalogue);
+    }
+    // A phone can have rows for the other kind of network alone.
+    const bool mayLackRow = said.cdma || HasCdmaRow(found, plan.catalogue);
+    if (!found.settings.empty() &&
+        (found.phoneId < 0 || (mayLackRow && !found.settings.front().ready))) {
         UseFallback(found, FallbackPhone(plan));
     }
-    found.identification = Identify(dialogue);
-    const Identification& said = found.identification;
     found.files.facts.imsi = Imsi(dialogue);
     PutOwnFirst(found, plan.catalogue.Table(kBasicDUNSettings));
     // What the exported functions do not tell.
@@ -167,7 +176,6 @@ Detection LastDetection(const std::vector<Exchange>& dialogue, const DetectionPl
         found.manufacturer =
             plan.catalogue.Table(kManufacturers).LookUp(MakerOf(said, plan.catalogue), kName);
     }
-    found.networkType = plan.catalogue.Table(kNetworks).LookUp(said.networkId, kNetworkType);
     found.advice = Advise(said, plan.catalogue);
     return found;
 }
@@ -177,6 +185,13 @@ Detection Detect(Dialogue& dialogue, const DetectionPlan& plan) {
     Velmor_DetectPhoneAndNetwork(0, nullptr, 0, nullptr, 0);
     dialogue.End();
     Detection found = LastDetection(dialogue.exchanges(), plan);
+    if (found.answered && MayBeCdma(found, plan.catalogue) && dialogue.IsOpen()) {
+        const std::string answer = dialogue.Ask(kCapabilityQuestion, kPreparation);
+        found.dialogue.push_back({Concat(kCapabilityQuestion, "\r"), answer});
+        if (IsCdma(found, plan.catalogue) != found.identification.cdma) {
+            found = LastDetection(std::vector<Exchange>(found.dialogue), plan);
+        }
+    }
     found.pinProblem = pinProblem;
     const auto isForSome = [](const Detection::Setting& setting) { return !setting.cards.empty(); };
     if (pinProblem.empty() && dialogue.IsOpen() &&

@@ -34,6 +34,7 @@ struct Identification {
     std::string phoneId;
     std::string networkId;
 
+    bool cdma = false;         // whether the phone speaks CDMA and no GSM
     std::string operatorName;  // may be empty
     std::string accessPoint;   // that the network granted; empty: the phone did not tell
     std::string digits;        // up to six of the IMSI, else of an operator told as a number

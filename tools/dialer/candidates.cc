@@ -38,14 +38,15 @@ std::string Expanded(const std::string& text, const Values& values) {
 }
 
 // Adds the attempts with a phone's rows, except those that are there. An empty type of network
-// stands for every type.
+// stands for every type but CDMA.
 void AddAttempts(std::vector<DialScript>& attempts, const Catalogue& catalogue, long phone,
                  const std::string& type, const Values& values) {
     for (const char* name : {kBasicDUNForPhone, kFurtherDialRows}) {
         const CatalogueTable& table = catalogue.Table(name);
         for (const CatalogueRow& row : table.rows) {
+            const std::string ofRow = table.Cell(row, kNetworkType);
             if (table.Cell(row, kPhoneID) != std::to_string(phone) ||
-                (!type.empty() && table.Cell(row, kNetworkType) != type)) {
+                (type.empty() ? ofRow == kCdmaType : ofRow != type)) {
                 continue;
             }
             DialScript attempt;
@@ -123,7 +124,9 @@ std::vector<Candidate> Candidates(const Detection& found, const DetectionPlan& p
             candidates.insert(candidates.begin(), OwnCandidate(found, plan, own));
         }
     }
-    if (std::none_of(candidates.begin(), candidates.end(),
+    // In CDMA every setting has the empty access point; a repeat goes below.
+    if (found.networkType == kCdmaType ||
+        std::none_of(candidates.begin(), candidates.end(),
                      [](const Candidate& candidate) { return HasAccessPoint(candidate, ""); })) {
         candidates.push_back(OwnCandidate(found, plan, {}));
     }

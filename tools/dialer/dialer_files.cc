@@ -118,12 +118,14 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const PppKin
         }
         text += value.empty() ? "" : key + ("=" + KeyfileValue(OneLine(key, value))) + "\n";
     };
-    text += "[connection]\nid=velmor\ntype=gsm\nautoconnect=false\n";
+    const bool cdma = HostText(setting.DialString).find("#777") != std::string::npos;
+    const std::string type = cdma ? "cdma" : "gsm";
+    text += "[connection]\nid=velmor\ntype=" + type + "\nautoconnect=false\n";
     const std::filesystem::path device = std::filesystem::weakly_canonical(link.device);
     if (device.parent_path() == "/dev") {
         set("interface-name", device.filename());
     }
-    text += "\n[gsm]\n";
+    text += "\n[" + type + "]\n";
     const std::string apn = HostText(setting.APN);
     if (apn.size() > 64 || apn.find_first_not_of(kLettersOfApn) != std::string::npos) {
         throw ToolError(
@@ -132,7 +134,7 @@ std::string NetworkManagerKeyfile(const Velmor_DUNSetting& setting, const PppKin
     set("apn", apn);
     set("username", HostText(setting.DefaultUser));
     set("password", HostText(setting.DefaultPassword));
-    set("pin", pin);
+    set("pin", cdma ? "" : pin);
     text += kind.RefusedMethods().empty() ? "" : "\n[ppp]\n";
     for (const std::string& method : kind.RefusedMethods()) {
         text += "refuse-" + (method == "mschap-v2" ? "mschapv2" : method) + "=true\n";

@@ -89,6 +89,12 @@ class ProvidersReader {
             ++report_[ReportLine::kOperators];
             report_[ReportLine::kAccessPoints] += result.accessPoints.size();
         }
+        for (const pugi::xml_node& cdma : node.children("cdma")) {
+            AccessPoint point = ReadAccessPoint(cdma, country, result.name);
+            if (!point.user.empty() || !point.password.empty()) {
+                providers_.cdma.push_back({std::move(point), result.numbers});
+            }
+        }
         providers_.operators.push_back(std::move(result));
     }
 

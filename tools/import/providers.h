@@ -87,6 +87,12 @@ struct Operator {
     std::string Country() const { return accessPoints.empty() ? "" : accessPoints[0].country; }
 };
 
+// A user and a password for CDMA, which knows no access points.
+struct CdmaAccess {
+    AccessPoint point;
+    std::set<std::string> numbers;  // of the operator, in its GSM network
+};
+
 // A name in Android's list of the operator with a number.
 struct ListedName {
     std::string name;
@@ -110,6 +116,7 @@ struct ListedRow {
 struct Providers {
     std::vector<Country> countries;
     std::vector<Operator> operators;
+    std::vector<CdmaAccess> cdma;
     std::vector<ListedName> listedNames;
     std::vector<std::set<ListedRow>> lists;  // of each list
     std::vector<std::string> ownColumns;     // of own rows; the lists may lack some

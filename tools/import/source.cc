@@ -14,11 +14,9 @@ namespace schema = vel::schema;
 
 namespace {
 
-// The network type of all imported networks. A phone without a dial-up row for this type gets the
-// strings of 3GPP TS 27.007.
+// The network type of all imported networks but that for CDMA. A phone without a dial-up row for
+// this type, and without one for CDMA, gets the strings of 3GPP TS 27.007.
 constexpr char kImportedType[] = "GPRS";
-// A phone with a row for this type is on no network of the imported type, unless a row says so.
-constexpr char kCdmaType[] = "CDMA";
 constexpr char kDefaultDialString[] = "ATD*99***1#";
 constexpr char kDefaultInitialization[] = R"(AT+CGDCONT=1,"%VAR1%","%APN%")";
 constexpr char kContext[] = "1";     // the PDP context, for %NUM%
@@ -123,6 +121,12 @@ class CatalogueMaker {
             result_.Table(schema::kCountries).rows.size() - served.size();
     }
 
+    // Whether a phone has a row for CDMA.
+    bool DialsCdma() const {
+        const CatalogueTable& rows = phones_.Tables().Table(schema::kBasicDUNForPhone);
+        return rows.Texts(rows.Column(schema::kNetworkType)).count(kCdmaType) > 0;
+    }
+
     Catalogue Take() { return std::move(result_); }
 
   private:
@@ -166,6 +170,27 @@ class CatalogueMaker {
     Catalogue result_;
 };
 
+// For an operator that is not known: some take no user. Check wants a country for every setting.
+CdmaAccess GenericCdma(const Providers& providers) {
+    CdmaAccess generic;
+    generic.point.displayName = kCdmaType;
+    if (!providers.cdma.empty()) {
+        generic.point.country = providers.cdma.front().point.country;
+    } else if (!providers.countries.empty()) {
+        generic.point.country = providers.countries.front().code;
+    }
+    return generic;
+}
+
+// The network for CDMA has no key: names and numbers belong to the operators' GSM networks, too.
+Network CdmaNetwork(const CdmaAccess& generic, const Providers& providers) {
+    Network network = {kCdmaType, kCdmaType, {{&generic.point, {}, {}}}};
+    for (const CdmaAccess& access : providers.cdma) {
+        network.offers.push_back({&access.point, access.numbers, {}});
+    }
+    return network;
+}
+
 }  // namespace
 
 Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers,
@@ -181,7 +206,13 @@ Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers
                               schema::kPhones, schema::kPhoneIdentification}) {
         maker.Add(phones.Get(table));
     }
-    maker.AddNetworks(networks.networks);
+    std::vector<Network> all = networks.networks;
+    const CdmaAccess generic = GenericCdma(providers);
+    if (maker.DialsCdma()) {
+        all.push_back(CdmaNetwork(generic, providers));
+        report[ReportLine::kCdmaSettings] += all.back().offers.size();
+    }
+    maker.AddNetworks(all);
     maker.AddKeys(networks.keys);
     maker.AddPhoneRows();
     for (const char* table : {kModelPatterns, kFurtherDialRows}) {
@@ -189,7 +220,7 @@ Catalogue MakeCatalogue(const InputCatalogue& phones, const Providers& providers
             maker.Add(*further);
         }
     }
-    maker.AddSettings(networks.networks, providers.ownColumns);
+    maker.AddSettings(all, providers.ownColumns);
     return maker.Take();
 }
 
