@@ -43,7 +43,8 @@ std::size_t SimulatedPhone::Receive(const std::string& bytes, double now) {
         return bytes.size();
     }
     const std::size_t accepted = std::min(bytes.size(), profile_.accepts.value_or(bytes.size()));
-    for (std::size_t i = 0; i < accepted; ++i) {
+    // Behind a dial command that starts a call there are no more commands.
+    for (std::size_t i = 0; i < accepted && !network_.IsInCall(); ++i) {
         if (bytes[i] == '\r') {
             Execute(line_, now);
             line_.clear();
