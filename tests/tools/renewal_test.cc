@@ -265,8 +265,8 @@ TEST(Renewal, TellsWhatDiffTellsAndUsesNoIdentifierAgain) {
         WriteFile("old.stored", EncodeSource("old.source"));
         const std::string previous = round % 3 == 0 ? "old.source" : "old.stored";
         const std::string own = WriteOwn(world.own);
-        const std::string report =
-            ImportOperators(world.operators, "new.source --previous " + previous + own, world.rows);
+        const std::string report = ImportOperators(
+            world.operators, Concat("new.source --previous ", previous, own), world.rows);
         Reading old("old.source"), fresh("new.source");
         const Content content(fresh.catalogue);
         const Difference difference = Compare(Content(old.catalogue), content);
